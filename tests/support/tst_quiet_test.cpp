@@ -36,6 +36,7 @@ class Sample : public QuietTest {
 private slots:
     void plain() { QCOMPARE(messages(), QStringList()); }
     void warns() { qWarning("something is wrong"); }
+    void platformWarns() { qWarning("This plugin does not support raise()"); }
     void isCritical() { qCritical("something is very wrong"); }
     void warnsInAThread()
     {
@@ -127,6 +128,7 @@ private slots:
         };
         row("plain", 0, "PASS   : Sample::plain()");
         row("warns", 1, "unannounced warning: something is wrong");
+        row("platformWarns", 0, "PASS   : Sample::platformWarns()");
         row("isCritical", 1, "unannounced warning: something is very wrong");
         row("warnsInAThread", 1, "unannounced warning: wrong elsewhere");
         row("warnsInADeferredDeletion", 1, "unannounced warning: wrong at the end");
