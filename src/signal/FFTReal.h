@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "signal/FFTTables.h"
+
+/// @param x positive; any other value stops the program
+/// @return whether x is a power of two
+inline bool FFTReal_is_pow2(qint64 x)
+{
+    QUORIN_CHECK(x > 0, "x > 0");
+    return (x & (x - 1)) == 0;
+}
+
+/// Discrete Fourier transform of a block of N real samples, N a power of two.
+///
+/// Decimation in time: the samples are taken in bit-reversed order and the spectra of short blocks
+/// are combined, two at a time, into those of blocks twice as long; the passes alternate between
+/// the output and a work buffer of the object. An object may transform any number of blocks, one at
+/// a time, as the buffer is its own. Every misuse stops the program with file, line and text.
+template <class T> class FFTReal {
+public:
+    static constexpr int MAX_BIT_DEPTH = 30; ///< N is at most 2^30
+    static constexpr int TRIGO_BD_LIMIT = 12; ///< later passes take their twiddles from oscillators
+
+    /// Builds the tables of a transform.
+    /// @param length N, a power of two from 1 to 2^MAX_BIT_DEPTH
+    explicit FFTReal(qint64 length);
+    virtual ~FFTReal() = default;
+    FFTReal(const FFTReal&) = delete;
+    FFTReal& operator=(const FFTReal&) = delete;
+
+    qint64 get_length() const { return _length; }
+
+    /// The work buffer, N elements; neither the input nor the output of do_fft may be it.
+    T* use_buffer() const { return _buffer.data(); }
+
+    /// Unscaled forward transform X[k] = sum of x[n] exp(-2 pi i k n / N). Allocates nothing.
+    /// @param f N results: f[k] = Re X[k] for k = 0 ... N/2 and f[N/2 + k] = -Im X[k] for
+    ///          k = 1 ... N/2 - 1. No real part is -0 when all samples are zeros of either sign
+    /// @param x N samples, left as they are; distinct from f
+    void do_fft(T* f, const T* x) const;
+
+private:
+    friend struct FFTRealProbe;
+
+    void buildBitReversal();
+    void buildCosines();
+    void buildOscillators();
+    const T* levelCosines(int level) const;
+
+    void transformShort(T* f, const T* x) const;
+    void passes0And1(T* df, const T* x) const;
+    void pass2(T* df, const T* sf) const;
+    void passWithTable(T* df, const T* sf, int pass) const;
+    void passWithOscillator(T* df, const T* sf, int pass) const;
+
+    qint64 _length = 0;
+    int _nbr_bits = 0;
+    FFTArray<qint64> _bitReversal;
+    FFTArray<T> _cosines;
+    FFTArray<T> _buffer;
+    FFTArray<FFTOscillator<T>> _oscillators;
+};
+
+#include "signal/FFTReal_p.h"
