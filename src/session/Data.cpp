@@ -2,18 +2,11 @@
 #include "session/Data.h"
 
 #include "session/Counts.h"
-
-#include <QStandardPaths>
+#include "session/OutputFileName.h"
 
 namespace {
 
 constexpr double radiansPerDegree = 0.017453292519943295;
-
-QString desktopFolder()
-{
-    const QString desktop = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
-    return QString("%1").arg(desktop, 0, QLatin1Char(' '));
-}
 
 QVector<double> inRadians(const QVector<double>& degrees)
 {

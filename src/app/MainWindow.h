@@ -1,0 +1,360 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// Where the operations of MainWindow are defined:
+//   app/MainWindow.cpp                construction, destruction, the small slots
+//   app/MainWindowLayout.cpp          grids, sizes, texts and geometry of the window
+//   app/TrialRunLoop.cpp              Go, the four sounds of a trial, the answer, the end of a run
+//   session/ParameterPanel.cpp        the panel's controls to and from the session record
+//   session/OutputFileNaming.cpp      the name of the results file
+//   signal/StimulusBuilder.cpp        the two sounds and the refresh of their charts
+//   signal/SpectrumAnalysis.cpp       their spectra and the refresh of their charts
+//   procedure/AdaptiveStaircase.cpp   trend, reversals and steps of the deviant
+//   procedure/ThresholdAndResults.cpp threshold and mean reaction times
+//   procedure/ResultsFile.cpp         the results file and its save dialog
+//   charts/WaveformChart.cpp          the two waveform charts
+//   charts/SpectrumChart.cpp          the two spectrum charts
+//   charts/TrendChart.cpp             the trend chart
+// The rules and the arithmetic under them are pure functions in the files beside these.
+
+#include "session/Data.h"
+
+#include <QAudio>
+#include <QAudioFormat>
+#include <QFont>
+#include <QMainWindow>
+#include <QPointF>
+#include <QVector>
+#include <QtCharts/QChartGlobal>
+
+class QAudioOutput;
+class QBuffer;
+class QCheckBox;
+class QComboBox;
+class QElapsedTimer;
+class QGridLayout;
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTimer;
+class SubjectWindow;
+struct ChartMembers;
+
+QT_CHARTS_BEGIN_NAMESPACE
+class QChart;
+class QChartView;
+class QLineSeries;
+class QValueAxis;
+QT_CHARTS_END_NAMESPACE
+
+/// The experimenter's window: the parameter panel, the charts and the controller of the experiment.
+/// It owns the session record and everything that a run needs. All of it runs on the user-interface
+/// thread.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// Builds the window with the default stimuli, their spectra and an empty trend.
+    explicit MainWindow(QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+signals:
+    /// 1 to 4: the sound of that interval starts; -1: the answer may be given.
+    void soundPlaying(int state);
+    /// Declared for the table of methods; never emitted.
+    void stateChanged(QAudio::State state);
+    /// The results of a finished run: threshold as a fraction, mean reaction time in ms, the main
+    /// parameter and the standard's carrier frequency in Hz.
+    void doneDataCollection(
+        qreal threshold, qreal reactionTime, qint32 mainParameter, qreal carrierFrequency);
+
+public slots:
+    /// Reads the panel, makes and shows the stimuli, clears the trend and enables Go.
+    void on_pushButtonView_clicked();
+    /// Reads the panel and opens a new subject window for a run.
+    void on_pushButtonGo_clicked();
+    /// The listener's message: 0 starts the run, 1 to 4 answer the trial; anything else warns.
+    void updateMainwindow(int response);
+    /// A tick of the pacing timer: starts the next sound of the trial.
+    void playOneSound();
+    void doNothing();
+    /// The end of a sound, or its failure.
+    void handleStateChanged(QAudio::State state);
+    void on_comboBoxSesType_currentIndexChanged(int index);
+    void on_comboBoxSoundType_currentIndexChanged(int index);
+    void on_comboBoxMainParameter_currentIndexChanged(int index);
+    void on_lineEditSubCode_textChanged(const QString& text);
+    void on_lineEditSesNum_textChanged(const QString& text);
+    /// After a run, finished or abandoned: View is possible, Go is not.
+    void refreshMainWindow();
+
+public:
+    // app/MainWindow.cpp
+    void disableAllComponents();
+
+    // app/MainWindowLayout.cpp
+    void setupGUIMainWindow();
+    /// The window's geometry on the primary screen; see windowRectangle.
+    void centerAndResizeMainWindow(bool center, double widthPart, double heightPart);
+
+    // app/TrialRunLoop.cpp
+    /// Starts one trial: draws the deviant's position and starts the pacing timer.
+    void playWav();
+    /// Draws the deviant's position, 2 or 3, and fills the trial's sequence.
+    void genRandomSequence();
+    /// Ends the run: results, the listener's result text, the results file.
+    void finishIt();
+    /// updateTrend, then updateReversal.
+    void updateAll();
+
+    // session/ParameterPanel.cpp
+    /// Fills the controls from the record, once, and makes the timers, fonts and audio format.
+    void initParameters();
+    /// Reads every control into the record. Numbers that do not parse become 0.
+    void getParameters();
+
+    // session/OutputFileNaming.cpp
+    /// Composes the name of the results file and shows it.
+    void updateFileName();
+
+    // signal/StimulusBuilder.cpp
+    /// Synthesises the sounds: the deviant on every call, the standard only before the first trial
+    /// of a run; a whole run reuses that one standard, rescaled to the level of each new deviant.
+    void genWav();
+    /// Refreshes the waveform charts in place after genWav.
+    void updateWav();
+
+    // signal/SpectrumAnalysis.cpp
+    /// Amplitude and phase spectra of both sounds.
+    void genFFT();
+    /// Refreshes the spectrum charts in place after genFFT.
+    void updateFFT();
+
+    // procedure/AdaptiveStaircase.cpp
+    /// Adds the trial just answered to the trend. Does nothing without its record.
+    void updateTrend();
+    /// Judges the trial just answered, then ends the run or plays the next trial. Does nothing
+    /// without its record.
+    void updateReversal();
+    /// Moves the deviant by one step and shows it in the panel.
+    void updateMD();
+    /// Puts the deviant to the starting values of the main parameter and shows it in the panel.
+    void resetMdFdCf();
+    /// Clears trend, reversals and records for a new run.
+    void resetTrend();
+
+    // procedure/ThresholdAndResults.cpp
+    void computeResults();
+
+    // procedure/ResultsFile.cpp
+    /// Asks where to save and writes the run's trials there; a file that cannot be written is met
+    /// with a warning box.
+    void writeDataToTxt();
+
+    // charts/WaveformChart.cpp
+    /// How many samples of each sound the charts show.
+    void updateNPointsToPlot();
+    void displayWav();
+
+    // charts/SpectrumChart.cpp
+    void displayFFT();
+
+    // charts/TrendChart.cpp
+    void displayTrend();
+
+protected:
+    /// Ignores the title bar's close while a run has the window disabled.
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    friend struct MainWindowProbe;
+
+    /// A sound with what it is played from; all null between sounds.
+    struct Sound {
+        QByteArray* bytes;
+        QBuffer* buffer;
+        QAudioOutput* output;
+    };
+
+    // app/MainWindow.cpp
+    void makeConnections();
+    void deleteCharts();
+    void deleteWidgets();
+
+    // app/MainWindowLayout.cpp
+    void fillParameterGrid();
+
+    // app/TrialRunLoop.cpp
+    void setPlaybackRate();
+    void checkPlaybackFormat() const;
+    Sound takeCurrentSound();
+    void putCurrentSoundAside();
+    void handleSoundAside(QAudioOutput* output, QAudio::State state);
+    void release(const Sound& sound);
+    static void silence(const Sound& sound);
+    void silenceAllSounds();
+    void startReactionTimer();
+
+    // session/ParameterPanel.cpp
+    void fillComboBoxes();
+    void fillLineEdits();
+    void deriveSizes();
+    void makeTrialLoop();
+    void readDeviant();
+    void showDeviantDepth();
+    void showDeviantDifference();
+    void showDeviantCarrier();
+
+    // signal/StimulusBuilder.cpp
+    void refreshWavePoints(
+        QVector<QPointF>& points, const QVector<double>& sound, int nPointsToPlot);
+
+    // signal/SpectrumAnalysis.cpp
+    void analyse(int stimulus, const QVector<double>& sound, QVector<double>& amplitude,
+        QVector<double>& phase);
+
+    // procedure/AdaptiveStaircase.cpp
+    void widenTrend();
+
+    // charts/
+    void showWaveChart(const ChartMembers& members, const QString& title, int stimulus,
+        const QVector<double>& range);
+    void showSpectrumChart(const ChartMembers& members, const QString& title, int stimulus,
+        const QVector<double>& range);
+    void makeTrendSeries();
+    void makeTrendAxisX();
+    void makeOrNameTrendAxisY();
+
+    // --- Widgets of the parameter panel
+    // -----------------------------------------------------------
+    QLabel* labelSesType;
+    QLabel* labelSoundType;
+    QLabel* labelMainParameter;
+    QLabel* labelStandard;
+    QLabel* labelDeviant;
+    QLabel* labelCarrierFreq;
+    QLabel* labelModFreq;
+    QLabel* labelModDepth;
+    QLabel* labelFreqDiff;
+    QLabel* labelDuration;
+    QLabel* labelNReversals;
+    QLabel* labelNReversalsToCalc;
+    QLabel* labelSilentInterval;
+    QLabel* labelSamplingRate;
+    QLabel* labelSubCode;
+    QLabel* labelSesNum;
+    QLabel* labelFilePath;
+    QLabel* labelFileName;
+    QComboBox* comboBoxSesType;
+    QComboBox* comboBoxSoundType;
+    QComboBox* comboBoxMainParameter;
+    QLineEdit* lineEditStdCarrierFreq;
+    QLineEdit* lineEditStdModFreq;
+    QLineEdit* lineEditStdModDepth;
+    QLineEdit* lineEditStdFreqDiff;
+    QLineEdit* lineEditStdDuration;
+    QLineEdit* lineEditDevCarrierFreq;
+    QLineEdit* lineEditDevModFreq;
+    QLineEdit* lineEditDevModDepth;
+    QLineEdit* lineEditDevFreqDiff;
+    QLineEdit* lineEditDevDuration;
+    QLineEdit* lineEditNReversals;
+    QLineEdit* lineEditNReversalsToCalc;
+    QLineEdit* lineEditSilentInterval;
+    QLineEdit* lineEditSamplingRate;
+    QLineEdit* lineEditSubCode;
+    QLineEdit* lineEditSesNum;
+    QString filePath;
+    QLineEdit* lineEditFilePath;
+    QLineEdit* lineEditFileName;
+    QPushButton* pushButtonView;
+    QPushButton* pushButtonGo;
+    QPushButton* pushButtonQuit;
+    QCheckBox* checkBoxSaveData;
+    QCheckBox* checkBoxResetMdFd;
+    QHBoxLayout* hBoxLayoutButtons;
+    QHBoxLayout* hBoxLayoutFilePath;
+    QHBoxLayout* hBoxLayoutFileName;
+    QGridLayout* gridLayoutParameters;
+    QGridLayout* gridLayoutCharts;
+    QGridLayout* gridLayoutMain;
+    QWidget* centralWidget;
+
+    // --- Session, sounds, trend and spectra
+    // -------------------------------------------------------
+    Data data;
+    QVector<double> timeAxis; ///< of the plotted samples, ms
+    QVector<double> standardSound; ///< full scale is +-1
+    QVector<double> deviantSound;
+    QVector<double> trendX; ///< zero-based trial indices
+    QVector<double> trendY; ///< the deviant's value, % or Hz
+    double trendYMin; ///< limits of the trend's vertical axis
+    double trendYMax;
+    QVector<QPointF> standardPoints; ///< (ms, amplitude)
+    QVector<QPointF> deviantPoints;
+    QVector<QPointF> standardSpectrumPoints; ///< (Hz, amplitude)
+    QVector<QPointF> deviantSpectrumPoints;
+    QVector<double> standardRange; ///< smallest and largest sample
+    QVector<double> deviantRange;
+    QVector<qint64> fftLength; ///< transform length of each sound, a power of two
+    QVector<double> fftDuration; ///< transform length of each sound, s
+    QVector<double> frequencyResolution; ///< bin spacing of each spectrum, Hz
+    QVector<double> frequencyAxis; ///< Hz; the deviant's where the two differ
+    QVector<double> standardAmplitude; ///< linear, one a bin
+    QVector<double> deviantAmplitude;
+    QVector<double> standardPhase; ///< radians, -pi to pi, one a bin
+    QVector<double> deviantPhase;
+    QVector<double> standardAmplitudeRange; ///< smallest and largest amplitude
+    QVector<double> deviantAmplitudeRange;
+    int windowSelector; ///< 0: no window before the transform; 1: Hann
+
+    // --- Charts, made on first display
+    // ------------------------------------------------------------
+    QtCharts::QLineSeries* standardWaveSeries;
+    QtCharts::QValueAxis* standardWaveAxisX;
+    QtCharts::QValueAxis* standardWaveAxisY;
+    QtCharts::QChart* standardWaveChart;
+    QtCharts::QChartView* standardWaveView;
+    QtCharts::QLineSeries* deviantWaveSeries;
+    QtCharts::QValueAxis* deviantWaveAxisX;
+    QtCharts::QValueAxis* deviantWaveAxisY;
+    QtCharts::QChart* deviantWaveChart;
+    QtCharts::QChartView* deviantWaveView;
+    QtCharts::QLineSeries* standardSpectrumSeries;
+    QtCharts::QValueAxis* standardSpectrumAxisX;
+    QtCharts::QValueAxis* standardSpectrumAxisY;
+    QtCharts::QChart* standardSpectrumChart;
+    QtCharts::QChartView* standardSpectrumView;
+    QtCharts::QLineSeries* deviantSpectrumSeries;
+    QtCharts::QValueAxis* deviantSpectrumAxisX;
+    QtCharts::QValueAxis* deviantSpectrumAxisY;
+    QtCharts::QChart* deviantSpectrumChart;
+    QtCharts::QChartView* deviantSpectrumView;
+    QtCharts::QLineSeries* trendSeries;
+    QtCharts::QValueAxis* trendAxisX;
+    QtCharts::QValueAxis* trendAxisY;
+    QtCharts::QChart* trendChart;
+    QtCharts::QChartView* trendView;
+
+    // --- Trial loop
+    // -------------------------------------------------------------------------------
+    SubjectWindow* subjectWindow; ///< of the latest run; earlier ones live on, hidden
+    QTimer* timerPlay; ///< paces the sounds
+    QElapsedTimer* timerReaction; ///< runs from the reported end of the fourth sound
+    int nReactionTimerStarts;
+    int nSoundsPerTrial;
+    int soundIndex; ///< sounds started in the current trial
+    QVector<bool> stimSequence; ///< which intervals hold the deviant
+    QFont fontAxisLabels;
+    QFont fontAxisTitle;
+    QFont fontChartTitle;
+    QByteArray* audioBytes; ///< the sound now playing, with the buffer and output below; else null
+    QBuffer* audioBuffer;
+    QAudioFormat audioFormat;
+    QAudioOutput* audioOutput;
+    QVector<Sound> soundsAside; ///< that still played when the next one started
+    bool centerWindow;
+    double widthFraction;
+    double heightFraction;
+};

@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MainWindow.h"
+#include "app/PcmEncoding.h"
+#include "app/TrialSequence.h"
+#include "procedure/StaircaseRule.h"
+#include "session/Counts.h"
+#include "signal/SignalToolkit.h"
+#include "subject/SubjectWindow.h"
+
+#include <QAudioDeviceInfo>
+#include <QAudioOutput>
+#include <QBuffer>
+#include <QDebug>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace {
+
+void warnOfError(const QAudioOutput* output)
+{
+    if (output != nullptr && output->error() != QAudio::NoError) {
+        qWarning("Audio stopped unexpectedly");
+    }
+}
+
+} // namespace
+
+void MainWindow::on_pushButtonGo_clicked()
+{
+    pushButtonGo->setEnabled(false);
+    pushButtonView->setEnabled(true);
+    setEnabled(false);
+    getParameters();
+    // A trial that was abandoned by closing its window must not run into this one.
+    timerPlay->stop();
+    soundIndex = 0;
+    setPlaybackRate();
+
+    subjectWindow = new SubjectWindow(this);
+    connect(subjectWindow, SIGNAL(subjectResponded(int)), this, SLOT(updateMainwindow(int)));
+    connect(subjectWindow, SIGNAL(subjectWindowClosed()), this, SLOT(refreshMainWindow()));
+    connect(this, SIGNAL(soundPlaying(int)), subjectWindow, SLOT(updateSubjectWindow(int)));
+    connect(this, SIGNAL(doneDataCollection(qreal, qreal, qint32, qreal)), subjectWindow,
+        SLOT(finishExperiment(qreal, qreal, qint32, qreal)));
+    subjectWindow->setEnabled(true); // whatever a disabled parent may have made of it
+    subjectWindow->show();
+}
+
+// Sounds are played at the session's rate, so that a 1000 Hz tone is one; all else of the format is
+// set once.
+void MainWindow::setPlaybackRate()
+{
+    const int rate = truncatedCount(data.fs);
+    if (data.fs >= 1.0 && rate != audioFormat.sampleRate()) {
+        audioFormat.setSampleRate(rate);
+        checkPlaybackFormat();
+    }
+}
+
+void MainWindow::checkPlaybackFormat() const
+{
+    if (!QAudioDeviceInfo::defaultOutputDevice().isFormatSupported(audioFormat)) {
+        qWarning("Raw audio format not supported by backend, cannot play audio.");
+    }
+}
+
+void MainWindow::updateMainwindow(int response)
+{
+    const qint64 elapsed = timerReaction->isValid() ? timerReaction->elapsed() : 0;
+    soundIndex = 0;
+    if (response == 0) {
+        qDebug() << "Test just started";
+        playWav();
+        return;
+    }
+    if (response < 1 || response > nSoundsPerTrial) {
+        QMessageBox::warning(nullptr, "Warning", "Invalid response", QMessageBox::Ok);
+        return;
+    }
+    qDebug() << "response: " << response;
+    Record record;
+    record.value = adaptedValue(data);
+    record.stimulusPosition = data.deviantPosition;
+    record.responsePosition = response;
+    record.correctness = response == data.deviantPosition;
+    record.reactionTime = static_cast<double>(elapsed);
+    data.records.append(record);
+    updateTrend();
+    updateReversal();
+}
+
+void MainWindow::playWav()
+{
+    genRandomSequence();
+    if (!enoughReversals(data)) {
+        timerPlay->start(trialPeriodMs(data.silentInterval, data.dur));
+    }
+    ++data.nTrials;
+}
+
+void MainWindow::genRandomSequence()
+{
+    data.deviantPosition = randomInteger(2, 3);
+    qDebug() << "stimPosition: " << data.deviantPosition;
+    stimSequence = trialSequence(nSoundsPerTrial, data.deviantPosition);
+}
+
+// A tick after the fourth sound plays nothing, but counts on: the end of the trial is then never
+// seen, and the timer goes on.
+void MainWindow::playOneSound()
+{
+    putCurrentSoundAside();
+    if (soundIndex < nSoundsPerTrial) {
+        const bool isDeviant = stimSequence[soundIndex];
+        audioBytes = new QByteArray(isDeviant ? encodedPcm(deviantSound, data.nSamples[deviant])
+                                              : encodedPcm(standardSound, data.nSamples[standard]));
+    } else {
+        audioBytes = new QByteArray;
+    }
+    audioBuffer = new QBuffer(audioBytes);
+    audioBuffer->open(QIODevice::ReadOnly);
+    audioOutput = new QAudioOutput(audioFormat, this);
+    connect(audioOutput, SIGNAL(stateChanged(QAudio::State)), this,
+        SLOT(handleStateChanged(QAudio::State)));
+    audioOutput->start(audioBuffer);
+
+    ++soundIndex;
+    if (soundIndex == nSoundsPerTrial && timerPlay->isActive()) {
+        timerPlay->setInterval(endReportTimeoutMs(trialPeriodMs(data.silentInterval, data.dur)));
+    }
+    emit soundPlaying(soundIndex);
+}
+
+void MainWindow::handleStateChanged(QAudio::State state)
+{
+    auto* const output = qobject_cast<QAudioOutput*>(sender());
+    if (output != nullptr && output != audioOutput) {
+        handleSoundAside(output, state);
+        return;
+    }
+    if (state == QAudio::StoppedState) {
+        warnOfError(audioOutput);
+    } else if (state == QAudio::IdleState) {
+        const bool wasLastSound = soundIndex == nSoundsPerTrial;
+        release(takeCurrentSound());
+        if (wasLastSound) {
+            timerPlay->stop();
+            startReactionTimer();
+            emit soundPlaying(-1);
+        }
+    }
+}
+
+void MainWindow::startReactionTimer()
+{
+    if (nReactionTimerStarts == 0) {
+        timerReaction->start();
+    } else {
+        timerReaction->restart();
+    }
+    ++nReactionTimerStarts;
+}
+
+MainWindow::Sound MainWindow::takeCurrentSound()
+{
+    const Sound sound = {audioBytes, audioBuffer, audioOutput};
+    audioBytes = nullptr;
+    audioBuffer = nullptr;
+    audioOutput = nullptr;
+    return sound;
+}
+
+// A sound that has not ended yet when the next one starts plays on by itself and is released at its
+// own end. One that has stopped, or has nothing to play, would never report an end.
+void MainWindow::putCurrentSoundAside()
+{
+    constexpr int mostSoundsAside = 8; // should reports stay away, streams must not pile up
+    const Sound sound = takeCurrentSound();
+    const bool plays = sound.output != nullptr && sound.output->state() != QAudio::StoppedState
+        && !sound.bytes->isEmpty();
+    if (!plays) {
+        release(sound);
+        return;
+    }
+    if (soundsAside.size() >= mostSoundsAside) {
+        release(soundsAside.takeFirst());
+    }
+    soundsAside.append(sound);
+}
+
+void MainWindow::handleSoundAside(QAudioOutput* output, QAudio::State state)
+{
+    const auto found = std::find_if(soundsAside.begin(), soundsAside.end(),
+        [output](const Sound& sound) { return sound.output == output; });
+    const bool hasEnded = state == QAudio::IdleState || state == QAudio::StoppedState;
+    if (found == soundsAside.end() || !hasEnded) {
+        return;
+    }
+    const Sound sound = *found;
+    soundsAside.erase(found);
+    if (state == QAudio::StoppedState) {
+        warnOfError(output);
+    }
+    release(sound);
+}
+
+// The output may be the one whose signal is being handled, so it goes later; without a parent,
+// since a child that waits for its deletion would be deleted again with its parent.
+void MainWindow::release(const Sound& sound)
+{
+    silence(sound);
+    if (sound.output != nullptr) {
+        sound.output->disconnect(this);
+        sound.output->setParent(nullptr);
+        sound.output->deleteLater();
+    }
+}
+
+void MainWindow::silence(const Sound& sound)
+{
+    if (sound.output != nullptr) {
+        sound.output->stop();
+    }
+    if (sound.buffer != nullptr) {
+        sound.buffer->close();
+    }
+    delete sound.bytes;
+    delete sound.buffer;
+}
+
+void MainWindow::silenceAllSounds()
+{
+    silence(takeCurrentSound());
+    while (!soundsAside.isEmpty()) {
+        silence(soundsAside.takeLast());
+    }
+}
+
+void MainWindow::finishIt()
+{
+    computeResults();
+    emit doneDataCollection(
+        data.threshold, data.meanReactionTime, data.mainParameter, data.cf[standard]);
+    if (data.saveData) {
+        writeDataToTxt();
+    }
+}
+
+void MainWindow::updateAll()
+{
+    updateTrend();
+    updateReversal();
+}

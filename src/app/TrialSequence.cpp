@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/TrialSequence.h"
+
+#include "session/Counts.h"
+#include "session/Data.h"
+
+#include <algorithm>
+#include <limits>
+
+QVector<bool> trialSequence(int nSounds, int deviantPosition)
+{
+    QVector<bool> sequence(nSounds, false);
+    sequence[deviantPosition - 1] = true;
+    return sequence;
+}
+
+int trialPeriodMs(double silentInterval, const QVector<double>& durations)
+{
+    constexpr double msPerSecond = 1000.0;
+    const double longer = std::max(durations[standard], durations[deviant]);
+    return std::max(truncatedCount(silentInterval * msPerSecond + longer * msPerSecond), 1);
+}
+
+int endReportTimeoutMs(int periodMs)
+{
+    constexpr int patienceMs = 5000;
+    return std::min(periodMs, std::numeric_limits<int>::max() - patienceMs) + patienceMs;
+}

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "charts/ChartParts.h"
+
+#include <QGridLayout>
+#include <QtCharts/QChart>
+#include <QtCharts/QChartView>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QValueAxis>
+
+#include <algorithm>
+
+QT_CHARTS_USE_NAMESPACE
+
+namespace {
+
+QChart* makeChart(const ChartMembers& members, const ChartSettings& settings)
+{
+    auto* const chart = new QChart;
+    chart->addSeries(members.series);
+    chart->addAxis(members.axisX, Qt::AlignBottom);
+    chart->addAxis(members.axisY, Qt::AlignLeft);
+    members.series->attachAxis(members.axisX);
+    members.series->attachAxis(members.axisY);
+    chart->setTitleFont(settings.titleFont);
+    chart->setTitle(settings.title);
+    chart->legend()->hide();
+    chart->setMargins(QMargins(0, 0, 0, 0));
+    chart->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
+    chart->setMinimumWidth(settings.leastWidth);
+    return chart;
+}
+
+} // namespace
+
+QVector<QPointF> chartPoints(const QVector<double>& x, const QVector<double>& y, int n)
+{
+    QVector<QPointF> points;
+    overwritePoints(points, x, y, n);
+    return points;
+}
+
+void overwritePoints(
+    QVector<QPointF>& points, const QVector<double>& x, const QVector<double>& y, int n)
+{
+    const int nPoints = std::min({n, x.size(), y.size()});
+    if (points.size() < nPoints) {
+        points.resize(nPoints);
+    }
+    for (int i = 0; i < nPoints; ++i) {
+        points[i] = QPointF(x[i], y[i]);
+    }
+}
+
+QValueAxis* makeAxis(const QString& title, const QFont& labelsFont, const QFont& titleFont)
+{
+    auto* const axis = new QValueAxis;
+    axis->setLabelsFont(labelsFont);
+    axis->setTitleFont(titleFont);
+    axis->setTitleText(title);
+    return axis;
+}
+
+void setAxisRange(QValueAxis* axis, const QVector<double>& range)
+{
+    axis->setRange(range[0], range[1]);
+}
+
+void completeChart(const ChartMembers& members, const ChartSettings& settings, QGridLayout* grid)
+{
+    if (members.chart == nullptr) {
+        members.chart = makeChart(members, settings);
+    }
+    if (members.view == nullptr) {
+        members.view = new QChartView(members.chart);
+        members.view->setRenderHint(QPainter::Antialiasing);
+        grid->addWidget(members.view, settings.row, settings.column, 1, settings.columnSpan);
+    }
+}

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFont>
+#include <QPointF>
+#include <QString>
+#include <QVector>
+#include <QtCharts/QChartGlobal>
+
+class QGridLayout;
+
+QT_CHARTS_BEGIN_NAMESPACE
+class QChart;
+class QChartView;
+class QLineSeries;
+class QValueAxis;
+QT_CHARTS_END_NAMESPACE
+
+/// Rows of the chart grid; the stimulus charts' columns are the indices of standard and deviant.
+constexpr int waveformRow = 0;
+constexpr int spectrumRow = 1;
+constexpr int trendRow = 2;
+
+constexpr int stimulusChartWidth = 200; ///< least width, pixels
+
+/// Makes an object where its member is still null.
+template <typename Object> void makeIfMissing(Object*& member)
+{
+    if (member == nullptr) {
+        member = new Object;
+    }
+}
+
+/// The first n points (x[i], y[i]), n limited to what both vectors hold; none when it is negative.
+QVector<QPointF> chartPoints(const QVector<double>& x, const QVector<double>& y, int n);
+
+/// Overwrites the first n points by (x[i], y[i]), n limited to what both vectors hold. The list
+/// keeps its length unless it is too short, then it becomes n.
+void overwritePoints(
+    QVector<QPointF>& points, const QVector<double>& x, const QVector<double>& y, int n);
+
+/// A value axis with its title and the two axis fonts.
+QtCharts::QValueAxis* makeAxis(
+    const QString& title, const QFont& labelsFont, const QFont& titleFont);
+
+/// Sets an axis to a two-element range. Limits that are not finite leave it as it was.
+void setAxisRange(QtCharts::QValueAxis* axis, const QVector<double>& range);
+
+/// The members of the window that one chart is made of.
+struct ChartMembers {
+    QtCharts::QLineSeries*& series;
+    QtCharts::QValueAxis*& axisX;
+    QtCharts::QValueAxis*& axisY;
+    QtCharts::QChart*& chart;
+    QtCharts::QChartView*& view;
+};
+
+/// How a chart looks and its cell in the chart grid.
+struct ChartSettings {
+    QString title;
+    QFont titleFont;
+    int leastWidth; ///< pixels
+    int row;
+    int column;
+    int columnSpan;
+};
+
+/// Makes the chart of a series over a bottom and a left axis, without legend and margins, and its
+/// antialiased view in the grid; each only while its member is still null. The series and the axes
+/// must be there and belong to the chart from then on, the chart to the view.
+void completeChart(const ChartMembers& members, const ChartSettings& settings, QGridLayout* grid);

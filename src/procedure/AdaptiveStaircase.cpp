@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MainWindow.h"
+#include "procedure/StaircaseRule.h"
+
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QValueAxis>
+
+namespace {
+
+constexpr double percent = 100.0;
+constexpr double emptyTrendMin = 0.0;
+constexpr double emptyTrendMax = 100.0;
+
+} // namespace
+
+void MainWindow::updateTrend()
+{
+    if (!hasCurrentRecord(data)) {
+        return;
+    }
+    trendX.append(data.nTrials - 1);
+    if (data.mainParameter == modulationDepthParameter) {
+        trendY.append(data.md[deviant] * percent);
+    } else if (data.mainParameter == carrierFrequencyParameter) {
+        trendY.append(data.fd[deviant] * data.cf[standard]);
+    }
+    if (!trendY.isEmpty()) {
+        trendSeries->append(trendX.last(), trendY.last());
+    }
+    trendAxisX->setRange(0, data.nTrials);
+    trendAxisX->setLabelFormat("%g");
+    trendAxisX->setTickCount(data.nTrials + 1);
+    widenTrend();
+}
+
+// One point alone leaves the axis as it was; from the second on the range only ever widens.
+void MainWindow::widenTrend()
+{
+    if (trendY.isEmpty()) {
+        return;
+    }
+    const double last = trendY.last();
+    if (trendY.size() == 1) {
+        trendYMin = last;
+        trendYMax = last;
+        return;
+    }
+    if (last > trendYMax) {
+        trendYMax = last;
+        trendAxisY->setRange(trendYMin, trendYMax);
+    }
+    if (trendYMin > last) {
+        trendYMin = last;
+        trendAxisY->setRange(trendYMin, trendYMax);
+    }
+}
+
+void MainWindow::updateReversal()
+{
+    if (!hasCurrentRecord(data)) {
+        return;
+    }
+    judgeCurrentRecord(data);
+    if (enoughReversals(data)) {
+        finishIt();
+        return;
+    }
+    updateMD();
+    genWav();
+    updateWav();
+    genFFT();
+    updateFFT();
+    playWav();
+}
+
+void MainWindow::updateMD()
+{
+    stepDeviant(data);
+    if (data.mainParameter == modulationDepthParameter) {
+        showDeviantDepth();
+    } else if (data.mainParameter == carrierFrequencyParameter) {
+        showDeviantDifference();
+        showDeviantCarrier();
+    }
+}
+
+void MainWindow::resetMdFdCf()
+{
+    resetDeviant(data);
+    showDeviantDepth();
+    showDeviantDifference();
+    showDeviantCarrier();
+}
+
+void MainWindow::resetTrend()
+{
+    trendX.clear();
+    trendY.clear();
+    clearRun(data);
+    trendSeries->clear();
+    trendYMin = emptyTrendMin;
+    trendYMax = emptyTrendMax;
+    trendAxisY->setRange(trendYMin, trendYMax);
+}

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+class Data;
+class QTextStream;
+class Record;
+
+/// The header line of a results file without its line end: five names parted by tabs. Empty for a
+/// main parameter other than the two.
+QString resultsHeader(int mainParameter);
+
+/// The first column of a record's line: the frequency difference in Hz or the modulation depth in
+/// percent, in fixed notation with 6 decimals.
+/// @param standardCarrier carrier frequency of the standard, Hz
+QString resultsValue(const Record& record, int mainParameter, double standardCarrier);
+
+/// Writes the header and one line per record, each ended by CR LF. Nothing is written without
+/// records, or for a main parameter other than the two. Reaction times are in ms in the stream's
+/// own format for doubles, up to 6 significant digits.
+void writeResults(QTextStream& stream, const Data& data);

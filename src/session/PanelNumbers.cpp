@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "session/PanelNumbers.h"
+
+namespace {
+
+constexpr double percent = 100.0;
+constexpr double msPerSecond = 1000.0;
+constexpr int coarseDecimals = 2;
+constexpr int fineDecimals = 4;
+constexpr int rateDigits = 6;
+constexpr int decimalBase = 10;
+
+} // namespace
+
+QString shownFrequency(double hertz)
+{
+    return QString::number(hertz, 'f', coarseDecimals);
+}
+
+double readFrequency(const QString& text)
+{
+    return text.toDouble();
+}
+
+QString shownDepth(double depth)
+{
+    return QString::number(depth * percent, 'f', fineDecimals);
+}
+
+double readDepth(const QString& text)
+{
+    return text.toDouble() / percent;
+}
+
+QString shownDifference(double difference, double standardCarrier)
+{
+    return QString::number(difference * standardCarrier, 'f', fineDecimals);
+}
+
+double readDifference(const QString& text, double standardCarrier)
+{
+    return text.toDouble() / standardCarrier;
+}
+
+QString shownDuration(double seconds)
+{
+    return QString::number(seconds * msPerSecond, 'f', coarseDecimals);
+}
+
+double readDuration(const QString& text)
+{
+    return text.toDouble() / msPerSecond;
+}
+
+QString shownRate(double hertz)
+{
+    return QString::number(hertz, 'g', rateDigits);
+}
+
+double readRate(const QString& text)
+{
+    return text.toDouble();
+}
+
+QString shownInteger(int number)
+{
+    return QString::number(number, decimalBase);
+}
+
+int readInteger(const QString& text)
+{
+    return text.toInt(nullptr, decimalBase);
+}

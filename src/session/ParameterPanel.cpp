@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MainWindow.h"
+#include "session/Counts.h"
+#include "session/PanelNumbers.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include <algorithm>
+#include <cmath>
+
+// The combo boxes' slots run while the boxes are filled and set: they compose the file name and put
+// the deviant to its starting values. The record's choices are set before the boxes', or the
+// passing combination of noise and carrier frequency would open its warning here.
+void MainWindow::initParameters()
+{
+    fillComboBoxes();
+    data.sesType = 1;
+    data.soundType = noiseCarrier;
+    data.mainParameter = modulationDepthParameter;
+    comboBoxSesType->setCurrentIndex(data.sesType);
+    comboBoxSoundType->setCurrentIndex(data.soundType);
+    comboBoxMainParameter->setCurrentIndex(data.mainParameter);
+    fillLineEdits();
+    pushButtonView->setEnabled(true);
+    pushButtonGo->setEnabled(false);
+    deriveSizes();
+    makeTrialLoop();
+}
+
+void MainWindow::fillComboBoxes()
+{
+    comboBoxSesType->insertItems(comboBoxSesType->count(), data.sesTypes);
+    comboBoxSoundType->insertItems(comboBoxSoundType->count(), data.soundTypes);
+    comboBoxMainParameter->insertItems(comboBoxMainParameter->count(), data.mainParameters);
+}
+
+void MainWindow::fillLineEdits()
+{
+    lineEditStdModFreq->setText(shownFrequency(data.mf[standard]));
+    lineEditStdModDepth->setText(shownDepth(data.md[standard]));
+    lineEditStdFreqDiff->setText(shownDifference(data.fd[standard], data.cf[standard]));
+    lineEditStdCarrierFreq->setText(shownFrequency(data.cf[standard]));
+    lineEditStdDuration->setText(shownDuration(data.dur[standard]));
+    lineEditDevModFreq->setText(shownFrequency(data.mf[deviant]));
+    showDeviantDepth();
+    showDeviantDifference();
+    showDeviantCarrier();
+    lineEditDevDuration->setText(shownDuration(data.dur[deviant]));
+
+    checkBoxResetMdFd->setChecked(data.resetMdFd);
+    checkBoxSaveData->setChecked(data.saveData);
+
+    lineEditNReversals->setText(shownInteger(data.nReversals));
+    lineEditNReversalsToCalc->setText(shownInteger(data.nReversalsToCalculate));
+    lineEditSilentInterval->setText(shownDuration(data.silentInterval));
+    lineEditFilePath->setText(data.outputDir);
+    lineEditFileName->setEnabled(false);
+    lineEditSesNum->setText(shownInteger(data.sesNum));
+    lineEditSubCode->setText(data.subCode);
+    lineEditSamplingRate->setText(shownRate(data.fs));
+}
+
+void MainWindow::deriveSizes()
+{
+    for (const int i : {standard, deviant}) {
+        data.nPointsToPlot[i] = plottedPoints(data.fs, data.durToPlot[i], data.nSamples[i]);
+        fftLength[i] = spectrumLength(data.nSamples[i]);
+        fftDuration[i] = static_cast<double>(fftLength[i]) / data.fs;
+        const int nBins = static_cast<int>(fftLength[i] / 2);
+        data.nFreqPointsToPlot[i]
+            = std::min(truncatedCount(data.freqToPlot[i] * fftDuration[i]), nBins);
+    }
+}
+
+void MainWindow::makeTrialLoop()
+{
+    constexpr int labelPixels = 10;
+    constexpr int titlePixels = 12;
+    fontAxisLabels.setPixelSize(labelPixels);
+    fontAxisTitle.setPixelSize(labelPixels);
+    fontChartTitle.setPixelSize(titlePixels);
+    for (QFont* font : {&fontAxisLabels, &fontAxisTitle, &fontChartTitle}) {
+        font->setWeight(QFont::Normal);
+    }
+
+    nSoundsPerTrial = 4;
+    soundIndex = 0;
+    nReactionTimerStarts = 0;
+    stimSequence = QVector<bool>(nSoundsPerTrial, false);
+    timerReaction = new QElapsedTimer;
+    timerPlay = new QTimer(this);
+    timerPlay->setTimerType(Qt::PreciseTimer); // a coarse one is up to 5 % off
+    connect(timerPlay, SIGNAL(timeout()), this, SLOT(playOneSound()));
+
+    audioFormat.setSampleRate(truncatedCount(data.fs));
+    audioFormat.setChannelCount(1);
+    audioFormat.setSampleSize(32);
+    audioFormat.setCodec("audio/pcm");
+    audioFormat.setByteOrder(QAudioFormat::LittleEndian);
+    audioFormat.setSampleType(QAudioFormat::Float);
+    checkPlaybackFormat();
+}
+
+void MainWindow::getParameters()
+{
+    data.sesType = comboBoxSesType->currentIndex();
+    data.soundType = comboBoxSoundType->currentIndex();
+    data.mainParameter = comboBoxMainParameter->currentIndex();
+    data.nTrials = 0;
+
+    data.dur[standard] = readDuration(lineEditStdDuration->text());
+    data.cf[standard] = readFrequency(lineEditStdCarrierFreq->text());
+    data.mf[standard] = readFrequency(lineEditStdModFreq->text());
+    data.md[standard] = readDepth(lineEditStdModDepth->text());
+    data.fd[standard] = readDifference(lineEditStdFreqDiff->text(), data.cf[standard]);
+    readDeviant();
+    data.saveData = checkBoxSaveData->isChecked();
+
+    data.nReversals = readInteger(lineEditNReversals->text());
+    data.nReversalsToCalculate = readInteger(lineEditNReversalsToCalc->text());
+    if (data.nReversalsToCalculate > data.nReversals) {
+        data.nReversalsToCalculate = data.nReversals;
+        lineEditNReversalsToCalc->setText(shownInteger(data.nReversalsToCalculate));
+    }
+    data.silentInterval = readDuration(lineEditSilentInterval->text());
+    data.fs = readRate(lineEditSamplingRate->text());
+    data.subCode = lineEditSubCode->text();
+    data.sesNum = readInteger(lineEditSesNum->text());
+    data.outputDir = lineEditFilePath->text();
+    data.fileName = lineEditFileName->text();
+
+    for (const int i : {standard, deviant}) {
+        data.nSamples[i] = soundLength(data.fs, data.dur[i]);
+    }
+    updateNPointsToPlot();
+}
+
+void MainWindow::readDeviant()
+{
+    data.dur[deviant] = readDuration(lineEditDevDuration->text());
+    data.cf[deviant] = readFrequency(lineEditDevCarrierFreq->text());
+    data.mf[deviant] = readFrequency(lineEditDevModFreq->text());
+    data.resetMdFd = checkBoxResetMdFd->isChecked();
+    if (data.resetMdFd) {
+        resetMdFdCf();
+        return;
+    }
+    data.md[deviant] = readDepth(lineEditDevModDepth->text());
+    data.fd[deviant] = readDifference(lineEditDevFreqDiff->text(), data.cf[standard]);
+    if (std::isfinite(data.fd[deviant] * data.cf[standard])) {
+        showDeviantDifference();
+    }
+}
+
+void MainWindow::showDeviantDepth()
+{
+    lineEditDevModDepth->setText(shownDepth(data.md[deviant]));
+}
+
+void MainWindow::showDeviantDifference()
+{
+    lineEditDevFreqDiff->setText(shownDifference(data.fd[deviant], data.cf[standard]));
+}
+
+void MainWindow::showDeviantCarrier()
+{
+    lineEditDevCarrierFreq->setText(shownFrequency(data.cf[deviant]));
+}
+
+void MainWindow::on_comboBoxSesType_currentIndexChanged(int index)
+{
+    data.sesType = index;
+    updateFileName();
+}
+
+// Noise has no carrier frequency to adapt: the box that was just moved is moved back.
+void MainWindow::on_comboBoxSoundType_currentIndexChanged(int index)
+{
+    data.soundType = index;
+    if (index == noiseCarrier && data.mainParameter == carrierFrequencyParameter) {
+        QMessageBox::warning(this, "Conflicting Parameters",
+            "The sound type 'noise' is incompatible with the internal parameter 'carrier "
+            "frequency'. Sound type will be changed to 'sinusoid'",
+            QMessageBox::Ok);
+        comboBoxSoundType->setCurrentIndex(sinusoidCarrier);
+    }
+    updateFileName();
+}
+
+void MainWindow::on_comboBoxMainParameter_currentIndexChanged(int index)
+{
+    data.mainParameter = index;
+    if (index == carrierFrequencyParameter && data.soundType == noiseCarrier) {
+        QMessageBox::warning(this, "Conflicting Parameters",
+            "The sound type 'noise' is incompatible with the internal parameter 'carrier "
+            "frequency'. Internal parameter will be changed to 'modulation depth'",
+            QMessageBox::Ok);
+        comboBoxMainParameter->setCurrentIndex(modulationDepthParameter);
+    }
+    resetMdFdCf();
+    updateFileName();
+}
+
+void MainWindow::on_lineEditSubCode_textChanged(const QString& text)
+{
+    data.subCode = text;
+    updateFileName();
+}
+
+void MainWindow::on_lineEditSesNum_textChanged(const QString& text)
+{
+    data.sesNum = readInteger(text);
+    updateFileName();
+}

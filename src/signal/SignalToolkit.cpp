@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "signal/SignalToolkit.h"
+
+#include "session/Counts.h"
+
+#include <QMessageBox>
+
+#include <algorithm>
+#include <cmath>
+#include <ctime>
+
+namespace {
+
+constexpr double pi = 3.141592653589793;
+constexpr double twoPi = 6.283185307179586;
+constexpr double radiansPerDegree = 0.017453292519943295;
+constexpr double largestDraw = 2147483647.0;
+
+void warn(const QString& text)
+{
+    QMessageBox::warning(nullptr, "Warning", text, QMessageBox::Ok);
+}
+
+void seedWithTheTime()
+{
+    qsrand(static_cast<uint>(std::time(nullptr)));
+}
+
+// min + draw % (max - min + 1), always with one draw. In 64 bits nothing overflows; the range is
+// cut back to 32 bits, and where that leaves 0 the answer is min.
+int drawFrom(qint64 min, qint64 max)
+{
+    const int range = static_cast<int>(max - min + 1);
+    const qint64 draw = qrand();
+    return static_cast<int>(min + (range == 0 ? 0 : draw % range));
+}
+
+double cosGain(int i, int nPoints)
+{
+    return (1 - std::cos(static_cast<double>(i) / nPoints * pi)) * 0.5;
+}
+
+double cos2Gain(int i, int nPoints)
+{
+    const double gain = cosGain(i, nPoints);
+    return gain * gain;
+}
+
+double linearGain(int i, int nPoints)
+{
+    return static_cast<double>(i) / nPoints;
+}
+
+void applyRamps(QVector<double>& samples, int nPoints, double (*gainAt)(int, int))
+{
+    const int size = samples.size();
+    if (size < 2 * static_cast<qint64>(nPoints)) {
+        warn("Vector size must be at least twice of nPoints");
+    }
+    for (int i = 0; i < nPoints && i < size; ++i) {
+        const double gain = gainAt(i, nPoints);
+        samples[i] *= gain;
+        samples[size - 1 - i] *= gain;
+    }
+}
+
+} // namespace
+
+QVector<double> whiteNoise(int nSamples)
+{
+    seedWithTheTime();
+    if (nSamples < 1) {
+        return {};
+    }
+    QVector<double> noise(nSamples);
+    for (double& sample : noise) {
+        sample = qrand() / largestDraw;
+    }
+    return noise;
+}
+
+QVector<double> sine(double fs, double duration, double frequency, double amplitude, double phase)
+{
+    const int nSamples = flooredCount(duration * fs);
+    if (nSamples < 1) {
+        return {};
+    }
+    QVector<double> tone(nSamples);
+    double* samples = tone.data();
+    for (int k = 0; k < nSamples; ++k) {
+        samples[k] = std::sin(k * (frequency * twoPi) / fs + phase * radiansPerDegree) * amplitude;
+    }
+    return tone;
+}
+
+QVector<double> sam(double fs, double duration, double fc, double fm, double m, double amplitude,
+    double carrierPhase, double modulatorPhase, bool normalise)
+{
+    const int nSamples = flooredCount(duration * fs);
+    if (nSamples < 1) {
+        return {};
+    }
+    const double normalisation = 1 / (m + 1);
+    QVector<double> tone(nSamples);
+    double* samples = tone.data();
+    for (int k = 0; k < nSamples; ++k) {
+        const double carrier = std::sin(fc * twoPi * k / fs + carrierPhase * radiansPerDegree);
+        const double modulator
+            = std::cos(k * (fm * twoPi) / fs + modulatorPhase * radiansPerDegree);
+        samples[k] = carrier * ((modulator * m + 1) * amplitude);
+        if (normalise) {
+            samples[k] = samples[k] * normalisation;
+        }
+    }
+    return tone;
+}
+
+QVector<double> cosRamp(QVector<double> samples, int nPoints)
+{
+    applyRamps(samples, nPoints, cosGain);
+    return samples;
+}
+
+void cosRamp(QVector<double>* samples, int nPoints)
+{
+    applyRamps(*samples, nPoints, cosGain);
+}
+
+QVector<double> cos2Ramp(QVector<double> samples, int nPoints)
+{
+    applyRamps(samples, nPoints, cos2Gain);
+    return samples;
+}
+
+void cos2Ramp(QVector<double>* samples, int nPoints)
+{
+    applyRamps(*samples, nPoints, cos2Gain);
+}
+
+QVector<double> linearRamp(QVector<double> samples, int nPoints)
+{
+    applyRamps(samples, nPoints, linearGain);
+    return samples;
+}
+
+void linearRamp(QVector<double>* samples, int nPoints)
+{
+    applyRamps(*samples, nPoints, linearGain);
+}
+
+int randomInteger(int min, int max)
+{
+    if (max < min) {
+        warn("min cannot be larger than max");
+    }
+    return drawFrom(min, max);
+}
+
+QVector<int> randomIntegers(int count, int min, int max)
+{
+    if (min > max) {
+        warn("min cannot be larger than max; force min = max");
+        min = max;
+    }
+    seedWithTheTime();
+    if (count < 1) {
+        return {};
+    }
+    QVector<int> integers(count);
+    std::generate(integers.begin(), integers.end(), [=] { return drawFrom(min, max); });
+    return integers;
+}
+
+double rms(QVector<int> values)
+{
+    qint64 sum = 0;
+    for (const int value : qAsConst(values)) {
+        sum += static_cast<qint64>(value) * value;
+    }
+    return std::sqrt(static_cast<double>(sum) / values.size());
+}
+
+double rms(QVector<double> samples)
+{
+    double sum = 0.0;
+    for (const double sample : qAsConst(samples)) {
+        sum += sample * sample;
+    }
+    return std::sqrt(sum / samples.size());
+}

@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "subject/SubjectWindow.h"
+
+#include "app/WindowGeometry.h"
+#include "app/WindowParts.h"
+#include "subject/ResultText.h"
+
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace {
+
+constexpr auto darkGreyStyle
+    = " QPushButton {background-color: rgb(190, 190, 190); border: none;} ";
+constexpr auto greenStyle
+    = " QPushButton {background-color: rgb(0, 255, 0); border: 1px solid rgb(180, 180, 180);} ";
+constexpr auto lightGreyStyle
+    = " QPushButton {background-color: rgb(240, 240, 240); border: 1px solid rgb(180, 180, 180);} ";
+constexpr auto hoverStyle
+    = "QPushButton:hover {background-color: rgb(0, 255, 255); border: 1px solid blue;}";
+
+constexpr int readyResponse = 0;
+constexpr int answerState = -1;
+
+} // namespace
+
+SubjectWindow::SubjectWindow(QWidget* parent)
+    : QMainWindow(parent)
+    , pushButtonChoice1(named(new QPushButton("1"), "pushButtonChoice1"))
+    , pushButtonChoice2(named(new QPushButton("2"), "pushButtonChoice2"))
+    , pushButtonChoice3(named(new QPushButton("3"), "pushButtonChoice3"))
+    , pushButtonChoice4(named(new QPushButton("4"), "pushButtonChoice4"))
+    , pushButtonIAmReady(named(new QPushButton("I am ready"), "pushButtonIAmReady"))
+    , pushButtonDone(named(new QPushButton("Done"), "pushButtonDone"))
+    , labelThreshold(named(new QLabel("Threshold = "), "labelThreshold"))
+    , gridLayout(named(new QGridLayout, "gridLayout"))
+    , centralWidget(named(new QWidget, "centralWidget"))
+    , reservedColors {0, 240, 240, 240, 255, 255, 255, 0, 255}
+    , centerWindow(true)
+    , widthFraction(0.55)
+    , heightFraction(0.3)
+{
+    connect(pushButtonIAmReady, SIGNAL(clicked()), this, SLOT(on_pushButtonIAmReady_clicked()));
+    connect(pushButtonDone, SIGNAL(clicked()), this, SLOT(close()));
+    connect(pushButtonChoice2, SIGNAL(clicked()), this, SLOT(on_pushButtonChoice2_clicked()));
+    connect(pushButtonChoice3, SIGNAL(clicked()), this, SLOT(on_pushButtonChoice3_clicked()));
+    setupGUISubjectWindow();
+}
+
+SubjectWindow::~SubjectWindow()
+{
+    deleteAndNull(pushButtonChoice1);
+    deleteAndNull(pushButtonChoice2);
+    deleteAndNull(pushButtonChoice3);
+    deleteAndNull(pushButtonChoice4);
+    deleteAndNull(pushButtonIAmReady);
+    deleteAndNull(pushButtonDone);
+    deleteAndNull(labelThreshold);
+    deleteAndNull(gridLayout);
+    deleteAndNull(centralWidget);
+}
+
+void SubjectWindow::setupGUISubjectWindow()
+{
+    centerAndResizeSubjectWindow(centerWindow, widthFraction, heightFraction);
+    setWindowTitle("Quorin Lab | Frequency Discrimination and Modulation Detection (v062) | "
+                   "Subject Window");
+
+    const GridPlace places[] = {
+        {pushButtonChoice1, 0, 0, 1, 1},
+        {pushButtonChoice2, 0, 1, 1, 1},
+        {pushButtonChoice3, 0, 2, 1, 1},
+        {pushButtonChoice4, 0, 3, 1, 1},
+        {pushButtonIAmReady, 2, 1, 1, 2},
+        {pushButtonDone, 3, 1, 1, 2},
+        {labelThreshold, 1, 0, 1, 4},
+    };
+    placeAllInGrid(gridLayout, places);
+    centralWidget->setLayout(gridLayout);
+    setCentralWidget(centralWidget);
+
+    for (QPushButton* button : choiceButtons()) {
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        button->hide();
+    }
+    labelThreshold->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    labelThreshold->setAlignment(Qt::AlignHCenter);
+    labelThreshold->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    labelThreshold->hide();
+    pushButtonDone->hide();
+}
+
+void SubjectWindow::centerAndResizeSubjectWindow(bool center, double widthPart, double heightPart)
+{
+    setGeometry(windowRectangle(
+        availableScreenSize(), geometry().topLeft(), center, widthPart, heightPart));
+}
+
+void SubjectWindow::on_pushButtonIAmReady_clicked()
+{
+    setEnabled(false);
+    disableAllChoiceButtons();
+    for (QPushButton* button : choiceButtons()) {
+        button->show();
+    }
+    pushButtonIAmReady->hide();
+    pushButtonDone->hide();
+    emit subjectResponded(readyResponse);
+}
+
+void SubjectWindow::on_pushButtonChoice2_clicked()
+{
+    setEnabled(false);
+    emit subjectResponded(2);
+}
+
+void SubjectWindow::on_pushButtonChoice3_clicked()
+{
+    setEnabled(false);
+    emit subjectResponded(3);
+}
+
+// A style sheet stays until the next one replaces it, so the answer buttons keep their highlight
+// into the next trial.
+void SubjectWindow::updateSubjectWindow(int state)
+{
+    setEnabled(false);
+    disableAllChoiceButtons();
+    switch (state) {
+    case 1:
+        pushButtonChoice1->setStyleSheet(greenStyle);
+        break;
+    case 2:
+        pushButtonChoice1->setStyleSheet(darkGreyStyle);
+        pushButtonChoice2->setStyleSheet(greenStyle);
+        break;
+    case 3:
+        pushButtonChoice2->setStyleSheet(lightGreyStyle);
+        pushButtonChoice3->setStyleSheet(greenStyle);
+        break;
+    case 4:
+        pushButtonChoice3->setStyleSheet(lightGreyStyle);
+        pushButtonChoice4->setStyleSheet(greenStyle);
+        break;
+    case answerState:
+        pushButtonChoice4->setStyleSheet(darkGreyStyle);
+        pushButtonChoice2->setStyleSheet(hoverStyle);
+        pushButtonChoice3->setStyleSheet(hoverStyle);
+        pushButtonChoice2->setEnabled(true);
+        pushButtonChoice3->setEnabled(true);
+        setEnabled(true);
+        break;
+    default:
+        break;
+    }
+}
+
+void SubjectWindow::finishExperiment(
+    qreal threshold, qreal reactionTime, qint32 mainParameter, qreal carrierFrequency)
+{
+    for (QPushButton* button : choiceButtons()) {
+        button->hide();
+    }
+    labelThreshold->setText(resultText(threshold, reactionTime, mainParameter, carrierFrequency));
+    labelThreshold->show();
+    pushButtonDone->show();
+    setEnabled(true);
+}
+
+void SubjectWindow::disableAllChoiceButtons()
+{
+    for (QPushButton* button : choiceButtons()) {
+        button->setEnabled(false);
+    }
+}
+
+std::array<QPushButton*, 4> SubjectWindow::choiceButtons() const
+{
+    return {pushButtonChoice1, pushButtonChoice2, pushButtonChoice3, pushButtonChoice4};
+}
+
+void SubjectWindow::closeEvent(QCloseEvent* event)
+{
+    const auto answer = QMessageBox::question(this, "Confirmation MessageBox",
+        tr("Do you want to close this window?\n"),
+        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
+    if (answer == QMessageBox::Yes) {
+        emit subjectWindowClosed();
+        event->accept();
+    } else {
+        event->ignore();
+    }
+}

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMainWindow>
+
+#include <array>
+
+class QGridLayout;
+class QLabel;
+class QPushButton;
+
+/// The listener's window: four interval buttons that light up while the sounds of a trial play, of
+/// which "2" and "3" take the answer; "I am ready" before the run and the result with "Done" after
+/// it. It knows nothing of stimuli or data.
+class SubjectWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit SubjectWindow(QWidget* parent);
+    ~SubjectWindow() override;
+
+signals:
+    /// 0: ready to start; 2 or 3: the interval chosen.
+    void subjectResponded(int response);
+    /// The listener confirmed closing the window.
+    void subjectWindowClosed();
+
+public slots:
+    void on_pushButtonIAmReady_clicked();
+    /// Shows a state of the trial: 1 to 4, that interval's sound starts; -1, the answer may be
+    /// given. Any other value leaves window and interval buttons disabled.
+    void updateSubjectWindow(int state);
+    void on_pushButtonChoice2_clicked();
+    void on_pushButtonChoice3_clicked();
+    /// Shows the result of the run; see resultText for the arguments.
+    void finishExperiment(
+        qreal threshold, qreal reactionTime, qint32 mainParameter, qreal carrierFrequency);
+
+public:
+    void setupGUISubjectWindow();
+    /// The window's geometry on the primary screen; see windowRectangle.
+    void centerAndResizeSubjectWindow(bool center, double widthPart, double heightPart);
+    void disableAllChoiceButtons();
+
+protected:
+    /// Asks for confirmation; only Yes closes the window.
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    friend struct MainWindowProbe;
+
+    std::array<QPushButton*, 4> choiceButtons() const;
+
+    QPushButton* pushButtonChoice1;
+    QPushButton* pushButtonChoice2;
+    QPushButton* pushButtonChoice3;
+    QPushButton* pushButtonChoice4;
+    QPushButton* pushButtonIAmReady;
+    QPushButton* pushButtonDone;
+    QLabel* labelThreshold;
+    QGridLayout* gridLayout;
+    QWidget* centralWidget;
+    std::array<int, 9> reservedColors; ///< read by nothing
+    bool centerWindow;
+    double widthFraction;
+    double heightFraction;
+};
