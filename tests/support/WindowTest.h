@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "support/QuietTest.h"
+
+/// Base of test classes that make a MainWindow on a machine that may have no sound device: what the
+/// program and Qt say of its absence is allowed, every other warning still fails the test.
+class WindowTest : public QuietTest {
+    Q_OBJECT
+
+protected slots:
+    void init() override;
+};
