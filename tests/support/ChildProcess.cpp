@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/ChildProcess.h"
+
+#ifdef Q_OS_LINUX
+#include <csignal>
+#include <sys/prctl.h>
+#endif
+
+namespace {
+
+constexpr int patienceMs = 5000;
+
+}
+
+ChildProcess::ChildProcess(QObject* parent)
+    : QProcess(parent)
+{
+}
+
+ChildProcess::~ChildProcess()
+{
+    end();
+}
+
+void ChildProcess::end()
+{
+    if (state() == QProcess::NotRunning)
+        return;
+    terminate();
+    if (waitForFinished(patienceMs))
+        return;
+    kill();
+    waitForFinished(patienceMs);
+}
+
+QString ChildProcess::whatFailed()
+{
+    const QString reason = error() == QProcess::FailedToStart
+        ? errorString()
+        : QString::fromLocal8Bit(readAllStandardError());
+    return program() + ": " + reason;
+}
+
+void ChildProcess::setupChildProcess()
+{
+#ifdef Q_OS_LINUX
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+#endif
+}

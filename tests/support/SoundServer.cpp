@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/SoundServer.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QtTest>
+
+namespace {
+
+constexpr int startTimeoutMs = 20000;
+constexpr int queryTimeoutMs = 5000;
+const QString sinkName("lab");
+
+} // namespace
+
+SoundServer::SoundServer()
+    : SoundServer(Settings())
+{
+}
+
+SoundServer::SoundServer(const Settings& settings)
+    : m_settings(settings)
+{
+}
+
+SoundServer::~SoundServer()
+{
+    stop();
+}
+
+bool SoundServer::start()
+{
+    const QString runtime = m_folder.filePath("runtime");
+    QDir().mkpath(runtime);
+    QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+
+    m_process.setProcessEnvironment(environment());
+    m_process.start("pulseaudio", arguments());
+    const auto isDecided
+        = [this] { return m_process.state() == QProcess::NotRunning || !description().isEmpty(); };
+    const bool isUp = m_process.waitForStarted() && QTest::qWaitFor(isDecided, startTimeoutMs);
+    // The server goes on without a module that it could not load.
+    if (!isUp || !description().contains("Default Sink: " + sinkName.toLocal8Bit() + "\n")) {
+        stop();
+        m_errorText = m_process.whatFailed();
+        return false;
+    }
+    qputenv("PULSE_SERVER", address().toLocal8Bit());
+    return true;
+}
+
+void SoundServer::stop()
+{
+    m_process.end();
+}
+
+void SoundServer::kill()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+bool SoundServer::isRunning() const
+{
+    return m_process.state() == QProcess::Running;
+}
+
+QString SoundServer::address() const
+{
+    return "unix:" + m_folder.filePath("pulse.sock");
+}
+
+QString SoundServer::monitor() const
+{
+    return sinkName + ".monitor";
+}
+
+QProcessEnvironment SoundServer::environment() const
+{
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    const QStringList names = variables.keys();
+    for (const QString& name : names) {
+        if (name.startsWith("PULSE_") || name == "DISPLAY" || name.startsWith("DBUS_"))
+            variables.remove(name);
+    }
+    variables.insert("HOME", m_folder.path());
+    variables.insert("XDG_RUNTIME_DIR", m_folder.filePath("runtime"));
+    variables.insert("LC_ALL", "C.UTF-8");
+    return variables;
+}
+
+QStringList SoundServer::arguments() const
+{
+    const QString sink = QString("module-null-sink sink_name=%1 rate=%2 channels=%3 format=%4 "
+                                 "norewinds=%5")
+                             .arg(sinkName)
+                             .arg(m_settings.rate)
+                             .arg(m_settings.channels)
+                             .arg(m_settings.format)
+                             .arg(m_settings.mayRewind ? 0 : 1);
+    const QString protocol = QString("module-native-protocol-unix socket=%1 auth-anonymous=1")
+                                 .arg(m_folder.filePath("pulse.sock"));
+    return {"-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--disallow-exit",
+        "--high-priority=no", "--realtime=no", "--log-target=stderr", "-L", sink, "-L", protocol};
+}
+
+QByteArray SoundServer::description() const
+{
+    if (!QFileInfo::exists(m_folder.filePath("pulse.sock")))
+        return {};
+    ChildProcess query;
+    query.setProcessEnvironment(environment());
+    query.start("pactl", {"--server", address(), "info"});
+    if (!query.waitForFinished(queryTimeoutMs) || query.exitCode() != 0)
+        return {};
+    return query.readAllStandardOutput();
+}

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "support/ChildProcess.h"
+
+#include <QString>
+#include <QTemporaryDir>
+
+/// A private PulseAudio server whose only sink is a null sink, so that sounds can be played without
+/// a sound card and recorded as they were played (SoundRecorder).
+///
+/// The sink renders in blocks of the smallest latency that a client asks for, the recorder
+/// included: onsets are quantised to it. Keep a recorder attached while something plays. Needs a
+/// QCoreApplication and the programs pulseaudio and pactl.
+class SoundServer {
+public:
+    struct Settings {
+        int rate = 40000; ///< of the sink, Hz
+        int channels = 1;
+        QString format = QStringLiteral("float32le"); ///< PulseAudio's name of a sample format
+        /// A sink that may rewind takes back what it rendered: beginnings and tails of sounds are
+        /// lost in the recording.
+        bool mayRewind = false;
+    };
+
+    SoundServer();
+    explicit SoundServer(const Settings& settings);
+    /// Stops the server and removes its folder. PULSE_SERVER stays, so that nothing that plays
+    /// afterwards reaches another server of this machine.
+    ~SoundServer();
+    SoundServer(const SoundServer&) = delete;
+    SoundServer& operator=(const SoundServer&) = delete;
+
+    /// Starts the server, waits until its sink can be used, and sets PULSE_SERVER for this process.
+    /// Call it before the first use of Qt's audio classes, which keep their connection.
+    /// @return false with an errorText() if the server can't be used
+    bool start();
+    /// Ends the server if it runs.
+    void stop();
+    /// Kills the server, as in a crash.
+    void kill();
+
+    bool isRunning() const;
+    /// What the server or its failed start said.
+    QString errorText() const { return m_errorText; }
+    /// The value of PULSE_SERVER for this server.
+    QString address() const;
+    /// The source that gives back what the sink plays.
+    QString monitor() const;
+    const Settings& settings() const { return m_settings; }
+    /// The environment of the server and of its clients: no folder or server of the user's.
+    QProcessEnvironment environment() const;
+
+private:
+    QStringList arguments() const;
+    QByteArray description() const;
+
+    Settings m_settings;
+    QTemporaryDir m_folder;
+    ChildProcess m_process;
+    QString m_errorText;
+};
