@@ -22,6 +22,6 @@ function(quorin_add_test name source)
     LABELS "${arg_LABELS}"
     TIMEOUT ${arg_TIMEOUT}
     WORKING_DIRECTORY "${home}"
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;HOME=${home};XDG_RUNTIME_DIR=${home}/runtime;QT_LOGGING_RULES=*.debug=true\\;qt.*.debug=false"
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;HOME=${home};XDG_RUNTIME_DIR=${home}/runtime;PULSE_SERVER=unix:${home}/runtime/none;QT_LOGGING_RULES=*.debug=true\\;qt.*.debug=false"
   )
 endfunction()

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/SoundServer.h"
+#include "soundlab/SoundServer.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QtTest>
+#include <QtCore/qtestsupport_core.h>
 
 namespace {
 

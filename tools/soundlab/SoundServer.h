@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "support/ChildProcess.h"
+#include "soundlab/ChildProcess.h"
 
 #include <QString>
 #include <QTemporaryDir>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/SoundRecorder.h"
+#include "soundlab/SoundRecorder.h"
 
-#include "support/SoundServer.h"
+#include "soundlab/SoundServer.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QtTest>
+#include <QtCore/qtestsupport_core.h>
 
 #include <cstring>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/RecordedSounds.h"
+#include "soundlab/RecordedSounds.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "soundlab/RecordedSounds.h"
+#include "soundlab/SoundRecorder.h"
+#include "soundlab/SoundServer.h"
 #include "support/QuietTest.h"
-#include "support/RecordedSounds.h"
-#include "support/SoundRecorder.h"
-#include "support/SoundServer.h"
 
 #include <QAudioDeviceInfo>
 #include <QAudioOutput>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/ChildProcess.h"
+#include "soundlab/ChildProcess.h"
 
 #ifdef Q_OS_LINUX
 #include <csignal>

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/ScriptedListener.h"
+
+#include "support/MainWindowProbe.h"
+
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+
+ScriptedListener::ScriptedListener(MainWindow& window, const QString& answers)
+    : m_window(window)
+    , m_answers(answers)
+{
+    connect(&window, SIGNAL(soundPlaying(int)), this, SLOT(hear(int)));
+    connect(&window, SIGNAL(doneDataCollection(qreal, qreal, qint32, qreal)), this, SLOT(finish()));
+}
+
+void ScriptedListener::startRun()
+{
+    QTest::mouseClick(Probe::pushButtonView(m_window), Qt::LeftButton);
+    QTest::mouseClick(Probe::pushButtonGo(m_window), Qt::LeftButton);
+    SubjectWindow& listener = *Probe::subjectWindow(m_window);
+    QTest::mouseClick(Probe::pushButtonIAmReady(listener), Qt::LeftButton);
+}
+
+void ScriptedListener::hear(int state)
+{
+    if (state == 1) {
+        const bool correct = m_answers[m_trials.size() % m_answers.size()] == 'c';
+        m_trials.append({Probe::standardSound(m_window), Probe::deviantSound(m_window),
+            Probe::data(m_window).deviantPosition, correct});
+    } else if (state == -1) {
+        QTimer::singleShot(0, this, SLOT(answer()));
+    }
+}
+
+void ScriptedListener::answer()
+{
+    SubjectWindow& listener = *Probe::subjectWindow(m_window);
+    const Trial& trial = m_trials.last();
+    const bool answersTwo = (trial.deviantPosition == 2) == trial.correct;
+    QTest::mouseClick(
+        answersTwo ? Probe::pushButtonChoice2(listener) : Probe::pushButtonChoice3(listener),
+        Qt::LeftButton);
+}
+
+void ScriptedListener::finish()
+{
+    m_hasFinished = true;
+}

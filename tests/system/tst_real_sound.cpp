@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "soundlab/RecordedSounds.h"
+#include "soundlab/SoundRecorder.h"
+#include "soundlab/SoundServer.h"
+#include "support/MainWindowProbe.h"
+#include "support/ModalBoxes.h"
+#include "support/QuietTest.h"
+#include "support/ScriptedListener.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QtTest>
+
+#include <algorithm>
+#include <cmath>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+constexpr int runTimeoutMs = 100000;
+
+QVector<float> singlePrecision(const QVector<double>& samples)
+{
+    QVector<float> converted(samples.size());
+    std::transform(samples.begin(), samples.end(), converted.begin(),
+        [](double sample) { return static_cast<float>(sample); });
+    return converted;
+}
+
+// The rule played by hand: what a run of these answers starts from and ends with.
+struct PlayedByHand {
+    QVector<double> values; // of the deviant, trial by trial
+    double threshold;
+};
+
+PlayedByHand playedByHand(const QVector<ScriptedListener::Trial>& trials, double start)
+{
+    PlayedByHand run = {{}, 0.0};
+    QVector<double> reversals;
+    double value = start;
+    for (int i = 0; i < trials.size(); ++i) {
+        run.values.append(value);
+        if (i > 0 && trials[i].correct != trials[i - 1].correct) {
+            reversals.append(value);
+        }
+        const int stepDb = (reversals.size() < 2 ? 2 : 1) * (trials[i].correct ? -1 : 2);
+        value = std::min(value * std::pow(10.0, stepDb / 20.0), 0.9999);
+    }
+    for (int i = reversals.size() - 8; i < reversals.size(); ++i) {
+        run.threshold += reversals[i] / 8;
+    }
+    return run;
+}
+
+} // namespace
+
+class TestRealSound : public QuietTest {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QVERIFY2(m_server.start(), qPrintable(m_server.errorText())); }
+
+    void everySound_isTheOneComputed_inARunOfNoiseAndDepth()
+    {
+        MainWindow window;
+        window.show();
+        play(window);
+        const PlayedByHand expected = playedByHand(m_trials, 0.5);
+        compareRecords(window, expected);
+        const Data& data = Probe::data(window);
+        QCOMPARE(Probe::labelThreshold(*Probe::subjectWindow(window))->text(),
+            QString("Modulation Threshold = %1 %,   Reaction Time = %2 ms")
+                .arg(QString::number(expected.threshold * 100, 'g', 6),
+                    QString::number(data.meanReactionTime, 'g', 6)));
+        compareFile("modulation depth (%)", data.records, 100.0);
+    }
+
+    void everySound_isTheOneComputed_inARunOfSinusoidAndFrequency()
+    {
+        MainWindow window;
+        window.show();
+        Probe::comboBoxSoundType(window)->setCurrentIndex(sinusoidCarrier);
+        Probe::comboBoxMainParameter(window)->setCurrentIndex(carrierFrequencyParameter);
+        play(window);
+        const PlayedByHand expected = playedByHand(m_trials, 0.05);
+        compareRecords(window, expected);
+        const Data& data = Probe::data(window);
+        QCOMPARE(Probe::labelThreshold(*Probe::subjectWindow(window))->text(),
+            QString("Frequency Difference = %1 Hz,   Reaction Time = %2 ms")
+                .arg(QString::number(expected.threshold * 1000, 'g', 6),
+                    QString::number(data.meanReactionTime, 'g', 6)));
+        compareFile("frequency difference (Hz)", data.records, 1000.0);
+    }
+
+private:
+    void play(MainWindow& window)
+    {
+        Probe::lineEditStdDuration(window)->setText("100");
+        Probe::lineEditDevDuration(window)->setText("80");
+        Probe::lineEditSilentInterval(window)->setText("60");
+        Probe::checkBoxSaveData(window)->setChecked(true);
+        m_path = m_folder.filePath("run.txt");
+        ModalBoxes boxes;
+        boxes.chooseFile(m_path);
+        SoundRecorder recorder(m_server);
+        QVERIFY2(recorder.start(), qPrintable(recorder.errorText()));
+        ScriptedListener listener(window, "ccw");
+        listener.startRun();
+        QTRY_VERIFY_WITH_TIMEOUT(listener.hasFinished(), runTimeoutMs);
+        QTRY_COMPARE(boxes.fileChoices().size(), 1);
+        QCOMPARE(boxes.messages().size(), 0);
+        m_trials = listener.trials();
+        compareRecording(recorder.stop());
+    }
+
+    // Every trial's four sounds stand in the recording one after the other, the deviant at its
+    // place, and all else is silence.
+    void compareRecording(QVector<float> recording)
+    {
+        int from = 0;
+        for (const ScriptedListener::Trial& trial : qAsConst(m_trials)) {
+            const QVector<float> standardSound = singlePrecision(trial.standardSound);
+            const QVector<float> deviantSound = singlePrecision(trial.deviantSound);
+            QCOMPARE(standardSound.size(), 4000);
+            QCOMPARE(deviantSound.size(), 3200);
+            for (int interval = 1; interval <= 4; ++interval) {
+                const auto& sound
+                    = interval == trial.deviantPosition ? deviantSound : standardSound;
+                const int begin = locate(recording, sound, from);
+                QVERIFY2(begin >= from, qPrintable(QString("interval %1").arg(interval)));
+                std::fill_n(recording.begin() + begin, sound.size(), 0.0F);
+                from = begin + sound.size();
+            }
+        }
+        QCOMPARE(recordedSounds(recording, 1).size(), 0);
+    }
+
+    void compareRecords(MainWindow& window, const PlayedByHand& expected)
+    {
+        const QVector<Record>& records = Probe::data(window).records;
+        QCOMPARE(records.size(), m_trials.size());
+        QCOMPARE(Probe::data(window).threshold, expected.threshold);
+        for (int i = 0; i < records.size(); ++i) {
+            QCOMPARE(records[i].value, expected.values[i]);
+            QCOMPARE(records[i].stimulusPosition, m_trials[i].deviantPosition);
+            QCOMPARE(records[i].correctness, m_trials[i].correct);
+            QCOMPARE(
+                records[i].responsePosition == records[i].stimulusPosition, m_trials[i].correct);
+        }
+    }
+
+    void compareFile(const QString& firstColumn, const QVector<Record>& records, double unit)
+    {
+        QString expected = firstColumn
+            + "\tstimulus position\tresponse position\tcorrectness\treaction time (ms)\r\n";
+        for (const Record& record : records) {
+            expected += QString("%1\t%2\t%3\t%4\t%5\r\n")
+                            .arg(QString::number(record.value * unit, 'f', 6))
+                            .arg(record.stimulusPosition)
+                            .arg(record.responsePosition)
+                            .arg(record.correctness ? 1 : 0)
+                            .arg(QString::number(record.reactionTime, 'g', 6));
+        }
+        QFile file(m_path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), expected.toLatin1());
+    }
+
+    SoundServer m_server;
+    QTemporaryDir m_folder;
+    QString m_path;
+    QVector<ScriptedListener::Trial> m_trials;
+};
+
+QTEST_MAIN(TestRealSound)
+#include "tst_real_sound.moc"
