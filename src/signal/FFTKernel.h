@@ -22,7 +22,7 @@ template <class T> struct FFTKernel {
     /// Spectra of blocks of 2^blockBits samples, read in bit-reversed order.
     void (*open)(T* df, const T* x, const qint64* reversed, int bits, int blockBits,
         const FFTTwiddles<T>* passes);
-    /// Combines the blocks of 2^blockBits, which an even number of passes below bits stands in df
-    /// and else in sf, until the spectrum of 2^bits stands in df. Overwrites sf.
+    /// Combines the blocks of 2^blockBits until the spectrum of 2^bits stands in df, two passes a
+    /// step. With an even number of steps the blocks stand in df, else in sf, which is overwritten.
     void (*combine)(T* df, T* sf, int bits, int blockBits, const FFTTwiddles<T>* passes);
 };

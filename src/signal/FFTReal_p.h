@@ -9,6 +9,8 @@
 #include <cmath>
 #include <type_traits>
 
+template <class T> constexpr T fftHalfPi = T(1.570796326794896619231321691639751442L);
+
 /// The fastest kernel that this processor has for a transform of 2^bits samples.
 template <class T> const FFTKernel<T>* fftKernelFor(int bits)
 {
@@ -52,11 +54,10 @@ template <class T> void FFTReal<T>::buildCosines()
     if (_nbr_bits < 4)
         return;
     _cosines = FFTArray<T>((qint64(1) << (_nbr_bits - 1)) - 4);
-    constexpr T halfPi = T(1.570796326794896619231321691639751442L);
     const qint64 count = qint64(1) << (_nbr_bits - 2);
     T* level = &_cosines[count - 4];
     for (qint64 i = 1; i <= count / 2; ++i) {
-        const T angle = T(i) * (halfPi / T(count));
+        const T angle = T(i) * (fftHalfPi<T> / T(count));
         level[i] = std::cos(angle);
         level[count - i] = std::sin(angle);
     }
@@ -74,9 +75,8 @@ template <class T> void FFTReal<T>::buildOscillators()
     if (_nbr_bits <= TRIGO_BD_LIMIT)
         return;
     _oscillators = FFTArray<FFTOscillator<T>>(_nbr_bits - TRIGO_BD_LIMIT);
-    constexpr T halfPi = T(1.570796326794896619231321691639751442L);
     for (qint64 j = 0; j < _oscillators.size(); ++j)
-        _oscillators[j].setStep(halfPi / T(qint64(1) << (TRIGO_BD_LIMIT + j)));
+        _oscillators[j].setStep(fftHalfPi<T> / T(qint64(1) << (TRIGO_BD_LIMIT + j)));
 }
 
 template <class T> const T* FFTReal<T>::levelCosines(int level) const

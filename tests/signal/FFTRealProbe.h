@@ -30,8 +30,8 @@ struct FFTRealProbe {
     }
     static FFTTwiddles<double> run(const Transform& fft, int pass)
     {
-        FFTTwiddles<double> twiddles;
-        fft.addRun(twiddles, pass);
-        return twiddles;
+        FFTTwiddles<double> result;
+        fft.addRun(result, pass);
+        return result;
     }
 };

@@ -275,9 +275,8 @@ private slots:
     {
         for (const std::size_t n : {1U, 2U, 4U, 8U, 2048U, 65536U}) {
             const Samples x = noise(n);
-            const Samples copy = x;
             transformed(x);
-            QVERIFY(x == copy);
+            QVERIFY(x == noise(n));
         }
     }
 
