@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "signal/FFTKernel.h"
 #include "signal/FFTTables.h"
 
 /// @param x positive; any other value stops the program
@@ -49,10 +50,13 @@ private:
     const T* levelCosines(int level) const;
 
     void transformShort(T* f, const T* x) const;
-    void passes0And1(T* df, const T* x) const;
-    void pass2(T* df, const T* sf) const;
-    void passWithTable(T* df, const T* sf, int pass) const;
-    void passWithOscillator(T* df, const T* sf, int pass) const;
+    qint64 displacementRange() const;
+    T* workBlockFor(const T* f) const;
+    int blockBits() const;
+    FFTTwiddles<T> twiddles(int pass) const;
+    void addRun(FFTTwiddles<T>& twiddles, int pass) const;
+    void openBlocks(T* df, const T* x, const FFTTwiddles<T>* passes) const;
+    void combineBlocks(T* df, T* sf, const FFTTwiddles<T>* passes) const;
 
     qint64 _length = 0;
     int _nbr_bits = 0;
@@ -60,6 +64,7 @@ private:
     FFTArray<T> _cosines;
     FFTArray<T> _buffer;
     FFTArray<FFTOscillator<T>> _oscillators;
+    const FFTKernel<T>* _kernel = nullptr;
 };
 
 #include "signal/FFTReal_p.h"

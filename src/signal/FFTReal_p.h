@@ -1,10 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "signal/FFTOpening.h"
 #include "signal/FFTReal.h"
+#include "signal/FFTVectorKernel.h"
 
 #include <algorithm>
-#include <utility>
+#include <cmath>
+#include <type_traits>
+
+template <class T> constexpr T fftHalfPi = T(1.570796326794896619231321691639751442L);
+
+/// The fastest kernel that this processor has for a transform of 2^bits samples.
+template <class T> const FFTKernel<T>* fftKernelFor(int bits)
+{
+    constexpr int fewestVectorBits = 6;
+    if constexpr (std::is_same_v<T, double>)
+        if (bits >= fewestVectorBits && fftVectorKernel() != nullptr)
+            return fftVectorKernel();
+    return &fftKernel<FFTScalarLanes<T>>;
+}
 
 template <class T>
 FFTReal<T>::FFTReal(qint64 length)
@@ -15,7 +30,8 @@ FFTReal<T>::FFTReal(qint64 length)
         ++_nbr_bits;
     QUORIN_CHECK(_nbr_bits <= MAX_BIT_DEPTH, "_nbr_bits <= MAX_BIT_DEPTH");
 
-    _buffer = FFTArray<T>(_length);
+    _kernel = fftKernelFor<T>(_nbr_bits);
+    _buffer = FFTArray<T>(_length + displacementRange());
     buildBitReversal();
     buildCosines();
     buildOscillators();
@@ -32,17 +48,25 @@ template <class T> void FFTReal<T>::buildBitReversal()
             table[filled + i] = table[i] + reversedBit;
 }
 
+// The last level holds every other: a level's entries are every second one of the next.
 template <class T> void FFTReal<T>::buildCosines()
 {
     if (_nbr_bits < 4)
         return;
     _cosines = FFTArray<T>((qint64(1) << (_nbr_bits - 1)) - 4);
-    constexpr T pi = T(3.141592653589793238462643383279502884L);
-    for (int level = 3; level < _nbr_bits; ++level) {
-        const qint64 count = qint64(1) << (level - 1);
-        const T step = pi / T(count * 2);
-        for (qint64 i = 0; i < count; ++i)
-            _cosines[count - 4 + i] = std::cos(T(i) * step);
+    const qint64 count = qint64(1) << (_nbr_bits - 2);
+    T* level = &_cosines[count - 4];
+    for (qint64 i = 1; i <= count / 2; ++i) {
+        const T angle = T(i) * (fftHalfPi<T> / T(count));
+        level[i] = std::cos(angle);
+        level[count - i] = std::sin(angle);
+    }
+    level[0] = T(1);
+    for (qint64 shorter = count / 2; shorter >= 4; shorter /= 2) {
+        const T* const longer = level;
+        level -= shorter;
+        for (qint64 i = 0; i < shorter; ++i)
+            level[i] = longer[2 * i];
     }
 }
 
@@ -51,9 +75,8 @@ template <class T> void FFTReal<T>::buildOscillators()
     if (_nbr_bits <= TRIGO_BD_LIMIT)
         return;
     _oscillators = FFTArray<FFTOscillator<T>>(_nbr_bits - TRIGO_BD_LIMIT);
-    constexpr T halfPi = T(1.570796326794896619231321691639751442L);
     for (qint64 j = 0; j < _oscillators.size(); ++j)
-        _oscillators[j].setStep(halfPi / T(qint64(1) << (TRIGO_BD_LIMIT + j)));
+        _oscillators[j].setStep(fftHalfPi<T> / T(qint64(1) << (TRIGO_BD_LIMIT + j)));
 }
 
 template <class T> const T* FFTReal<T>::levelCosines(int level) const
@@ -73,18 +96,13 @@ template <class T> void FFTReal<T>::do_fft(T* f, const T* x) const
         transformShort(f, x);
         return;
     }
-    T* df = _nbr_bits % 2 == 0 ? f : use_buffer();
-    T* sf = _nbr_bits % 2 == 0 ? use_buffer() : f;
-    passes0And1(df, x);
-    std::swap(df, sf);
-    pass2(df, sf);
-    for (int pass = 3; pass < _nbr_bits; ++pass) {
-        std::swap(df, sf);
-        if (pass <= TRIGO_BD_LIMIT)
-            passWithTable(df, sf, pass);
-        else
-            passWithOscillator(df, sf, pass);
-    }
+    FFTTwiddles<T> passes[MAX_BIT_DEPTH];
+    for (int pass = 3; pass < _nbr_bits; ++pass)
+        passes[pass] = twiddles(pass);
+    const bool evenSteps = (_nbr_bits - blockBits()) / 2 % 2 == 0;
+    T* const work = workBlockFor(f);
+    openBlocks(evenSteps ? f : work, x, passes);
+    combineBlocks(f, work, passes);
 }
 
 // Adding +0 turns a sample of -0 into +0. From there on no sum or difference of zeros gives a real
@@ -107,110 +125,71 @@ template <class T> void FFTReal<T>::transformShort(T* f, const T* x) const
     }
 }
 
-template <class T> void FFTReal<T>::passes0And1(T* df, const T* x) const
+/// How far the N elements that are worked in may be moved within the buffer.
+template <class T> qint64 FFTReal<T>::displacementRange() const
 {
-    QUORIN_CHECK(df != nullptr, "df != 0");
-    QUORIN_CHECK(x != nullptr, "x != 0");
-    QUORIN_CHECK(df != x, "df != x");
-    const qint64* const reversed = _bitReversal.data();
-    for (qint64 i = 0; i < _length; i += 4) {
-        const T a = x[reversed[i]] + T(0);
-        const T c = x[reversed[i + 1]] + T(0);
-        const T d = x[reversed[i + 2]] + T(0);
-        const T e = x[reversed[i + 3]] + T(0);
-        df[i + 1] = a - c;
-        df[i + 3] = d - e;
-        df[i] = (a + c) + (d + e);
-        df[i + 2] = (a + c) - (d + e);
-    }
+    constexpr qint64 cacheWayBytes = 4096;
+    return std::min<qint64>(_length, cacheWayBytes / qint64(sizeof(T)));
 }
 
-template <class T> void FFTReal<T>::pass2(T* df, const T* sf) const
+// A pass reads and writes with strides of large powers of two. With the same address modulo a way
+// of the nearest cache, the output and the work block would drive each other out of it.
+template <class T> T* FFTReal<T>::workBlockFor(const T* f) const
 {
-    QUORIN_CHECK(df != nullptr, "df != 0");
-    QUORIN_CHECK(sf != nullptr, "sf != 0");
-    QUORIN_CHECK(df != sf, "df != sf");
-    constexpr T rootOfHalf = T(0.7071067811865475244008443621048490L);
-    for (qint64 i = 0; i < _length; i += 8) {
-        const T* const even = sf + i;
-        const T* const odd = even + 4;
-        T* const out = df + i;
-        const T v = (odd[1] - odd[3]) * rootOfHalf;
-        const T u = (odd[1] + odd[3]) * rootOfHalf;
-        out[0] = even[0] + odd[0];
-        out[4] = even[0] - odd[0];
-        out[2] = even[2];
-        out[6] = odd[2];
-        out[1] = even[1] + v;
-        out[3] = even[1] - v;
-        out[5] = even[3] + u;
-        out[7] = u - even[3];
-    }
+    const auto place = [](const T* p) { return qint64(reinterpret_cast<quintptr>(p) / sizeof(T)); };
+    const qint64 range = displacementRange();
+    return use_buffer() + ((place(f) - place(use_buffer()) + range / 2) & (range - 1));
 }
 
-// The spectra of the even and of the odd samples, half a group each, give that of the group:
-// X[k] = E[k] + w O[k] and X[half - k] = conj(E[k] - w O[k]) with w = exp(-i pi k / half).
-// Imaginary parts are stored negated.
-template <class T>
-inline void combineCoefficient(T* out, const T* even, qint64 half, qint64 k, T cosine, T sine)
+// The passes above the blocks go in pairs, so the blocks take an odd number out.
+template <class T> int FFTReal<T>::blockBits() const
 {
-    const T* const odd = even + half;
-    const qint64 imaginary = half / 2 + k;
-    const T v = odd[k] * cosine - odd[imaginary] * sine;
-    const T u = odd[imaginary] * cosine + odd[k] * sine;
-    out[k] = even[k] + v;
-    out[half - k] = even[k] - v;
-    out[half + k] = u + even[imaginary];
-    out[2 * half - k] = u - even[imaginary];
+    if (_nbr_bits == 3)
+        return 3;
+    return _nbr_bits % 2 == 0 ? 4 : 5;
 }
 
-/// Coefficients 0 and half / 2, whose twiddles are 1 and -i.
-template <class T> inline void combineEdges(T* out, const T* even, qint64 half)
+template <class T> FFTTwiddles<T> FFTReal<T>::twiddles(int pass) const
 {
-    const T* const odd = even + half;
-    const qint64 quarter = half / 2;
-    out[0] = even[0] + odd[0];
-    out[half] = even[0] - odd[0];
-    out[quarter] = even[quarter];
-    out[half + quarter] = odd[quarter];
-}
-
-template <class T> void FFTReal<T>::passWithTable(T* df, const T* sf, int pass) const
-{
-    QUORIN_CHECK(df != nullptr, "df != 0");
-    QUORIN_CHECK(sf != nullptr, "sf != 0");
-    QUORIN_CHECK(df != sf, "df != sf");
     QUORIN_CHECK(pass >= 3, "pass >= 3");
     QUORIN_CHECK(pass < _nbr_bits, "pass < _nbr_bits");
-    const qint64 half = qint64(1) << pass;
-    const T* const cosines = levelCosines(pass);
-    for (qint64 i = 0; i < _length; i += 2 * half) {
-        combineEdges(df + i, sf + i, half);
-        for (qint64 k = 1; k < half / 2; ++k)
-            combineCoefficient(df + i, sf + i, half, k, cosines[k], cosines[half / 2 - k]);
+    FFTTwiddles<T> result;
+    result.quarter = qint64(1) << (pass - 1);
+    if (pass > TRIGO_BD_LIMIT)
+        addRun(result, pass);
+    else
+        result.seats = levelCosines(pass);
+    return result;
+}
+
+// Turning step by step through a whole group would add up the rounding of thousands of steps. Every
+// fourth coefficient is one of the table's level pass - 2, and the oscillator starts anew from
+// there.
+template <class T> void FFTReal<T>::addRun(FFTTwiddles<T>& twiddles, int pass) const
+{
+    QUORIN_CHECK(pass > TRIGO_BD_LIMIT, "pass > TRIGO_BD_LIMIT");
+    twiddles.turned = true;
+    twiddles.seats = levelCosines(pass - 2);
+    FFTOscillator<T> oscillator = _oscillators[pass - TRIGO_BD_LIMIT - 1];
+    for (int step = 0; step <= FFTTwiddles<T>::seatDistance; ++step) {
+        twiddles.runCosines[step] = oscillator.cosine;
+        twiddles.runSines[step] = oscillator.sine;
+        oscillator.advance();
     }
 }
 
-// Turning step by step would add up the rounding of thousands of steps. Every fourth coefficient is
-// one of the table's level pass - 2, where the oscillator is seated anew.
-template <class T> void FFTReal<T>::passWithOscillator(T* df, const T* sf, int pass) const
+template <class T>
+void FFTReal<T>::openBlocks(T* df, const T* x, const FFTTwiddles<T>* passes) const
+{
+    QUORIN_CHECK(df != nullptr, "df != 0");
+    QUORIN_CHECK(df != x, "df != x");
+    _kernel->open(df, x, _bitReversal.data(), _nbr_bits, blockBits(), passes);
+}
+
+template <class T> void FFTReal<T>::combineBlocks(T* df, T* sf, const FFTTwiddles<T>* passes) const
 {
     QUORIN_CHECK(df != nullptr, "df != 0");
     QUORIN_CHECK(sf != nullptr, "sf != 0");
     QUORIN_CHECK(df != sf, "df != sf");
-    QUORIN_CHECK(pass > TRIGO_BD_LIMIT, "pass > TRIGO_BD_LIMIT");
-    QUORIN_CHECK(pass < _nbr_bits, "pass < _nbr_bits");
-    const qint64 half = qint64(1) << pass;
-    const T* const seats = levelCosines(pass - 2);
-    for (qint64 i = 0; i < _length; i += 2 * half) {
-        FFTOscillator<T> oscillator = _oscillators[pass - TRIGO_BD_LIMIT - 1];
-        combineEdges(df + i, sf + i, half);
-        for (qint64 k = 1; k < half / 2; ++k) {
-            if (k % 4 == 0)
-                oscillator.seat(seats[k / 4], seats[half / 8 - k / 4]);
-            else
-                oscillator.advance();
-            combineCoefficient(df + i, sf + i, half, k, oscillator.cosine, oscillator.sine);
-        }
-    }
+    _kernel->combine(df, sf, _nbr_bits, blockBits(), passes);
 }

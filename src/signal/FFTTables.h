@@ -50,12 +50,6 @@ template <class T> struct FFTOscillator {
         stepCosine = std::cos(angle);
         stepSine = std::sin(angle);
     }
-    /// Continues from an angle given by its cosine and sine.
-    void seat(T seatCosine, T seatSine)
-    {
-        cosine = seatCosine;
-        sine = seatSine;
-    }
     void advance()
     {
         const T turned = cosine * stepCosine - sine * stepSine;

@@ -14,16 +14,24 @@ struct FFTRealProbe {
     {
         return fft._oscillators;
     }
-    static void firstPasses(const Transform& fft, double* df, const double* x)
+    static const FFTKernel<double>* kernel(const Transform& fft) { return fft._kernel; }
+    static void usePlainKernel(Transform& fft) { fft._kernel = &fftKernel<FFTScalarLanes<double>>; }
+    static void openBlocks(const Transform& fft, double* df, const double* x)
     {
-        fft.passes0And1(df, x);
+        fft.openBlocks(df, x, nullptr);
     }
-    static void tablePass(const Transform& fft, double* df, const double* sf, int pass)
+    static void combineBlocks(const Transform& fft, double* df, double* sf)
     {
-        fft.passWithTable(df, sf, pass);
+        fft.combineBlocks(df, sf, nullptr);
     }
-    static void oscillatorPass(const Transform& fft, double* df, const double* sf, int pass)
+    static FFTTwiddles<double> twiddles(const Transform& fft, int pass)
     {
-        fft.passWithOscillator(df, sf, pass);
+        return fft.twiddles(pass);
+    }
+    static FFTTwiddles<double> run(const Transform& fft, int pass)
+    {
+        FFTTwiddles<double> result;
+        fft.addRun(result, pass);
+        return result;
     }
 };

@@ -17,8 +17,7 @@ inline Samples noise(std::size_t n)
     std::mt19937 generator(1);
     std::uniform_real_distribution<double> uniform(-1.0, 1.0);
     Samples x(n);
-    for (double& sample : x)
-        sample = uniform(generator);
+    std::generate(x.begin(), x.end(), [&] { return uniform(generator); });
     return x;
 }
 
@@ -40,7 +39,7 @@ inline Samples impulse(std::size_t n, std::size_t position)
 inline Samples paddedNoise(std::size_t n)
 {
     Samples x = noise(n);
-    std::fill(x.end() - qint64(n / 4), x.end(), 0.0);
+    std::fill(x.end() - std::ptrdiff_t(n / 4), x.end(), 0.0);
     return x;
 }
 

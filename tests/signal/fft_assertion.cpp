@@ -33,14 +33,14 @@ std::map<std::string, std::function<void()>> innerChecks(double* f, double* x)
 {
     static const Transform fft(16);
     return {
-        {"df != x", [=] { Probe::firstPasses(fft, x, x); }},
-        {"df != 0", [=] { Probe::tablePass(fft, nullptr, x, 3); }},
-        {"sf != 0", [=] { Probe::tablePass(fft, f, nullptr, 3); }},
-        {"df != sf", [=] { Probe::tablePass(fft, f, f, 3); }},
-        {"pass >= 3", [=] { Probe::tablePass(fft, f, x, 2); }},
-        {"pass < _nbr_bits", [=] { Probe::tablePass(fft, f, x, 4); }},
-        {"pass > TRIGO_BD_LIMIT", [=] { Probe::oscillatorPass(fft, f, x, 12); }},
-        {"size >= 0", [] { FFTArray<double>(-1); }},
+        {"df != x", [=] { Probe::openBlocks(fft, x, x); }},
+        {"df != 0", [=] { Probe::combineBlocks(fft, nullptr, x); }},
+        {"sf != 0", [=] { Probe::combineBlocks(fft, f, nullptr); }},
+        {"df != sf", [=] { Probe::combineBlocks(fft, f, f); }},
+        {"pass >= 3", [] { Probe::twiddles(fft, 2); }},
+        {"pass < _nbr_bits", [] { Probe::twiddles(fft, 4); }},
+        {"pass > TRIGO_BD_LIMIT", [] { Probe::run(fft, 12); }},
+        {"size >= 0", [] { FFTArray<double>(-1).size(); }},
         {"pos >= 0", [] { FFTArray<double>(4)[-1] = 0.0; }},
         {"pos < _len", [] { FFTArray<double>(4)[4] = 0.0; }},
     };

@@ -31,6 +31,8 @@ void ScriptedListener::hear(int state)
         const bool correct = m_answers[m_trials.size() % m_answers.size()] == 'c';
         m_trials.append({Probe::standardSound(m_window), Probe::deviantSound(m_window),
             Probe::data(m_window).deviantPosition, correct});
+    } else if (state == -1 && m_trials.size() == m_lastTrial) {
+        m_hasFinished = true;
     } else if (state == -1) {
         QTimer::singleShot(0, this, SLOT(answer()));
     }

@@ -26,10 +26,14 @@ public:
     /// @param answers 'c' for a correct answer, 'w' for a wrong one; not empty
     ScriptedListener(MainWindow& window, const QString& answers);
 
+    /// The listener gives no more answers after this many trials.
+    void stopAfter(int nTrials) { m_lastTrial = nTrials; }
+
     /// Presses View, Go and "I am ready".
     void startRun();
 
     const QVector<Trial>& trials() const { return m_trials; }
+    /// Whether the run has ended, or the last trial that gets an answer has been heard.
     bool hasFinished() const { return m_hasFinished; }
 
 private slots:
@@ -41,5 +45,6 @@ private:
     MainWindow& m_window;
     QString m_answers;
     QVector<Trial> m_trials;
+    int m_lastTrial = -1;
     bool m_hasFinished = false;
 };

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FFTBenchmark.h"
+
+#include <fftw3.h>
+
+namespace {
+
+using fftTest::Samples;
+using Complex = std::complex<double>;
+
+// Real to half-complex: out of place, the samples kept, the imaginary parts from the end backwards.
+fftw_plan halfComplexPlan(Samples& x, Samples& f, unsigned effort)
+{
+    return fftw_plan_r2r_1d(
+        int(x.size()), x.data(), f.data(), FFTW_R2HC, effort | FFTW_PRESERVE_INPUT);
+}
+
+// Measuring writes into the samples, and a plan belongs to their address.
+void fillWithNoise(Samples& x)
+{
+    const Samples noise = fftTest::noise(x.size());
+    std::copy(noise.begin(), noise.end(), x.begin());
+}
+
+// The planner's memory of earlier plans is dropped, untimed, before each: no plan profits from a
+// measured one.
+void estimateAndExecute(benchmark::State& state)
+{
+    Samples x = fftTest::noise(lengthOf(state));
+    Samples f(x.size());
+    for (auto _ : state) {
+        state.PauseTiming();
+        fftw_forget_wisdom();
+        state.ResumeTiming();
+        const fftw_plan plan = halfComplexPlan(x, f, FFTW_ESTIMATE);
+        fftw_execute(plan);
+        fftw_destroy_plan(plan);
+        benchmark::ClobberMemory();
+    }
+}
+BENCHMARK(estimateAndExecute)->Name("FFTW/estimate+execute")->Apply(fftLengths);
+
+// The planner remembers the measured plan: only the twiddles are made anew.
+void recallAndExecute(benchmark::State& state)
+{
+    Samples x(lengthOf(state));
+    Samples f(x.size());
+    fftw_destroy_plan(halfComplexPlan(x, f, FFTW_MEASURE));
+    fillWithNoise(x);
+    for (auto _ : state) {
+        const fftw_plan plan = halfComplexPlan(x, f, FFTW_ESTIMATE);
+        fftw_execute(plan);
+        fftw_destroy_plan(plan);
+        benchmark::ClobberMemory();
+    }
+}
+BENCHMARK(recallAndExecute)->Name("FFTW/remembered+execute")->Apply(fftLengths);
+
+void executeMeasured(benchmark::State& state)
+{
+    Samples x(lengthOf(state));
+    Samples f(x.size());
+    const fftw_plan plan = halfComplexPlan(x, f, FFTW_MEASURE);
+    fillWithNoise(x);
+    for (auto _ : state) {
+        fftw_execute(plan);
+        benchmark::ClobberMemory();
+    }
+    countError(state, x, [&f](std::size_t k) {
+        const bool isReal = k == 0 || k == f.size() / 2;
+        return Complex(f[k], isReal ? 0.0 : f[f.size() - k]);
+    });
+    fftw_destroy_plan(plan);
+}
+BENCHMARK(executeMeasured)->Name("FFTW/execute measured")->Apply(fftLengths);
+
+// Real to complex has vector code for which half-complex has none, but another layout.
+void executeMeasuredComplex(benchmark::State& state)
+{
+    const int n = int(state.range(0));
+    Samples x(lengthOf(state));
+    std::vector<Complex> f(x.size() / 2 + 1);
+    auto* const bins = reinterpret_cast<fftw_complex*>(f.data());
+    const fftw_plan plan
+        = fftw_plan_dft_r2c_1d(n, x.data(), bins, FFTW_MEASURE | FFTW_PRESERVE_INPUT);
+    fillWithNoise(x);
+    for (auto _ : state) {
+        fftw_execute(plan);
+        benchmark::ClobberMemory();
+    }
+    countError(state, x, [&f](std::size_t k) { return f[k]; });
+    fftw_destroy_plan(plan);
+}
+BENCHMARK(executeMeasuredComplex)->Name("FFTW/execute measured r2c")->Apply(fftLengths);
+
+} // namespace

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "signal/FFTRealProbe.h"
+#include "signal/FFTTestSignals.h"
+
+#include <QProcess>
+#include <QRegularExpression>
+#include <QtTest>
+
+#include <limits>
+
+using fftTest::noise;
+using fftTest::Samples;
+
+// The angle's own rounding, at most half an epsilon of pi / 2, and the cosine's.
+constexpr double cosineTolerance = std::numeric_limits<double>::epsilon();
+
+class TestFFTTables : public QObject {
+    Q_OBJECT
+
+private slots:
+    void bitReversal_reversesTheBits_ofEveryIndex()
+    {
+        const FFTReal<double> fft(64);
+        QCOMPARE(FFTRealProbe::bitReversal(fft).size(), qint64(64));
+        for (int i = 0; i < 64; ++i) {
+            int reversed = 0;
+            for (int bit = 0; bit < 6; ++bit)
+                reversed |= (i >> bit & 1) << (5 - bit);
+            QCOMPARE(FFTRealProbe::bitReversal(fft)[i], qint64(reversed));
+        }
+    }
+
+    void cosines_areLaidOutByLevel_fromLevelThree()
+    {
+        const FFTReal<double> fft(32768);
+        const FFTArray<double>& cosines = FFTRealProbe::cosines(fft);
+        QCOMPARE(cosines.size(), qint64((1 << 14) - 4));
+        for (int level = 3; level <= 14; ++level) {
+            const qint64 count = 1 << (level - 1);
+            for (qint64 i = 0; i < count; ++i) {
+                const long double angle = std::acos(-1.0L) * i / (2 * count);
+                QVERIFY(
+                    std::abs(double(cosines[count - 4 + i] - std::cos(angle))) <= cosineTolerance);
+            }
+        }
+    }
+
+    void cosines_areAbsent_belowSixteenSamples()
+    {
+        QCOMPARE(FFTRealProbe::cosines(FFTReal<double>(8)).size(), qint64(0));
+        QCOMPARE(FFTRealProbe::cosines(FFTReal<double>(16)).size(), qint64(4));
+    }
+
+    void oscillators_areOneForEachPassAboveTwelve()
+    {
+        QCOMPARE(FFTRealProbe::oscillators(FFTReal<double>(1024)).size(), qint64(0));
+        QCOMPARE(FFTRealProbe::oscillators(FFTReal<double>(4096)).size(), qint64(0));
+        QCOMPARE(FFTRealProbe::oscillators(FFTReal<double>(8192)).size(), qint64(1));
+        const FFTReal<double> fft(65536);
+        QCOMPARE(FFTRealProbe::oscillators(fft).size(), qint64(4));
+        for (int j = 0; j < 4; ++j) {
+            const FFTOscillator<double>& oscillator = FFTRealProbe::oscillators(fft)[j];
+            QCOMPARE(oscillator.cosine, 1.0);
+            QCOMPARE(oscillator.sine, 0.0);
+            QCOMPARE(oscillator.stepCosine, std::cos(M_PI / (8192 << j)));
+            QCOMPARE(oscillator.stepSine, std::sin(M_PI / (8192 << j)));
+        }
+    }
+
+    void oscillator_entersTheSpectrum_from16384SamplesOn()
+    {
+        for (const std::size_t n : {8192U, 16384U}) {
+            const FFTReal<double> fft {qint64(n)};
+            const Samples x = noise(n);
+            Samples before(n);
+            Samples after(n);
+            fft.do_fft(before.data(), x.data());
+            FFTRealProbe::oscillators(fft)[0].setStep(1.0);
+            fft.do_fft(after.data(), x.data());
+            QCOMPARE(before == after, n == 8192);
+        }
+    }
+
+    void misuse_stopsTheProgram_withFileLineAndText_data()
+    {
+        QTest::addColumn<QString>("file");
+        const char* const ofTheTables[] = {"size >= 0", "pos >= 0", "pos < _len"};
+        for (const char* text : ofTheTables)
+            QTest::newRow(text) << "FFTTables.h";
+        QTest::newRow("x > 0") << "FFTReal.h";
+        const char* const ofTheTransform[] = {"FFTReal_is_pow2 (length)",
+            "_nbr_bits <= MAX_BIT_DEPTH", "f != 0", "f != use_buffer ()", "x != 0",
+            "x != use_buffer ()", "x != f", "df != 0", "sf != 0", "df != sf", "df != x",
+            "pass >= 3", "pass < _nbr_bits", "pass > TRIGO_BD_LIMIT"};
+        for (const char* text : ofTheTransform)
+            QTest::newRow(text) << "FFTReal_p.h";
+    }
+    void misuse_stopsTheProgram_withFileLineAndText()
+    {
+        QFETCH(QString, file);
+        const QString text = QTest::currentDataTag();
+        QProcess program;
+        program.start(FFT_ASSERTION_PROGRAM, {text});
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(program.exitStatus(), QProcess::CrashExit);
+        const QRegularExpression line("(^|/)" + QRegularExpression::escape(file)
+            + ":[1-9][0-9]*: check failed: " + QRegularExpression::escape(text) + "\n$");
+        const QString error = QString::fromLocal8Bit(program.readAllStandardError());
+        QVERIFY2(line.match(error).hasMatch(), qPrintable(error));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFFTTables)
+#include "tst_fft_tables.moc"
