@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/TrialRecording.h"
 
-#include "soundlab/RecordedSounds.h"
-
 #include <algorithm>
+#include <cmath>
 #include <functional>
 
 namespace {
@@ -18,19 +17,30 @@ QVector<float> singlePrecision(const QVector<double>& samples)
     return converted;
 }
 
-// Where a sound begins, found by its middle half alone: with no silence between two sounds their
-// ends may overlap in the recording.
-int locateByMiddle(const QVector<float>& recording, const QVector<float>& sound, int from)
+// With no silence between two sounds their ends overlap by the server's blocks, or more when the
+// machine is busy: the sums round, by less than this at sample values up to 1.
+constexpr float overlapTolerance = 1e-6F;
+
+// Where a sound begins in what the earlier sounds leave of the recording: the first place where its
+// first eighth fits, since the next sound may overlap the rest.
+int onset(const QVector<float>& rest, const QVector<float>& sound, int from)
 {
-    const int quarter = sound.size() / 4;
-    const int middle = locate(recording, sound.mid(quarter, sound.size() / 2), from + quarter);
-    return middle < 0 ? -1 : middle - quarter;
+    const int nCompared = sound.size() / 8;
+    for (int begin = from; begin + sound.size() <= rest.size(); ++begin) {
+        const bool fits = std::equal(sound.begin(), sound.begin() + nCompared, rest.begin() + begin,
+            [](float a, float b) { return std::abs(a - b) < overlapTolerance; });
+        if (fits) {
+            return begin;
+        }
+    }
+    return -1;
 }
 
-void addTo(QVector<float>& sum, const QVector<float>& sound, int begin)
+template <typename Operation>
+void combine(QVector<float>& samples, const QVector<float>& sound, int begin, Operation operation)
 {
-    std::transform(
-        sound.begin(), sound.end(), sum.begin() + begin, sum.begin() + begin, std::plus<float>());
+    std::transform(samples.begin() + begin, samples.begin() + begin + sound.size(), sound.begin(),
+        samples.begin() + begin, operation);
 }
 
 } // namespace
@@ -39,6 +49,7 @@ QString differenceFromRecording(
     const QVector<ScriptedListener::Trial>& trials, const QVector<float>& recording)
 {
     QVector<float> sum(recording.size(), 0.0F);
+    QVector<float> rest = recording;
     int from = 0;
     for (int trial = 0; trial < trials.size(); ++trial) {
         const QVector<float> standardSound = singlePrecision(trials[trial].standardSound);
@@ -46,12 +57,13 @@ QString differenceFromRecording(
         for (int interval = 1; interval <= soundsPerTrial; ++interval) {
             const bool isDeviant = interval == trials[trial].deviantPosition;
             const QVector<float>& sound = isDeviant ? deviantSound : standardSound;
-            const int begin = locateByMiddle(recording, sound, from);
-            if (begin < 0 || begin + sound.size() > sum.size()) {
+            const int begin = onset(rest, sound, from);
+            if (begin < 0) {
                 return QString("sound %1 of trial %2 is missing").arg(interval).arg(trial + 1);
             }
-            addTo(sum, sound, begin);
-            from = begin + sound.size() / 2;
+            combine(sum, sound, begin, std::plus<float>());
+            combine(rest, sound, begin, std::minus<float>());
+            from = begin;
         }
     }
     const auto differs = std::mismatch(sum.begin(), sum.end(), recording.begin()).first;
