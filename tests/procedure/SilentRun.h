@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "support/MainWindowProbe.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QString>
+
+/// A window ready for a run of one main parameter, which the test answers by calling the listener's
+/// slot. The sounds are short and the first one is never reached.
+class SilentRun {
+public:
+    using Probe = MainWindowProbe;
+
+    explicit SilentRun(int mainParameter)
+        : data(Probe::data(window))
+    {
+        if (mainParameter == carrierFrequencyParameter) {
+            Probe::comboBoxSoundType(window)->setCurrentIndex(sinusoidCarrier);
+            Probe::comboBoxMainParameter(window)->setCurrentIndex(mainParameter);
+        }
+        Probe::lineEditStdDuration(window)->setText("10");
+        Probe::lineEditDevDuration(window)->setText("10");
+        Probe::lineEditSilentInterval(window)->setText("1000000");
+        Probe::pushButtonView(window)->click();
+    }
+
+    /// "I am ready": starts the first trial.
+    void begin() { window.updateMainwindow(0); }
+
+    /// Answers the trial being played.
+    void answer(bool isCorrect)
+    {
+        const int other = 5 - data.deviantPosition;
+        window.updateMainwindow(isCorrect ? data.deviantPosition : other);
+    }
+
+    /// Starts a run and answers its trials: 'c' is correct, any other character wrong.
+    void play(const QString& answers)
+    {
+        begin();
+        for (const QChar character : answers) {
+            answer(character == 'c');
+        }
+    }
+
+    QString depthField() { return Probe::lineEditDevModDepth(window)->text(); }
+    QString differenceField() { return Probe::lineEditDevFreqDiff(window)->text(); }
+    QString carrierField() { return Probe::lineEditDevCarrierFreq(window)->text(); }
+
+    MainWindow window;
+    Data& data;
+};

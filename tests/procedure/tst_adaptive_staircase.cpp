@@ -1,0 +1,264 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "procedure/Records.h"
+#include "procedure/SilentRun.h"
+#include "support/WindowTest.h"
+
+#include <QSignalSpy>
+#include <QTimer>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QValueAxis>
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+using Values = QVector<double>;
+
+namespace {
+
+constexpr int otherParameter = 2;
+
+} // namespace
+
+class TestAdaptiveStaircase : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void fields_showTheNewDepth_afterAStep_data()
+    {
+        QTest::addColumn<double>("depth");
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("correct: -2 dB") << 0.5 << "c"
+                                        << "39.7164";
+        QTest::newRow("wrong: +4 dB") << 0.5 << "w"
+                                      << "79.2447";
+        QTest::newRow("clipped to full modulation") << 0.9 << "w"
+                                                    << "100.0000";
+        QTest::newRow("no lower bound") << 1e-9 << "c"
+                                        << "0.0000";
+    }
+
+    void fields_showTheNewDepth_afterAStep()
+    {
+        QFETCH(double, depth);
+        QFETCH(QString, answer);
+        QFETCH(QString, shown);
+        SilentRun run(modulationDepthParameter);
+        run.data.md[deviant] = depth;
+        run.play(answer);
+        QCOMPARE(run.depthField(), shown);
+        QCOMPARE(run.differenceField(), QString("0.0000"));
+        QCOMPARE(run.carrierField(), QString("1000.00"));
+    }
+
+    void fields_showTheNewDifferenceAndCarrier_afterAStep_data()
+    {
+        QTest::addColumn<double>("difference");
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<QString>("shownDifference");
+        QTest::addColumn<QString>("shownCarrier");
+        QTest::newRow("correct: -2 dB") << 0.05 << "c"
+                                        << "39.7164"
+                                        << "960.28";
+        QTest::newRow("wrong: +4 dB") << 0.05 << "w"
+                                      << "79.2447"
+                                      << "920.76";
+        QTest::newRow("held above 0 Hz") << 0.9 << "w"
+                                         << "999.9000"
+                                         << "0.10";
+    }
+
+    void fields_showTheNewDifferenceAndCarrier_afterAStep()
+    {
+        QFETCH(double, difference);
+        QFETCH(QString, answer);
+        QFETCH(QString, shownDifference);
+        QFETCH(QString, shownCarrier);
+        SilentRun run(carrierFrequencyParameter);
+        run.data.fd[deviant] = difference;
+        run.play(answer);
+        QCOMPARE(run.differenceField(), shownDifference);
+        QCOMPARE(run.carrierField(), shownCarrier);
+        QCOMPARE(run.depthField(), QString("0.0000"));
+        QCOMPARE(Probe::lineEditStdCarrierFreq(run.window)->text(), QString("1000.00"));
+    }
+
+    void step_changesNothing_forAnyOtherParameter()
+    {
+        SilentRun run(modulationDepthParameter);
+        run.data.mainParameter = otherParameter;
+        run.data.md[deviant] = 0.25;
+        run.data.fd[deviant] = 0.125;
+        run.data.cf[deviant] = 800.0;
+        run.window.updateMD();
+        QCOMPARE(run.data.md[deviant], 0.25);
+        QCOMPARE(run.data.fd[deviant], 0.125);
+        QCOMPARE(run.data.cf[deviant], 800.0);
+        QCOMPARE(run.depthField(), QString("50.0000"));
+        QCOMPARE(run.differenceField(), QString("0.0000"));
+        QCOMPARE(run.carrierField(), QString("1000.00"));
+    }
+
+    void reset_showsTheStartingValues_data()
+    {
+        QTest::addColumn<int>("mainParameter");
+        QTest::addColumn<QString>("depth");
+        QTest::addColumn<QString>("difference");
+        QTest::addColumn<QString>("carrier");
+        QTest::newRow("frequency") << carrierFrequencyParameter << "0.0000"
+                                   << "100.0000"
+                                   << "1900.00";
+        QTest::newRow("depth") << modulationDepthParameter << "50.0000"
+                               << "0.0000"
+                               << "2000.00";
+        QTest::newRow("other: the present values") << otherParameter << "25.0000"
+                                                   << "250.0000"
+                                                   << "1500.25";
+    }
+
+    void reset_showsTheStartingValues()
+    {
+        QFETCH(int, mainParameter);
+        QFETCH(QString, depth);
+        QFETCH(QString, difference);
+        QFETCH(QString, carrier);
+        SilentRun run(modulationDepthParameter);
+        run.data.mainParameter = mainParameter;
+        run.data.md[deviant] = 0.25;
+        run.data.fd[deviant] = 0.125;
+        run.data.cf = {2000.0, 1500.25};
+        run.window.resetMdFdCf();
+        QCOMPARE(run.depthField(), depth);
+        QCOMPARE(run.differenceField(), difference);
+        QCOMPARE(run.carrierField(), carrier);
+    }
+
+    void changingTheMainParameter_resetsTheDeviant()
+    {
+        SilentRun run(carrierFrequencyParameter);
+        QCOMPARE(run.data.md[deviant], 0.0);
+        QCOMPARE(run.data.fd[deviant], 0.05);
+        QCOMPARE(run.data.cf[deviant], 950.0);
+        Probe::comboBoxMainParameter(run.window)->setCurrentIndex(modulationDepthParameter);
+        QCOMPARE(run.data.md[deviant], 0.5);
+        QCOMPARE(run.data.fd[deviant], 0.0);
+        QCOMPARE(run.data.cf[deviant], 1000.0);
+    }
+
+    // What every station finds: whether the step, the sounds, the spectra and the next trial are
+    // there already.
+    void answer_isFollowedByTrendStepSoundsSpectraAndTrial()
+    {
+        SilentRun run(modulationDepthParameter);
+        MainWindow& window = run.window;
+        run.begin();
+        const Values sound = Probe::deviantSound(window);
+        const Values spectrum = Probe::deviantAmplitude(window);
+        QStringList stations;
+        const auto note = [&](const char* station) {
+            stations.append(QString("%1: %2%3%4%5")
+                                .arg(station)
+                                .arg(run.data.md[deviant] != 0.5)
+                                .arg(Probe::deviantSound(window) != sound)
+                                .arg(Probe::deviantAmplitude(window) != spectrum)
+                                .arg(run.data.nTrials == 2));
+        };
+        using QtCharts::QLineSeries;
+        connect(Probe::trendSeries(window), &QLineSeries::pointAdded, [&] { note("trend"); });
+        connect(
+            Probe::lineEditDevModDepth(window), &QLineEdit::textChanged, [&] { note("field"); });
+        connect(Probe::deviantWaveSeries(window), &QLineSeries::pointsReplaced,
+            [&] { note("waveform"); });
+        connect(Probe::deviantSpectrumSeries(window), &QLineSeries::pointsReplaced,
+            [&] { note("spectrum"); });
+        run.answer(true);
+        QCOMPARE(stations,
+            (QStringList {"trend: 0000", "field: 1000", "waveform: 1100", "spectrum: 1110"}));
+        QCOMPARE(run.data.nTrials, 2);
+        QVERIFY(Probe::timerPlay(window)->isActive());
+    }
+
+    void updateAll_addsTheTrialAndGoesOn()
+    {
+        SilentRun run(modulationDepthParameter);
+        run.begin();
+        run.data.records.append(answered(true, 0.5));
+        run.window.updateAll();
+        QCOMPARE(Probe::trendY(run.window), Values {50.0});
+        QCOMPARE(run.depthField(), QString("39.7164"));
+        QCOMPARE(run.data.nTrials, 2);
+    }
+
+    void nothingHappens_withoutTheRecordOfTheTrial_data()
+    {
+        QTest::addColumn<int>("nTrials");
+        QTest::newRow("negative") << -1;
+        QTest::newRow("before the first trial") << 0;
+        QTest::newRow("beyond the records") << 2;
+    }
+
+    void nothingHappens_withoutTheRecordOfTheTrial()
+    {
+        QFETCH(int, nTrials);
+        SilentRun run(modulationDepthParameter);
+        run.data.records = {answered(false)};
+        run.data.nTrials = nTrials;
+        run.window.updateTrend();
+        run.window.updateReversal();
+        QVERIFY(Probe::trendX(run.window).isEmpty());
+        QVERIFY(Probe::trendY(run.window).isEmpty());
+        QCOMPARE(Probe::trendAxisX(run.window)->tickCount(), 2);
+        QCOMPARE(run.data.stepFactor, -1);
+        QCOMPARE(run.data.nTrials, nTrials);
+        QCOMPARE(run.depthField(), QString("50.0000"));
+        QVERIFY(!Probe::timerPlay(run.window)->isActive());
+    }
+
+    void resetTrend_clearsTheRun()
+    {
+        SilentRun run(modulationDepthParameter);
+        run.play("cwcw");
+        run.data.threshold = run.data.meanReactionTime = 1.0;
+        run.data.meanReactionTimeCorrect = run.data.meanReactionTimeIncorrect = 1.0;
+        run.window.resetTrend();
+        QVERIFY(Probe::trendX(run.window).isEmpty());
+        QVERIFY(Probe::trendY(run.window).isEmpty());
+        QCOMPARE(Probe::trendSeries(run.window)->count(), 0);
+        QCOMPARE(Probe::trendYMin(run.window), 0.0);
+        QCOMPARE(Probe::trendYMax(run.window), 100.0);
+        QCOMPARE(Probe::trendAxisY(run.window)->min(), 0.0);
+        QCOMPARE(Probe::trendAxisY(run.window)->max(), 100.0);
+        QCOMPARE(run.data.nTrials, 0);
+        QCOMPARE(run.data.reversals, Values(14, 0.0));
+        QCOMPARE(run.data.reversalCount, 0);
+        QVERIFY(run.data.records.isEmpty());
+        QCOMPARE(run.data.deviantPosition, 0);
+        QCOMPARE(run.data.threshold, 0.0);
+        QCOMPARE(run.data.meanReactionTime, 0.0);
+        QCOMPARE(run.data.meanReactionTimeCorrect, 0.0);
+        QCOMPARE(run.data.meanReactionTimeIncorrect, 0.0);
+    }
+
+    void view_startsANewRun()
+    {
+        SilentRun run(modulationDepthParameter);
+        run.play("cwc");
+        QCOMPARE(run.data.records.size(), 3);
+        Probe::pushButtonView(run.window)->click();
+        QVERIFY(run.data.records.isEmpty());
+        QCOMPARE(run.data.reversalCount, 0);
+        QCOMPARE(Probe::trendSeries(run.window)->count(), 0);
+        QCOMPARE(run.depthField(), QString("50.0000"));
+    }
+
+    void reversals_keepTheirNumber_whenThePanelAsksForFewer()
+    {
+        SilentRun run(modulationDepthParameter);
+        Probe::lineEditNReversals(run.window)->setText("3");
+        Probe::pushButtonView(run.window)->click();
+        QCOMPARE(run.data.nReversals, 3);
+        QCOMPARE(run.data.reversals, Values(14, 0.0));
+    }
+};
+
+QTEST_MAIN(TestAdaptiveStaircase)
+#include "tst_adaptive_staircase.moc"

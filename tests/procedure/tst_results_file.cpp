@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "procedure/SavedRun.h"
+#include "procedure/SilentRun.h"
+#include "support/WindowTest.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QtTest>
+
+#include <cmath>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+constexpr auto unnamedFile = "QFSFileEngine::open: No file name specified";
+
+/// A run that ends at the second answer, if that one is wrong.
+void askForOneReversal(SilentRun& run, bool saveData)
+{
+    Probe::lineEditNReversals(run.window)->setText("1");
+    Probe::checkBoxSaveData(run.window)->setChecked(saveData);
+    Probe::pushButtonView(run.window)->click();
+    Probe::pushButtonGo(run.window)->click();
+}
+
+} // namespace
+
+class TestResultsFile : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void dialog_startsAtTheComposedPath()
+    {
+        announceWarning(QString(unnamedFile));
+        SavedRun run;
+        run.save(QString());
+        QCOMPARE(run.boxes.fileChoices().size(), 1);
+        const ModalBoxes::FileChoice choice = run.boxes.fileChoices().first();
+        QCOMPARE(choice.caption, QString("Save a file"));
+        QCOMPARE(choice.directory, QDir(run.folder.path()).absolutePath());
+        QCOMPARE(choice.fileName, QString("run.txt"));
+        QCOMPARE(choice.nameFilters, (QStringList {"All files (*.*)", "Text files (*.txt)"}));
+        QCOMPARE(choice.selectedNameFilter, QString("Text files (*.txt)"));
+        QCOMPARE(choice.options, QFileDialog::Options(QFileDialog::DontConfirmOverwrite));
+        QCOMPARE(choice.acceptMode, QFileDialog::AcceptSave);
+        QCOMPARE(choice.parent, &run.window);
+    }
+
+    void file_holdsHeaderAndTrials_whenDepthIsAdapted()
+    {
+        SavedRun run;
+        run.save(run.path("depth.txt"));
+        QCOMPARE(SavedRun::contentOf(run.path("depth.txt")), SavedRun::expectedBytes());
+        QCOMPARE(run.names(), QStringList {"depth.txt"});
+        QVERIFY(run.boxes.messages().isEmpty());
+    }
+
+    void file_holdsHeaderAndTrials_whenFrequencyIsAdapted()
+    {
+        SavedRun run;
+        run.data.mainParameter = carrierFrequencyParameter;
+        run.data.cf[standard] = 2000.0;
+        run.save(run.path("frequency.txt"));
+        QCOMPARE(SavedRun::contentOf(run.path("frequency.txt")),
+            QByteArray("frequency difference (Hz)\tstimulus position\tresponse position\t"
+                       "correctness\treaction time (ms)\r\n1000.000000\t2\t2\t1\t734\r\n"
+                       "500.000000\t2\t3\t0\t65\r\n"));
+    }
+
+    void file_isEmpty_forAnyOtherParameter()
+    {
+        SavedRun run;
+        run.data.mainParameter = 2;
+        run.save(run.path("other.txt"));
+        QCOMPARE(SavedRun::contentOf(run.path("other.txt")), QByteArray());
+        QVERIFY(run.boxes.messages().isEmpty());
+    }
+
+    void file_isEmpty_withoutTrials()
+    {
+        SavedRun run;
+        run.data.records.clear();
+        SavedRun::fill(run.path("none.txt"), "an earlier run");
+        run.save(run.path("none.txt"));
+        QCOMPARE(SavedRun::contentOf(run.path("none.txt")), QByteArray());
+        QVERIFY(run.boxes.messages().isEmpty());
+    }
+
+    void fortyTrials_giveFortyOneLines()
+    {
+        SavedRun run;
+        run.data.records = QVector<Record>(40, answered(true, 0.5, 734));
+        run.save(run.path("forty.txt"));
+        const QByteArray content = SavedRun::contentOf(run.path("forty.txt"));
+        QCOMPARE(content.count("\r\n"), 41);
+        QCOMPARE(content.count('\n'), 41);
+        QCOMPARE(content.count('\r'), 41);
+        QVERIFY(content.endsWith("50.000000\t2\t2\t1\t734\r\n"));
+    }
+
+    void longerFile_isReplacedWithoutAQuestion()
+    {
+        SavedRun run;
+        SavedRun::fill(run.path("run.txt"), QByteArray(100000, 'x'));
+        run.save(run.path("run.txt"));
+        QCOMPARE(SavedRun::contentOf(run.path("run.txt")), SavedRun::expectedBytes());
+        QVERIFY(run.boxes.messages().isEmpty());
+        QCOMPARE(run.boxes.fileChoices().size(), 1);
+    }
+
+    void choice_isKeptInTheRecordAlone()
+    {
+        SavedRun run;
+        const QString shownPath = Probe::lineEditFilePath(run.window)->text();
+        const QString shownName = Probe::lineEditFileName(run.window)->text();
+        QDir(run.folder.path()).mkdir("sub");
+        const QString path = run.path("sub/chosen.txt");
+        run.save(path);
+        QCOMPARE(run.data.outputDir, path);
+        QCOMPARE(run.data.fileName, QString("chosen.txt"));
+        QCOMPARE(Probe::lineEditFilePath(run.window)->text(), shownPath);
+        QCOMPARE(Probe::lineEditFileName(run.window)->text(), shownName);
+        run.save(path);
+        QCOMPARE(run.boxes.fileChoices().last().fileName, QString("chosen.txt"));
+        QCOMPARE(SavedRun::contentOf(path), SavedRun::expectedBytes());
+    }
+
+    void panelsPath_isReadAgain_atTheNextView()
+    {
+        SavedRun run;
+        run.save(run.path("chosen.txt"));
+        Probe::lineEditFilePath(run.window)->setText(run.folder.path());
+        Probe::pushButtonView(run.window)->click();
+        QCOMPARE(run.data.outputDir, run.folder.path());
+        QCOMPARE(run.data.fileName, Probe::lineEditFileName(run.window)->text());
+    }
+
+    void file_isWritten_underAnyName_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("blanks") << QString("  my run  ");
+        QTest::newRow("no suffix") << QString("run");
+        QTest::newRow("hidden") << QString(".run");
+        QTest::newRow("dash") << QString("-run");
+        QTest::newRow("patterns") << QString("*?[a]{b}|;&!$#~.txt");
+        QTest::newRow("place markers") << QString("%1 %s %n.txt");
+        QTest::newRow("backslash and apostrophe") << QString("a\\b'c.txt");
+        QTest::newRow("mark-up") << QString("<b>run<&amp;.txt");
+        QTest::newRow("accents") << QString::fromUtf8("g\u00e9n\u00e8re e\u0301.txt");
+        QTest::newRow("other scripts") << QString::fromUtf8("\u5b9f\u9a13 \u05d0\u05d1.txt");
+        QTest::newRow("emoji") << QString::fromUtf8("\U0001F3A7.txt");
+        QTest::newRow("control characters") << QString("a\tb\nc\x01.txt");
+        QTest::newRow("255 bytes") << QString(255, 'x');
+        QTest::newRow("255 bytes in other script") << QString(85, QChar(0x5b9f));
+    }
+
+    void file_isWritten_underAnyName()
+    {
+        QFETCH(QString, name);
+        SavedRun run;
+        run.save(run.path(name));
+        QVERIFY(run.boxes.messages().isEmpty());
+        QCOMPARE(run.names(), QStringList {name});
+        QCOMPARE(SavedRun::contentOf(run.path(name)), SavedRun::expectedBytes());
+        QCOMPARE(run.data.outputDir, run.path(name));
+        QCOMPARE(run.data.fileName, name);
+    }
+
+    void listener_seesTheResult_beforeTheDialogOpens()
+    {
+        SilentRun run(modulationDepthParameter);
+        const QTemporaryDir folder;
+        ModalBoxes boxes;
+        askForOneReversal(run, true);
+        bool isResultVisible = false;
+        boxes.onOpen([&](QWidget*) {
+            isResultVisible = Probe::labelThreshold(*Probe::subjectWindow(run.window))->isVisible();
+        });
+        boxes.chooseFile(folder.filePath("run.txt"));
+        run.play("cw");
+        QCOMPARE(boxes.fileChoices().size(), 1);
+        QVERIFY(isResultVisible);
+        const QList<QByteArray> lines = SavedRun::contentOf(folder.filePath("run.txt")).split('\n');
+        QCOMPARE(lines.size(), 4);
+        QVERIFY(lines[1].startsWith("50.000000\t"));
+        QVERIFY(lines[1].endsWith("\t1\t0\r"));
+        QVERIFY(lines[2].startsWith("39.716412\t"));
+        QVERIFY(lines[2].endsWith("\t0\t0\r"));
+    }
+
+    void nothingIsAsked_whenSavingWasNotAskedFor()
+    {
+        SilentRun run(modulationDepthParameter);
+        ModalBoxes boxes;
+        askForOneReversal(run, false);
+        Probe::checkBoxSaveData(run.window)->setChecked(true);
+        run.play("cw");
+        QVERIFY(std::isfinite(run.data.threshold) && run.data.threshold > 0.0);
+        QVERIFY(boxes.fileChoices().isEmpty());
+    }
+};
+
+QTEST_MAIN(TestResultsFile)
+#include "tst_results_file.moc"
