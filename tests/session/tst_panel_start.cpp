@@ -163,9 +163,9 @@ private slots:
 
     void fields_areWrittenInThisOrder_whenThePanelIsFilled()
     {
+        QStringList written;
         MainWindow window;
         const Data before = Probe::data(window);
-        QStringList written;
         for (QLineEdit* field : window.findChildren<QLineEdit*>()) {
             field->setText("old");
             const auto note = [&written, field] { written.append(field->objectName().mid(8)); };
