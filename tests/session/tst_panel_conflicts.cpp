@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "session/DeviantInThePanel.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
@@ -61,11 +62,8 @@ private slots:
         Probe::data(window).md[deviant] = 0.125;
         Probe::data(window).fd[deviant] = 0.25;
         Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
-        QCOMPARE(Probe::data(window).md[deviant], 0.5);
-        QCOMPARE(Probe::data(window).fd[deviant], 0.0);
-        QCOMPARE(Probe::data(window).cf[deviant], 1000.0);
-        QCOMPARE(textOf(window, "lineEditDevModDepth"), QString("50.0000"));
-        QCOMPARE(textOf(window, "lineEditDevFreqDiff"), QString("0.0000"));
+        QCOMPARE(deviantValues(window), QVector<double>({0.5, 0.0, 1000.0}));
+        QCOMPARE(deviantFields(window), QStringList({"50.0000", "0.0000", "1000.00"}));
     }
 
     void soundType_returnsToSinusoid_whenNoiseMeetsCarrierFrequency()
@@ -153,20 +151,12 @@ private slots:
         MainWindow window;
         type(window, "lineEditStdCarrierFreq", "2000");
         selectSinusoidAndCarrierFrequency(window);
-        const Data& data = Probe::data(window);
-        QCOMPARE(data.mainParameter, 0);
-        QCOMPARE(data.md[deviant], 0.0);
-        QCOMPARE(data.fd[deviant], 0.05);
-        QCOMPARE(data.cf[standard], 1000.0);
-        QCOMPARE(data.cf[deviant], 950.0);
-        QCOMPARE(textOf(window, "lineEditDevModDepth"), QString("0.0000"));
-        QCOMPARE(textOf(window, "lineEditDevFreqDiff"), QString("50.0000"));
-        QCOMPARE(textOf(window, "lineEditDevCarrierFreq"), QString("950.00"));
+        QCOMPARE(Probe::data(window).cf[standard], 1000.0);
+        QCOMPARE(deviantValues(window), QVector<double>({0.0, 0.05, 950.0}));
+        QCOMPARE(deviantFields(window), QStringList({"0.0000", "50.0000", "950.00"}));
         Probe::comboBoxMainParameter(window)->setCurrentIndex(1);
-        QCOMPARE(data.md[deviant], 0.5);
-        QCOMPARE(data.fd[deviant], 0.0);
-        QCOMPARE(data.cf[deviant], 1000.0);
-        QCOMPARE(textOf(window, "lineEditDevCarrierFreq"), QString("1000.00"));
+        QCOMPARE(deviantValues(window), QVector<double>({0.5, 0.0, 1000.0}));
+        QCOMPARE(deviantFields(window), QStringList({"50.0000", "0.0000", "1000.00"}));
     }
 
     void deviant_staysAsItIs_whenAnotherChoiceChanges()

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "session/DeviantInThePanel.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
@@ -174,12 +175,8 @@ private slots:
         type(window, "lineEditDevModDepth", "12");
         type(window, "lineEditDevFreqDiff", "34");
         window.getParameters();
-        QCOMPARE(Probe::data(window).md[deviant], 0.5);
-        QCOMPARE(Probe::data(window).fd[deviant], 0.0);
-        QCOMPARE(Probe::data(window).cf[deviant], 2000.0);
-        QCOMPARE(textOf(window, "lineEditDevModDepth"), QString("50.0000"));
-        QCOMPARE(textOf(window, "lineEditDevFreqDiff"), QString("0.0000"));
-        QCOMPARE(textOf(window, "lineEditDevCarrierFreq"), QString("2000.00"));
+        QCOMPARE(deviantValues(window), QVector<double>({0.5, 0.0, 2000.0}));
+        QCOMPARE(deviantFields(window), QStringList({"50.0000", "0.0000", "2000.00"}));
     }
 
     void deviant_startsFivePercentBelow_whenCarrierFrequencyIsAdapted()
@@ -190,11 +187,8 @@ private slots:
         type(window, "lineEditStdCarrierFreq", "2000");
         type(window, "lineEditDevFreqDiff", "7");
         window.getParameters();
-        QCOMPARE(Probe::data(window).md[deviant], 0.0);
-        QCOMPARE(Probe::data(window).fd[deviant], 0.05);
-        QCOMPARE(Probe::data(window).cf[deviant], 1900.0);
-        QCOMPARE(textOf(window, "lineEditDevFreqDiff"), QString("100.0000"));
-        QCOMPARE(textOf(window, "lineEditDevCarrierFreq"), QString("1900.00"));
+        QCOMPARE(deviantValues(window), QVector<double>({0.0, 0.05, 1900.0}));
+        QCOMPARE(deviantFields(window), QStringList({"0.0000", "100.0000", "1900.00"}));
     }
 
     void standardsFields_areRead_whenResetIsChecked()
