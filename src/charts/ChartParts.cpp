@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "charts/ChartParts.h"
 
+#include "app/WindowParts.h"
+
 #include <QGridLayout>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
@@ -71,7 +73,7 @@ void completeChart(const ChartMembers& members, const ChartSettings& settings, Q
         members.chart = makeChart(members, settings);
     }
     if (members.view == nullptr) {
-        members.view = new QChartView(members.chart);
+        members.view = named(new QChartView(members.chart), members.viewName);
         members.view->setRenderHint(QPainter::Antialiasing);
         grid->addWidget(members.view, settings.row, settings.column, 1, settings.columnSpan);
     }

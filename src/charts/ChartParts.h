@@ -53,6 +53,7 @@ struct ChartMembers {
     QtCharts::QValueAxis*& axisY;
     QtCharts::QChart*& chart;
     QtCharts::QChartView*& view;
+    const char* viewName; ///< the view member's own
 };
 
 /// How a chart looks and its cell in the chart grid.

@@ -19,10 +19,10 @@ void MainWindow::displayFFT()
     standardAmplitudeRange = amplitudeRange(standardAmplitude);
     deviantAmplitudeRange = amplitudeRange(deviantAmplitude);
     showSpectrumChart({standardSpectrumSeries, standardSpectrumAxisX, standardSpectrumAxisY,
-                          standardSpectrumChart, standardSpectrumView},
+                          standardSpectrumChart, standardSpectrumView, "standardSpectrumView"},
         "Amplitude Spectrum (standard)", standard, standardAmplitudeRange);
     showSpectrumChart({deviantSpectrumSeries, deviantSpectrumAxisX, deviantSpectrumAxisY,
-                          deviantSpectrumChart, deviantSpectrumView},
+                          deviantSpectrumChart, deviantSpectrumView, "deviantSpectrumView"},
         "Amplitude Spectrum (Deviant)", deviant, deviantAmplitudeRange);
 }
 

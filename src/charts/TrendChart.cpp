@@ -11,7 +11,7 @@ void MainWindow::displayTrend()
     makeTrendSeries();
     makeTrendAxisX();
     makeOrNameTrendAxisY();
-    completeChart({trendSeries, trendAxisX, trendAxisY, trendChart, trendView},
+    completeChart({trendSeries, trendAxisX, trendAxisY, trendChart, trendView, "trendView"},
         {"Response Trend", fontChartTitle, leastWidth, trendRow, 0, 2}, gridLayoutCharts);
 }
 

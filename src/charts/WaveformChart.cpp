@@ -26,10 +26,10 @@ void MainWindow::displayWav()
     standardRange = amplitudeRange(standardSound);
     deviantRange = amplitudeRange(deviantSound);
     showWaveChart({standardWaveSeries, standardWaveAxisX, standardWaveAxisY, standardWaveChart,
-                      standardWaveView},
+                      standardWaveView, "standardWaveView"},
         "Time Waveform (standard)", standard, standardRange);
-    showWaveChart(
-        {deviantWaveSeries, deviantWaveAxisX, deviantWaveAxisY, deviantWaveChart, deviantWaveView},
+    showWaveChart({deviantWaveSeries, deviantWaveAxisX, deviantWaveAxisY, deviantWaveChart,
+                      deviantWaveView, "deviantWaveView"},
         "Time Waveform (Deviant)", deviant, deviantRange);
 }
 

@@ -1,21 +1,279 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/MainWindowProbe.h"
+#include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
+#include <QComboBox>
+#include <QElapsedTimer>
 #include <QPushButton>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QValueAxis>
 #include <QtTest>
 
 using Probe = MainWindowProbe;
+
+namespace {
+
+// Which of the window, View and Go can be used.
+struct Usable {
+    bool window;
+    bool view;
+    bool go;
+};
+
+Usable usable(MainWindow& window)
+{
+    return {window.isEnabled(), Probe::pushButtonView(window)->isEnabledTo(&window),
+        Probe::pushButtonGo(window)->isEnabledTo(&window)};
+}
+
+bool operator==(const Usable& a, const Usable& b)
+{
+    return a.window == b.window && a.view == b.view && a.go == b.go;
+}
+
+constexpr Usable beforeView = {true, true, false};
+constexpr Usable afterView = {true, true, true};
+constexpr Usable duringARun = {false, true, false};
+
+void leaveTracesOfARun(MainWindow& window)
+{
+    Data& data = Probe::data(window);
+    data.nTrials = 1;
+    data.records.append(Record());
+    data.reversals.fill(0.25);
+    data.reversalCount = 3;
+    data.deviantPosition = 3;
+    data.threshold = 0.1;
+    data.meanReactionTime = 1.0;
+    data.meanReactionTimeCorrect = 2.0;
+    data.meanReactionTimeIncorrect = 3.0;
+    window.updateTrend();
+    Probe::trendYMax(window) = 17.0;
+}
+
+// One right and one wrong answer are the first reversal.
+void answerUntilTheFirstReversal(MainWindow& window)
+{
+    window.updateMainwindow(0);
+    window.updateMainwindow(Probe::data(window).deviantPosition);
+    window.updateMainwindow(5 - Probe::data(window).deviantPosition);
+}
+
+} // namespace
 
 class TestMainWindow : public WindowTest {
     Q_OBJECT
 
 private slots:
-    void go_isDisabled_whenTheWindowOpens()
+    void stimuliSpectraAndCharts_areThere_whenTheWindowOpens()
     {
         MainWindow window;
-        QVERIFY(Probe::pushButtonView(window)->isEnabled());
-        QVERIFY(!Probe::pushButtonGo(window)->isEnabled());
+        QCOMPARE(Probe::standardSound(window).size(), 24000);
+        QCOMPARE(Probe::deviantSound(window).size(), 24000);
+        QCOMPARE(Probe::standardAmplitude(window).size(), 16384);
+        QCOMPARE(Probe::deviantPhase(window).size(), 16384);
+        QCOMPARE(Probe::standardWaveSeries(window)->count(), 2000);
+        QCOMPARE(Probe::deviantSpectrumSeries(window)->count(), 1638);
+        QCOMPARE(Probe::trendSeries(window)->count(), 0);
+        QCOMPARE(Probe::trendAxisY(window)->min(), 0.0);
+        QCOMPARE(Probe::trendAxisY(window)->max(), 100.0);
+    }
+
+    void runsState_isEmpty_whenTheWindowOpens()
+    {
+        MainWindow window;
+        QVERIFY(Probe::subjectWindow(window) == nullptr);
+        QVERIFY(Probe::audioBytes(window) == nullptr);
+        QVERIFY(Probe::audioBuffer(window) == nullptr);
+        QVERIFY(Probe::audioOutput(window) == nullptr);
+        QVERIFY(Probe::trendX(window).isEmpty());
+        QVERIFY(Probe::trendY(window).isEmpty());
+        QCOMPARE(Probe::trendYMin(window), 0.0);
+        QCOMPARE(Probe::trendYMax(window), 100.0);
+    }
+
+    void go_isUsableOnlyAfterView_whenTheWindowOpens()
+    {
+        MainWindow window;
+        QVERIFY(usable(window) == beforeView);
+        type(window, "lineEditSubCode", "AB");
+        Probe::comboBoxSoundType(window)->setCurrentIndex(0);
+        QVERIFY(usable(window) == beforeView);
+        Probe::pushButtonView(window)->click();
+        QVERIFY(usable(window) == afterView);
+        Probe::pushButtonView(window)->click();
+        QVERIFY(usable(window) == afterView);
+    }
+
+    void view_actsOnce_whenClicked()
+    {
+        constexpr int drawsOfANoiseView = 24000 + 24000;
+        MainWindow window;
+        qsrand(1);
+        for (int i = 0; i < drawsOfANoiseView; ++i)
+            qrand();
+        const int next = qrand();
+        qsrand(1);
+        Probe::pushButtonView(window)->click();
+        QCOMPARE(qrand(), next);
+    }
+
+    void view_makesAndShowsTheStimuli_whenThePanelChanged()
+    {
+        MainWindow window;
+        type(window, "lineEditStdDuration", "43");
+        type(window, "lineEditDevDuration", "100");
+        Probe::pushButtonView(window)->click();
+        QCOMPARE(Probe::standardSound(window).size(), 1719);
+        QCOMPARE(Probe::deviantSound(window).size(), 4000);
+        QCOMPARE(Probe::standardWaveSeries(window)->count(), 1719);
+        QCOMPARE(Probe::deviantWaveSeries(window)->count(), 2000);
+        QCOMPARE(Probe::standardWaveAxisX(window)->max(), 1719 / 40000.0 * 1000);
+        QCOMPARE(Probe::deviantWaveAxisX(window)->max(), 50.0);
+    }
+
+    void view_clearsTheRun_whenThereWasOne()
+    {
+        MainWindow window;
+        leaveTracesOfARun(window);
+        QCOMPARE(Probe::trendSeries(window)->count(), 1);
+        Probe::pushButtonView(window)->click();
+        const Data& data = Probe::data(window);
+        QCOMPARE(data.nTrials, 0);
+        QVERIFY(data.records.isEmpty());
+        QCOMPARE(data.reversals, QVector<double>(14, 0.0));
+        QCOMPARE(data.reversalCount, 0);
+        QCOMPARE(data.deviantPosition, 0);
+        QCOMPARE(data.threshold, 0.0);
+        QCOMPARE(data.meanReactionTime, 0.0);
+        QCOMPARE(data.meanReactionTimeCorrect, 0.0);
+        QCOMPARE(data.meanReactionTimeIncorrect, 0.0);
+        QVERIFY(Probe::trendX(window).isEmpty());
+        QVERIFY(Probe::trendY(window).isEmpty());
+        QCOMPARE(Probe::trendYMax(window), 100.0);
+        QCOMPARE(Probe::trendSeries(window)->count(), 0);
+    }
+
+    void view_namesTheTrendsAxis_whenTheMainParameterChanged()
+    {
+        MainWindow window;
+        QCOMPARE(Probe::trendAxisY(window)->titleText(), QString("Modulation Depth (%)"));
+        Probe::comboBoxSoundType(window)->setCurrentIndex(0);
+        Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+        QCOMPARE(Probe::trendAxisY(window)->titleText(), QString("Modulation Depth (%)"));
+        Probe::pushButtonView(window)->click();
+        QCOMPARE(Probe::trendAxisY(window)->titleText(), QString("Frequency difference (Hz)"));
+        Probe::comboBoxMainParameter(window)->setCurrentIndex(1);
+        Probe::pushButtonView(window)->click();
+        QCOMPARE(Probe::trendAxisY(window)->titleText(), QString("Modulation Depth (%)"));
+    }
+
+    void go_disablesTheWindow_whenClicked()
+    {
+        MainWindow window;
+        Probe::pushButtonView(window)->click();
+        Probe::pushButtonGo(window)->click();
+        QVERIFY(usable(window) == duringARun);
+        QCOMPARE(window.findChildren<SubjectWindow*>().size(), 1);
+        QCOMPARE(Probe::subjectWindow(window)->parentWidget(), static_cast<QWidget*>(&window));
+        QVERIFY(Probe::subjectWindow(window)->isVisible());
+        QVERIFY(Probe::subjectWindow(window)->isEnabled());
+    }
+
+    void go_needsViewAgain_whenARunWasAbandoned()
+    {
+        ModalBoxes boxes;
+        MainWindow window;
+        for (int run = 1; run <= 2; ++run) {
+            Probe::pushButtonView(window)->click();
+            Probe::pushButtonGo(window)->click();
+            QVERIFY(Probe::subjectWindow(window)->close());
+            QVERIFY(usable(window) == beforeView);
+            QCOMPARE(window.findChildren<SubjectWindow*>().size(), run);
+        }
+    }
+
+    void go_needsViewAgain_whenARunWasFinished()
+    {
+        ModalBoxes boxes;
+        MainWindow window;
+        type(window, "lineEditNReversals", "1");
+        Probe::pushButtonView(window)->click();
+        Probe::pushButtonGo(window)->click();
+        answerUntilTheFirstReversal(window);
+        QVERIFY(usable(window) == duringARun);
+        Probe::pushButtonDone(*Probe::subjectWindow(window))->click();
+        QVERIFY(usable(window) == beforeView);
+    }
+
+    void window_staysDisabled_whenTheSubjectWindowStays()
+    {
+        ModalBoxes boxes;
+        MainWindow window;
+        Probe::pushButtonView(window)->click();
+        Probe::pushButtonGo(window)->click();
+        boxes.answerNext(QMessageBox::No);
+        QVERIFY(!Probe::subjectWindow(window)->close());
+        QVERIFY(usable(window) == duringARun);
+    }
+
+    void refresh_enablesWindowAndView_whenCalled()
+    {
+        MainWindow window;
+        window.setEnabled(false);
+        Probe::pushButtonView(window)->setEnabled(false);
+        Probe::pushButtonGo(window)->setEnabled(true);
+        window.refreshMainWindow();
+        QVERIFY(usable(window) == beforeView);
+        window.refreshMainWindow();
+        QVERIFY(usable(window) == beforeView);
+    }
+
+    void disableAllComponents_disablesTheWindow_whenCalled()
+    {
+        MainWindow window;
+        Probe::pushButtonView(window)->click();
+        window.disableAllComponents();
+        QVERIFY(!window.isEnabled());
+        QVERIFY(!Probe::pushButtonQuit(window)->isEnabled());
+        window.setEnabled(true);
+        QVERIFY(usable(window) == afterView);
+    }
+
+    void doNothing_changesNothing_whenCalled()
+    {
+        MainWindow window;
+        leaveTracesOfARun(window);
+        Probe::pushButtonGo(window)->setEnabled(true);
+        qsrand(1);
+        const int next = qrand();
+        qsrand(1);
+        QVERIFY(QMetaObject::invokeMethod(&window, "doNothing"));
+        QCOMPARE(qrand(), next);
+        QVERIFY(usable(window) == afterView);
+        QCOMPARE(Probe::data(window).records.size(), 1);
+        QCOMPARE(Probe::trendSeries(window)->count(), 1);
+        QVERIFY(Probe::subjectWindow(window) == nullptr);
+    }
+
+    void stateChanged_isNeverEmitted_whenARunIsPlayed()
+    {
+        MainWindow window;
+        const QSignalSpy states(&window, SIGNAL(stateChanged(QAudio::State)));
+        const QSignalSpy sounds(&window, SIGNAL(soundPlaying(int)));
+        type(window, "lineEditNReversals", "1");
+        Probe::pushButtonView(window)->click();
+        Probe::pushButtonGo(window)->click();
+        QCOMPARE(sounds.count(), 0);
+        window.updateMainwindow(0);
+        window.playOneSound();
+        answerUntilTheFirstReversal(window);
+        QCOMPARE(sounds.count(), 1);
+        QCOMPARE(states.count(), 0);
     }
 };
 

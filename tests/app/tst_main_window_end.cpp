@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/WindowMembers.h"
+#include "support/MainWindowProbe.h"
+#include "support/ModalBoxes.h"
+#include "support/WindowTest.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QWindow>
+#include <QtCharts/QChart>
+#include <QtCharts/QChartView>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QValueAxis>
+#include <QtTest>
+
+#include <memory>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+// The platform's window gets what the title bar's button sends.
+void closeByTitleBar(QWidget& window)
+{
+    QCloseEvent event;
+    QCoreApplication::sendEvent(window.windowHandle(), &event);
+}
+
+void startRun(MainWindow& window)
+{
+    Probe::pushButtonView(window)->click();
+    Probe::pushButtonGo(window)->click();
+}
+
+QVector<NamedObject> chartsAndTimer(MainWindow& window)
+{
+    return {
+        {"standard wave series", Probe::standardWaveSeries(window)},
+        {"standard wave axis x", Probe::standardWaveAxisX(window)},
+        {"standard wave axis y", Probe::standardWaveAxisY(window)},
+        {"standard wave chart", Probe::standardWaveChart(window)},
+        {"standard wave view", Probe::standardWaveView(window)},
+        {"deviant wave series", Probe::deviantWaveSeries(window)},
+        {"deviant wave axis x", Probe::deviantWaveAxisX(window)},
+        {"deviant wave axis y", Probe::deviantWaveAxisY(window)},
+        {"deviant wave chart", Probe::deviantWaveChart(window)},
+        {"deviant wave view", Probe::deviantWaveView(window)},
+        {"standard spectrum series", Probe::standardSpectrumSeries(window)},
+        {"standard spectrum axis x", Probe::standardSpectrumAxisX(window)},
+        {"standard spectrum axis y", Probe::standardSpectrumAxisY(window)},
+        {"standard spectrum chart", Probe::standardSpectrumChart(window)},
+        {"standard spectrum view", Probe::standardSpectrumView(window)},
+        {"deviant spectrum series", Probe::deviantSpectrumSeries(window)},
+        {"deviant spectrum axis x", Probe::deviantSpectrumAxisX(window)},
+        {"deviant spectrum axis y", Probe::deviantSpectrumAxisY(window)},
+        {"deviant spectrum chart", Probe::deviantSpectrumChart(window)},
+        {"deviant spectrum view", Probe::deviantSpectrumView(window)},
+        {"trend series", Probe::trendSeries(window)},
+        {"trend axis x", Probe::trendAxisX(window)},
+        {"trend axis y", Probe::trendAxisY(window)},
+        {"trend chart", Probe::trendChart(window)},
+        {"trend view", Probe::trendView(window)},
+        {"timerPlay", Probe::timerPlay(window)},
+    };
+}
+
+QStringList namesOf(const QVector<NamedObject>& objects)
+{
+    QStringList names;
+    for (const NamedObject& object : objects)
+        names.append(object.first);
+    return names;
+}
+
+// The panel's members as they are declared, but the three choices' boxes right after their labels
+// and the charts' grid before the panel's.
+QStringList panelInOrderOfDeletion(MainWindow& window)
+{
+    QStringList names = namesOf(panelMembers(window));
+    for (const char* box : {"comboBoxMainParameter", "comboBoxSoundType", "comboBoxSesType"}) {
+        names.removeOne(box);
+        names.insert(3, box);
+    }
+    names.move(names.indexOf("gridLayoutCharts"), names.indexOf("gridLayoutParameters"));
+    return names;
+}
+
+} // namespace
+
+class TestMainWindowEnd : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void titleBar_closesTheWindow_whenNoRunIsOn()
+    {
+        MainWindow window;
+        window.show();
+        closeByTitleBar(window);
+        QVERIFY(!window.isVisible());
+    }
+
+    void titleBar_isIgnored_whenARunIsOn()
+    {
+        ModalBoxes boxes;
+        MainWindow window;
+        window.show();
+        startRun(window);
+        closeByTitleBar(window);
+        QVERIFY(window.isVisible());
+        QVERIFY(Probe::subjectWindow(window)->isVisible());
+        QVERIFY(boxes.messages().isEmpty());
+        Probe::subjectWindow(window)->close();
+        closeByTitleBar(window);
+        QVERIFY(!window.isVisible());
+    }
+
+    void close_closesTheWindow_whenCalledDuringARun()
+    {
+        ModalBoxes boxes;
+        MainWindow window;
+        window.show();
+        startRun(window);
+        QVERIFY(window.close());
+        QVERIFY(!window.isVisible());
+        QVERIFY(boxes.messages().isEmpty());
+    }
+
+    void quit_endsTheEventLoop_whenClicked()
+    {
+        MainWindow window;
+        window.show();
+        const QSignalSpy lastClosed(qApp, SIGNAL(lastWindowClosed()));
+        QTimer::singleShot(0, Probe::pushButtonQuit(window), SLOT(click()));
+        QCOMPARE(QApplication::exec(), 0);
+        QCOMPARE(lastClosed.count(), 1);
+        QVERIFY(!window.isVisible());
+    }
+
+    void members_areDeletedInOrder_whenTheWindowIsDestroyed()
+    {
+        QStringList deleted;
+        auto window = std::make_unique<MainWindow>();
+        const QStringList expected
+            = namesOf(chartsAndTimer(*window)) + panelInOrderOfDeletion(*window);
+        for (const NamedObject& object : chartsAndTimer(*window) + panelMembers(*window)) {
+            const QString name(object.first);
+            connect(object.second, &QObject::destroyed, this,
+                [&deleted, name] { deleted.append(name); });
+        }
+        window.reset();
+        QCOMPARE(deleted, expected);
+    }
+
+    void noBoxOpens_whenTheWindowIsDestroyedDuringARun()
+    {
+        ModalBoxes boxes;
+        QPointer<SubjectWindow> subject;
+        {
+            MainWindow window;
+            window.show();
+            startRun(window);
+            subject = Probe::subjectWindow(window);
+            window.updateMainwindow(0);
+            window.playOneSound();
+        }
+        QVERIFY(subject.isNull());
+        QCoreApplication::processEvents();
+        QVERIFY(boxes.messages().isEmpty());
+    }
+
+    void noSlotRuns_whenTheWindowIsDestroyed()
+    {
+        QStringList texts;
+        auto window = std::make_unique<MainWindow>();
+        startRun(*window);
+        Probe::lineEditSubCode(*window)->setFocus();
+        auto* const fileName = Probe::lineEditFileName(*window);
+        connect(fileName, &QLineEdit::textChanged, this,
+            [&texts](const QString& text) { texts.append(text); });
+        auto* const sesType = Probe::comboBoxSesType(*window);
+        connect(Probe::labelSesType(*window), &QObject::destroyed, this,
+            [sesType] { sesType->setCurrentIndex(0); });
+        window.reset();
+        QVERIFY(texts.isEmpty());
+    }
+
+    void window_canBeDestroyed_whenItHasAParent()
+    {
+        auto parent = std::make_unique<QWidget>();
+        const QPointer<MainWindow> window = new MainWindow(parent.get());
+        QCOMPARE(window->parentWidget(), parent.get());
+        parent.reset();
+        QVERIFY(window.isNull());
+    }
+};
+
+QTEST_MAIN(TestMainWindowEnd)
+#include "tst_main_window_end.moc"

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/MainWindowProbe.h"
+#include "support/ModalBoxes.h"
+#include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QtTest>
+
+#include <algorithm>
+#include <cmath>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+bool isFinite(const QVector<double>& sound)
+{
+    return std::all_of(
+        sound.cbegin(), sound.cend(), [](double sample) { return std::isfinite(sample); });
+}
+
+void typeEverywhere(const MainWindow& window, const QStringList& fields, const QString& text)
+{
+    for (const QString& field : fields)
+        type(window, field, text);
+}
+
+} // namespace
+
+class TestViewExtremes : public WindowTest {
+    Q_OBJECT
+
+protected slots:
+    // The charts leave out what they cannot show and say so.
+    void init() override
+    {
+        WindowTest::init();
+        tolerateWarning(QRegularExpression("^Ignored NaN, Inf, or -Inf value\\.$"));
+        tolerateWarning(QRegularExpression("^Attempting to set invalid range for value axis: "));
+    }
+
+private slots:
+    void view_makesWhatItCan_whenFieldsHoldThis_data()
+    {
+        QTest::addColumn<QStringList>("fields");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QVector<int>>("sizes");
+        const QVector<int> usual({24000, 24000});
+        const QVector<int> none({0, 0});
+        const QStringList durations({"lineEditStdDuration", "lineEditDevDuration"});
+        const auto row = [](const char* name, const QStringList& fields, const char* text,
+                             const QVector<int>& sizes) {
+            QTest::newRow(name) << fields << QString(text) << sizes;
+        };
+        row("no durations", durations, "", none);
+        row("negative durations", durations, "-600", none);
+        row("durations that are not a number", durations, "nan", none);
+        row("durations of a sample", durations, "0.025", {1, 1});
+        row("no standard", {"lineEditStdDuration"}, "0", {0, 24000});
+        row("no deviant", {"lineEditDevDuration"}, "0", {24000, 0});
+        row("no rate", {"lineEditSamplingRate"}, "", none);
+        row("negative rate", {"lineEditSamplingRate"}, "-40000", none);
+        row("rate of 1 Hz", {"lineEditSamplingRate"}, "1", none);
+        row("no carriers", {"lineEditStdCarrierFreq", "lineEditDevCarrierFreq"}, "x", usual);
+        row("infinite carriers", {"lineEditStdCarrierFreq", "lineEditDevCarrierFreq"}, "inf",
+            usual);
+        row("no modulation", {"lineEditStdModFreq", "lineEditDevModFreq"}, "", usual);
+        row("depth -100 %", {"lineEditStdModDepth", "lineEditDevModDepth"}, "-100", usual);
+        row("infinite depths", {"lineEditStdModDepth", "lineEditDevModDepth"}, "inf", usual);
+        row("differences no numbers", {"lineEditStdFreqDiff", "lineEditDevFreqDiff"}, "x", usual);
+        row("negative reversals", {"lineEditNReversals"}, "-2147483648", usual);
+        row("most reversals", {"lineEditNReversals"}, "2147483647", usual);
+        row("negative silence", {"lineEditSilentInterval"}, "-1e300", usual);
+    }
+
+    void view_makesWhatItCan_whenFieldsHoldThis()
+    {
+        QFETCH(QStringList, fields);
+        QFETCH(QString, text);
+        QFETCH(QVector<int>, sizes);
+        ModalBoxes boxes;
+        MainWindow window;
+        window.show();
+        Probe::checkBoxResetMdFd(window)->setChecked(false);
+        for (const int soundType : {1, 0}) {
+            Probe::comboBoxSoundType(window)->setCurrentIndex(soundType);
+            typeEverywhere(window, fields, text);
+            Probe::pushButtonView(window)->click();
+            QCOMPARE(QVector<int>(
+                         {Probe::standardSound(window).size(), Probe::deviantSound(window).size()}),
+                sizes);
+            QVERIFY(Probe::pushButtonGo(window)->isEnabled());
+        }
+        QCoreApplication::processEvents();
+        QVERIFY(boxes.messages().isEmpty());
+    }
+
+    void view_isAsAtTheStart_whenTheFieldsAreMendedAgain()
+    {
+        MainWindow window;
+        const QStringList carriers({"lineEditStdCarrierFreq", "lineEditDevCarrierFreq"});
+        const QStringList durations({"lineEditStdDuration", "lineEditDevDuration"});
+        Probe::comboBoxSoundType(window)->setCurrentIndex(0);
+        Probe::pushButtonView(window)->click();
+        const QVector<double> standardBefore = Probe::standardSound(window);
+        const QVector<double> deviantBefore = Probe::deviantSound(window);
+        QVERIFY(isFinite(standardBefore));
+        QVERIFY(isFinite(deviantBefore));
+        typeEverywhere(window, carriers, "nan");
+        typeEverywhere(window, durations, "-1");
+        Probe::pushButtonView(window)->click();
+        typeEverywhere(window, carriers, "1000");
+        typeEverywhere(window, durations, "600");
+        Probe::pushButtonView(window)->click();
+        QCOMPARE(Probe::standardSound(window), standardBefore);
+        QCOMPARE(Probe::deviantSound(window), deviantBefore);
+    }
+};
+
+QTEST_MAIN(TestViewExtremes)
+#include "tst_view_extremes.moc"

@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "session/DeviantInThePanel.h"
+#include "support/MainWindowProbe.h"
+#include "support/ModalBoxes.h"
+#include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
+
+#include <QComboBox>
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+const QString fromSoundType("The sound type 'noise' is incompatible with the internal parameter "
+                            "'carrier frequency'. Sound type will be changed to 'sinusoid'");
+const QString fromMainParameter(
+    "The sound type 'noise' is incompatible with the internal parameter 'carrier frequency'. "
+    "Internal parameter will be changed to 'modulation depth'");
+
+void selectSinusoidAndCarrierFrequency(MainWindow& window)
+{
+    Probe::comboBoxSoundType(window)->setCurrentIndex(0);
+    Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+}
+
+void compareWithConflictBox(
+    const ModalBoxes::Message& message, const QString& text, const MainWindow& window)
+{
+    QCOMPARE(message.title, QString("Conflicting Parameters"));
+    QCOMPARE(message.text, text);
+    QCOMPARE(message.icon, QMessageBox::Warning);
+    QCOMPARE(message.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+    QCOMPARE(message.parent, static_cast<const QWidget*>(&window));
+}
+
+} // namespace
+
+class TestPanelConflicts : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void mainParameter_returnsToDepth_whenCarrierFrequencyMeetsNoise()
+    {
+        ModalBoxes boxes;
+        MainWindow window;
+        Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+        QCOMPARE(boxes.messages().size(), 1);
+        compareWithConflictBox(boxes.messages().constFirst(), fromMainParameter, window);
+        QCOMPARE(Probe::comboBoxMainParameter(window)->currentIndex(), 1);
+        QCOMPARE(Probe::comboBoxSoundType(window)->currentIndex(), 1);
+        QCOMPARE(Probe::data(window).mainParameter, 1);
+        QCOMPARE(Probe::data(window).soundType, 1);
+        QCOMPARE(textOf(window, "lineEditFileName"),
+            QString("SUB001_test001_noise_modulation depth.txt"));
+    }
+
+    void deviant_isAtTheDepthsStart_whenTheMainParameterReturned()
+    {
+        ModalBoxes boxes;
+        MainWindow window;
+        Probe::data(window).md[deviant] = 0.125;
+        Probe::data(window).fd[deviant] = 0.25;
+        Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+        QCOMPARE(deviantValues(window), QVector<double>({0.5, 0.0, 1000.0}));
+        QCOMPARE(deviantFields(window), QStringList({"50.0000", "0.0000", "1000.00"}));
+    }
+
+    void soundType_returnsToSinusoid_whenNoiseMeetsCarrierFrequency()
+    {
+        ModalBoxes boxes;
+        MainWindow window;
+        selectSinusoidAndCarrierFrequency(window);
+        QVERIFY(boxes.messages().isEmpty());
+        Probe::comboBoxSoundType(window)->setCurrentIndex(1);
+        QCOMPARE(boxes.messages().size(), 1);
+        compareWithConflictBox(boxes.messages().constFirst(), fromSoundType, window);
+        QCOMPARE(Probe::comboBoxSoundType(window)->currentIndex(), 0);
+        QCOMPARE(Probe::comboBoxMainParameter(window)->currentIndex(), 0);
+        QCOMPARE(Probe::data(window).soundType, 0);
+        QCOMPARE(Probe::data(window).mainParameter, 0);
+        QCOMPARE(textOf(window, "lineEditFileName"),
+            QString("SUB001_test001_sinusoid_carrier frequency.txt"));
+    }
+
+    void deviant_staysAsItIs_whenTheSoundTypeReturned()
+    {
+        ModalBoxes boxes;
+        MainWindow window;
+        selectSinusoidAndCarrierFrequency(window);
+        Probe::data(window).fd[deviant] = 0.125;
+        Probe::comboBoxSoundType(window)->setCurrentIndex(1);
+        QCOMPARE(Probe::data(window).fd[deviant], 0.125);
+        QCOMPARE(textOf(window, "lineEditDevFreqDiff"), QString("50.0000"));
+    }
+
+    void choice_isStoredAndTheNameOld_whileTheBoxIsOpen()
+    {
+        ModalBoxes boxes;
+        MainWindow window;
+        selectSinusoidAndCarrierFrequency(window);
+        int soundType = -1;
+        int index = -1;
+        QString fileName;
+        boxes.onOpen([&](QWidget*) {
+            soundType = Probe::data(window).soundType;
+            index = Probe::comboBoxSoundType(window)->currentIndex();
+            fileName = textOf(window, "lineEditFileName");
+        });
+        Probe::comboBoxSoundType(window)->setCurrentIndex(1);
+        QCOMPARE(soundType, 1);
+        QCOMPARE(index, 1);
+        QCOMPARE(fileName, QString("SUB001_test001_sinusoid_carrier frequency.txt"));
+    }
+
+    void box_opensAgain_whenTheSameChoiceIsMadeAgain()
+    {
+        ModalBoxes boxes;
+        MainWindow window;
+        Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+        boxes.escapeNext();
+        Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+        QCOMPARE(boxes.messages().size(), 2);
+        compareWithConflictBox(boxes.messages().constLast(), fromMainParameter, window);
+        QCOMPARE(Probe::comboBoxMainParameter(window)->currentIndex(), 1);
+    }
+
+    void box_opensToo_whenTheChoiceIsMadeByKey()
+    {
+        ModalBoxes boxes;
+        MainWindow window;
+        QTest::keyClick(Probe::comboBoxMainParameter(window), Qt::Key_Up);
+        QCOMPARE(boxes.messages().size(), 1);
+        QCOMPARE(Probe::comboBoxMainParameter(window)->currentText(), QString("modulation depth"));
+    }
+
+    void noBoxOpens_whenTheChoicesAgree()
+    {
+        ModalBoxes boxes;
+        MainWindow window;
+        selectSinusoidAndCarrierFrequency(window);
+        Probe::comboBoxMainParameter(window)->setCurrentIndex(1);
+        Probe::comboBoxSoundType(window)->setCurrentIndex(1);
+        Probe::comboBoxSesType(window)->setCurrentIndex(0);
+        QCoreApplication::processEvents();
+        QVERIFY(boxes.messages().isEmpty());
+    }
+
+    void deviant_goesToTheStart_whenTheMainParameterChanges()
+    {
+        MainWindow window;
+        type(window, "lineEditStdCarrierFreq", "2000");
+        selectSinusoidAndCarrierFrequency(window);
+        QCOMPARE(Probe::data(window).cf[standard], 1000.0);
+        QCOMPARE(deviantValues(window), QVector<double>({0.0, 0.05, 950.0}));
+        QCOMPARE(deviantFields(window), QStringList({"0.0000", "50.0000", "950.00"}));
+        Probe::comboBoxMainParameter(window)->setCurrentIndex(1);
+        QCOMPARE(deviantValues(window), QVector<double>({0.5, 0.0, 1000.0}));
+        QCOMPARE(deviantFields(window), QStringList({"50.0000", "0.0000", "1000.00"}));
+    }
+
+    void deviant_staysAsItIs_whenAnotherChoiceChanges()
+    {
+        MainWindow window;
+        Probe::data(window).md[deviant] = 0.125;
+        Probe::comboBoxSoundType(window)->setCurrentIndex(0);
+        Probe::comboBoxSesType(window)->setCurrentIndex(0);
+        type(window, "lineEditSubCode", "AB");
+        type(window, "lineEditSesNum", "2");
+        QCOMPARE(Probe::data(window).md[deviant], 0.125);
+        QCOMPARE(Probe::data(window).soundType, 0);
+        QCOMPARE(Probe::data(window).sesType, 0);
+    }
+
+    void subjectAndSession_areStoredAtOnce_whenTyped()
+    {
+        MainWindow window;
+        type(window, "lineEditSubCode", " A_B ");
+        QCOMPARE(Probe::data(window).subCode, QString(" A_B "));
+        type(window, "lineEditSesNum", "42");
+        QCOMPARE(Probe::data(window).sesNum, 42);
+        type(window, "lineEditSesNum", "42x");
+        QCOMPARE(Probe::data(window).sesNum, 0);
+    }
+
+    void record_keepsTheOldValues_whenOtherFieldsAreTyped()
+    {
+        MainWindow window;
+        type(window, "lineEditStdCarrierFreq", "2000");
+        type(window, "lineEditNReversals", "3");
+        type(window, "lineEditFilePath", "/elsewhere");
+        QCOMPARE(Probe::data(window).cf[standard], 1000.0);
+        QCOMPARE(Probe::data(window).nReversals, 14);
+        QCOMPARE(Probe::data(window).outputDir, Probe::data(window).defaultDir);
+    }
+};
+
+QTEST_MAIN(TestPanelConflicts)
+#include "tst_panel_conflicts.moc"
