@@ -2,6 +2,7 @@
 #include "signal/Spectrum.h"
 #include "support/ExactVectors.h"
 #include "support/MainWindowProbe.h"
+#include "support/Points.h"
 #include "support/WindowTest.h"
 
 #include <QComboBox>
@@ -24,15 +25,6 @@ QVector<double> multiples(double step, int first, int last)
         values.append(step * k);
     }
     return values;
-}
-
-QVector<QPointF> points(const QVector<double>& x, const QVector<double>& y, int n)
-{
-    QVector<QPointF> result;
-    for (int k = 0; k < n; ++k) {
-        result.append(QPointF(x[k], y[k]));
-    }
-    return result;
 }
 
 } // namespace
@@ -193,9 +185,9 @@ private slots:
         takeNewSpectra(window);
         window.updateFFT();
         QCOMPARE(Probe::standardSpectrumPoints(window),
-            points(Probe::frequencyAxis(window), Probe::standardAmplitude(window), 1638));
+            pointsOf(Probe::frequencyAxis(window), Probe::standardAmplitude(window), 1638));
         QCOMPARE(Probe::deviantSpectrumPoints(window),
-            points(Probe::frequencyAxis(window), Probe::deviantAmplitude(window), 1638));
+            pointsOf(Probe::frequencyAxis(window), Probe::deviantAmplitude(window), 1638));
         verifySeriesHoldTheLists(window);
     }
 
@@ -207,10 +199,10 @@ private slots:
         Probe::data(window).nFreqPointsToPlot = {600, 5000};
         window.updateFFT();
         QCOMPARE(Probe::standardSpectrumPoints(window),
-            points(Probe::frequencyAxis(window), Probe::standardAmplitude(window), 600)
+            pointsOf(Probe::frequencyAxis(window), Probe::standardAmplitude(window), 600)
                 + before.mid(600));
         QCOMPARE(Probe::deviantSpectrumPoints(window),
-            points(Probe::frequencyAxis(window), Probe::deviantAmplitude(window), 1638));
+            pointsOf(Probe::frequencyAxis(window), Probe::deviantAmplitude(window), 1638));
         verifySeriesHoldTheLists(window);
     }
 

@@ -2,6 +2,7 @@
 #include "signal/StatedSound.h"
 #include "support/ExactVectors.h"
 #include "support/MainWindowProbe.h"
+#include "support/Points.h"
 #include "support/WindowTest.h"
 
 #include <QLineEdit>
@@ -24,11 +25,7 @@ QVector<double> ramp(int size, double start, double step)
 
 QVector<QPointF> points(const QVector<double>& y, int n)
 {
-    QVector<QPointF> result;
-    for (int k = 0; k < n; ++k) {
-        result.append(QPointF(k / 40000.0 * 1000.0, y[k]));
-    }
-    return result;
+    return pointsOf(statedTimes(n, 40000.0), y, n);
 }
 
 } // namespace
