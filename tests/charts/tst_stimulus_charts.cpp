@@ -211,6 +211,20 @@ private slots:
         verifySpectra(window, {1638, 1638});
     }
 
+    void everyChart_follows_whenATrialIsAnswered()
+    {
+        MainWindow window;
+        window.updateMainwindow(0);
+        for (int answers = 1; answers <= 3; ++answers) {
+            const QVector<QPointF> before = deviantWave(window).series->pointsVector();
+            window.updateMainwindow(2);
+            QVERIFY(deviantWave(window).series->pointsVector() != before);
+            verifyWaveforms(window, {2000, 2000});
+            verifySpectra(window, {1638, 1638});
+            QCOMPARE(trend(window).series->count(), answers);
+        }
+    }
+
 private:
     static void verifyWaveforms(MainWindow& window, const QVector<int>& nPoints)
     {

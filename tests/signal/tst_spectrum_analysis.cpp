@@ -179,6 +179,21 @@ private slots:
         QCOMPARE(Probe::standardSpectrumAxisY(window)->max(), highest);
     }
 
+    void emptySpectra_showMinus1To1_whenTheTransformsAreTooShortForABin()
+    {
+        MainWindow window;
+        Probe::fftLength(window) = {1, 1};
+        window.genFFT();
+        QVERIFY(Probe::standardAmplitude(window).isEmpty());
+        QVERIFY(Probe::deviantPhase(window).isEmpty());
+        QVERIFY(Probe::frequencyAxis(window).isEmpty());
+        window.updateFFT();
+        window.displayFFT();
+        QCOMPARE(Probe::standardAmplitudeRange(window), QVector<double>({-1.0, 1.0}));
+        QCOMPARE(Probe::deviantAmplitudeRange(window), QVector<double>({-1.0, 1.0}));
+        QCOMPARE(Probe::standardSpectrumSeries(window)->count(), 0);
+    }
+
     void points_areOverwrittenInPlace_whenTheSpectraChanged()
     {
         MainWindow window;

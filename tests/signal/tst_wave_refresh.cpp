@@ -76,18 +76,21 @@ private slots:
         QCOMPARE(Probe::deviantWaveSeries(window)->count(), 2400);
     }
 
-    // Reading the panel for a run may ask for more samples than the sound of the last View has.
-    void noPoint_isAddedThatTheSoundDoesNotHave()
+    // Reading the panel for a run may ask for more samples than the sounds of the last View have.
+    void noPoint_isAddedThatTheSoundsDoNotHave()
     {
         MainWindow window;
         Probe::lineEditStdDuration(window)->setText("20.00");
+        Probe::lineEditDevDuration(window)->setText("10.00");
         window.on_pushButtonView_clicked();
-        QCOMPARE(Probe::standardPoints(window).size(), 800);
-        Probe::data(window).nSamples[standard] = 24000;
+        Probe::data(window).nSamples = {24000, 24000};
         window.updateWav();
         QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({2000, 2000}));
         QCOMPARE(Probe::standardPoints(window), points(Probe::standardSound(window), 800));
+        QCOMPARE(Probe::deviantPoints(window), points(Probe::deviantSound(window), 400));
+        QCOMPARE(Probe::timeAxis(window).size(), 800);
         QCOMPARE(Probe::standardWaveAxisX(window)->max(), 50.0);
+        QCOMPARE(Probe::deviantWaveAxisX(window)->max(), 50.0);
     }
 
     void timeAxes_endAtThePlottedCounts()
