@@ -36,8 +36,7 @@ QVector<double> sine(double fs, double duration, double frequency, double amplit
 /// @param amplitude        linear factor
 /// @param carrierPhase     degrees
 /// @param modulatorPhase   degrees
-/// @param normalise        whether the envelope's peak is brought back to the amplitude, by 1 / (1
-/// + m)
+/// @param normalise        whether to multiply by 1 / (m + 1), so that the peak is the amplitude
 QVector<double> sam(double fs, double duration, double fc, double fm, double m, double amplitude,
     double carrierPhase, double modulatorPhase, bool normalise);
 

@@ -9,3 +9,10 @@ void WindowTest::init()
     tolerateWarning(
         QRegularExpression("^Raw audio format not supported by backend, cannot play audio\\.$"));
 }
+
+void WindowTest::tolerateUndefinedChartValues()
+{
+    tolerateWarning(QRegularExpression("^Ignored NaN, Inf, or -Inf value\\.$"));
+    tolerateWarning(QRegularExpression(
+        "^Attempting to set invalid range for value axis: \\[.*(nan|inf).*\\]$"));
+}

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "support/MainWindowProbe.h"
+
+#include <QByteArray>
+#include <QVector>
+#include <QtCharts/QChart>
+#include <QtCharts/QChartView>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QValueAxis>
+#include <QtTest>
+
+/// References to the members of a window that one of its charts is made of.
+struct ChartObjects {
+    QtCharts::QLineSeries*& series;
+    QtCharts::QValueAxis*& axisX;
+    QtCharts::QValueAxis*& axisY;
+    QtCharts::QChart*& chart;
+    QtCharts::QChartView*& view;
+
+    /// The objects themselves, in the order in which they are deleted.
+    QVector<QObject*> objects() const { return {series, axisX, axisY, chart, view}; }
+
+    /// Takes the chart out of the window: deletes its objects and leaves the members null.
+    void remove() const
+    {
+        qDeleteAll(objects());
+        series = nullptr;
+        axisX = nullptr;
+        axisY = nullptr;
+        chart = nullptr;
+        view = nullptr;
+    }
+};
+
+inline ChartObjects standardWave(MainWindow& window)
+{
+    using Probe = MainWindowProbe;
+    return {Probe::standardWaveSeries(window), Probe::standardWaveAxisX(window),
+        Probe::standardWaveAxisY(window), Probe::standardWaveChart(window),
+        Probe::standardWaveView(window)};
+}
+
+inline ChartObjects deviantWave(MainWindow& window)
+{
+    using Probe = MainWindowProbe;
+    return {Probe::deviantWaveSeries(window), Probe::deviantWaveAxisX(window),
+        Probe::deviantWaveAxisY(window), Probe::deviantWaveChart(window),
+        Probe::deviantWaveView(window)};
+}
+
+inline ChartObjects standardSpectrum(MainWindow& window)
+{
+    using Probe = MainWindowProbe;
+    return {Probe::standardSpectrumSeries(window), Probe::standardSpectrumAxisX(window),
+        Probe::standardSpectrumAxisY(window), Probe::standardSpectrumChart(window),
+        Probe::standardSpectrumView(window)};
+}
+
+inline ChartObjects deviantSpectrum(MainWindow& window)
+{
+    using Probe = MainWindowProbe;
+    return {Probe::deviantSpectrumSeries(window), Probe::deviantSpectrumAxisX(window),
+        Probe::deviantSpectrumAxisY(window), Probe::deviantSpectrumChart(window),
+        Probe::deviantSpectrumView(window)};
+}
+
+inline ChartObjects trend(MainWindow& window)
+{
+    using Probe = MainWindowProbe;
+    return {Probe::trendSeries(window), Probe::trendAxisX(window), Probe::trendAxisY(window),
+        Probe::trendChart(window), Probe::trendView(window)};
+}
+
+/// The five charts in the order in which the window deletes them.
+inline QVector<ChartObjects> allCharts(MainWindow& window)
+{
+    return {standardWave(window), deviantWave(window), standardSpectrum(window),
+        deviantSpectrum(window), trend(window)};
+}
+
+/// Fails the test unless an axis runs from min to max.
+inline void verifyRange(const QtCharts::QValueAxis* axis, double min, double max)
+{
+    QCOMPARE(axis->min(), min);
+    QCOMPARE(axis->max(), max);
+}

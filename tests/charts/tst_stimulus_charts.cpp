@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "charts/ChartObjects.h"
+#include "support/ExactVectors.h"
+#include "support/Points.h"
+#include "support/WindowTest.h"
+
+#include <QLineEdit>
+#include <QtTest>
+
+#include <algorithm>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+QVector<double> extremes(QVector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return {values.first(), values.last()};
+}
+
+} // namespace
+
+class TestStimulusCharts : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void waveforms_show50Milliseconds_whenTheWindowOpens()
+    {
+        MainWindow window;
+        verifyWaveforms(window, {2000, 2000});
+        verifyRange(standardWave(window).axisX, 0.0, 50.0);
+        verifyRange(deviantWave(window).axisX, 0.0, 50.0);
+    }
+
+    void waveforms_areReplaced_whenDisplayedAfterNewSounds()
+    {
+        MainWindow window;
+        window.genWav();
+        Probe::data(window).durToPlot = {0.025, 0.01};
+        window.displayWav();
+        QCOMPARE(Probe::standardPoints(window).size(), 1000);
+        QCOMPARE(Probe::deviantPoints(window).size(), 400);
+        verifyWaveforms(window, {1000, 400});
+    }
+
+    void pointsToPlot_areRoundedDownAndLimited_data()
+    {
+        QTest::addColumn<double>("seconds");
+        QTest::addColumn<int>("nPoints");
+        QTest::addColumn<double>("endMs");
+        QTest::newRow("whole") << 0.02 << 800 << 20.0;
+        QTest::newRow("rounded down") << 0.01001 << 400 << 10.0;
+        QTest::newRow("a product that rounds below 1720") << 0.043 << 1719 << 42.975;
+        QTest::newRow("as long as the sound") << 0.6 << 24000 << 600.0;
+        QTest::newRow("longer than the sound") << 5.0 << 24000 << 600.0;
+        QTest::newRow("none") << 0.0 << 0 << 0.0;
+        QTest::newRow("not a number") << qQNaN() << 0 << 0.0;
+    }
+
+    void pointsToPlot_areRoundedDownAndLimited()
+    {
+        QFETCH(double, seconds);
+        QFETCH(int, nPoints);
+        QFETCH(double, endMs);
+        MainWindow window;
+        Probe::data(window).durToPlot = {seconds, seconds};
+        window.updateNPointsToPlot();
+        QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({nPoints, nPoints}));
+        window.genWav();
+        window.displayWav();
+        verifyWaveforms(window, {nPoints, nPoints});
+        verifyRange(standardWave(window).axisX, 0.0, endMs);
+        verifyRange(deviantWave(window).axisX, 0.0, endMs);
+    }
+
+    void pointsToPlot_areCutForEachSoundByItself()
+    {
+        MainWindow window;
+        Probe::data(window).nSamples = {300, 24000};
+        Probe::data(window).durToPlot = {0.05, 0.005};
+        window.updateNPointsToPlot();
+        QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({300, 200}));
+    }
+
+    void pointsToPlot_areNeverMoreThanAChartCanShow()
+    {
+        MainWindow window;
+        Probe::data(window).nSamples = {1 << 23, 100000};
+        Probe::data(window).durToPlot = {1e9, 1e9};
+        window.updateNPointsToPlot();
+        QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({100000, 100000}));
+    }
+
+    void amplitudeRanges_coverTheWholeSounds()
+    {
+        MainWindow window;
+        Probe::standardSound(window)[23999] = 4.0;
+        Probe::deviantSound(window)[12000] = -3.0;
+        window.displayWav();
+        QCOMPARE(standardWave(window).axisY->max(), 4.0);
+        QCOMPARE(deviantWave(window).axisY->min(), -3.0);
+        verifyWaveforms(window, {2000, 2000});
+    }
+
+    void amplitudeAxes_showMinus1To1OverNoTime_whenTheSoundsAreEmpty()
+    {
+        MainWindow window;
+        tolerateUndefinedChartValues(); // the spectra of nothing
+        Probe::lineEditStdDuration(window)->setText("0");
+        Probe::lineEditDevDuration(window)->setText("0");
+        window.on_pushButtonView_clicked();
+        for (const ChartObjects& objects : {standardWave(window), deviantWave(window)}) {
+            QCOMPARE(objects.series->count(), 0);
+            verifyRange(objects.axisX, 0.0, 0.0);
+            verifyRange(objects.axisY, -1.0, 1.0);
+        }
+        QCOMPARE(Probe::standardRange(window), QVector<double>({-1.0, 1.0}));
+        QCOMPARE(Probe::deviantRange(window), QVector<double>({-1.0, 1.0}));
+    }
+
+    void amplitudeAxes_keepTheirRanges_whenTheValuesAreUndefined()
+    {
+        MainWindow window;
+        const double wave = standardWave(window).axisY->max();
+        const double spectrum = standardSpectrum(window).axisY->max();
+        tolerateUndefinedChartValues();
+        Probe::standardSound(window).fill(qQNaN());
+        Probe::standardAmplitude(window).fill(qQNaN());
+        window.displayWav();
+        window.displayFFT();
+        QCOMPARE(standardWave(window).axisY->max(), wave);
+        QCOMPARE(standardSpectrum(window).axisY->max(), spectrum);
+        QVERIFY(areAllNaN(Probe::standardRange(window)));
+        QVERIFY(areAllNaN(Probe::standardAmplitudeRange(window)));
+    }
+
+    void spectra_showTheirFirst1638Bins_whenTheWindowOpens()
+    {
+        MainWindow window;
+        verifySpectra(window, {1638, 1638});
+        verifyRange(standardSpectrum(window).axisX, 0.0, 2000.0);
+        verifyRange(deviantSpectrum(window).axisX, 0.0, 2000.0);
+    }
+
+    void spectra_areReplaced_whenDisplayedAgain()
+    {
+        MainWindow window;
+        window.genWav();
+        window.genFFT();
+        Probe::data(window).nFreqPointsToPlot = {500, 16384};
+        window.displayFFT();
+        QCOMPARE(Probe::standardSpectrumPoints(window).size(), 500);
+        QCOMPARE(Probe::deviantSpectrumPoints(window).size(), 16384);
+        verifySpectra(window, {500, 16384});
+    }
+
+    void frequencyAxes_keepTheRangeOfTheirCreation()
+    {
+        MainWindow window;
+        Probe::data(window).freqToPlot = {500.0, 600.0};
+        window.displayFFT();
+        window.on_pushButtonView_clicked();
+        verifyRange(standardSpectrum(window).axisX, 0.0, 2000.0);
+        verifyRange(deviantSpectrum(window).axisX, 0.0, 2000.0);
+    }
+
+    void frequencyAxes_takeTheirOwnHighestFrequency_whenCreated()
+    {
+        MainWindow window;
+        standardSpectrum(window).remove();
+        deviantSpectrum(window).remove();
+        Probe::data(window).freqToPlot = {500.0, 600.0};
+        window.displayFFT();
+        verifyRange(standardSpectrum(window).axisX, 0.0, 500.0);
+        verifyRange(deviantSpectrum(window).axisX, 0.0, 600.0);
+    }
+
+    void spectrumAmplitudeAxes_span0To1_whenCreatedOverUndefinedSpectra()
+    {
+        MainWindow window;
+        tolerateUndefinedChartValues();
+        standardSpectrum(window).remove();
+        deviantSpectrum(window).remove();
+        Probe::standardAmplitude(window).fill(qQNaN());
+        Probe::deviantAmplitude(window).fill(qQNaN());
+        window.displayFFT();
+        verifyRange(standardSpectrum(window).axisY, 0.0, 1.0);
+        verifyRange(deviantSpectrum(window).axisY, 0.0, 1.0);
+    }
+
+    void amplitudeAxis_hasEqualLimits_whenAllAmplitudesAreEqual()
+    {
+        MainWindow window;
+        Probe::standardAmplitude(window).fill(0.25);
+        Probe::deviantAmplitude(window).fill(0.0);
+        window.displayFFT();
+        verifyRange(standardSpectrum(window).axisY, 0.25, 0.25);
+        verifyRange(deviantSpectrum(window).axisY, 0.0, 0.0);
+        verifySpectra(window, {1638, 1638});
+    }
+
+    void amplitudeRanges_coverTheWholeSpectra()
+    {
+        MainWindow window;
+        Probe::standardAmplitude(window)[16383] = 4.0;
+        Probe::deviantAmplitude(window)[1638] = 5.0;
+        window.displayFFT();
+        QCOMPARE(standardSpectrum(window).axisY->max(), 4.0);
+        QCOMPARE(deviantSpectrum(window).axisY->max(), 5.0);
+        verifySpectra(window, {1638, 1638});
+    }
+
+    void everyChart_follows_whenATrialIsAnswered()
+    {
+        MainWindow window;
+        window.updateMainwindow(0);
+        for (int answers = 1; answers <= 3; ++answers) {
+            const QVector<QPointF> before = deviantWave(window).series->pointsVector();
+            window.updateMainwindow(2);
+            QVERIFY(deviantWave(window).series->pointsVector() != before);
+            verifyWaveforms(window, {2000, 2000});
+            verifySpectra(window, {1638, 1638});
+            QCOMPARE(trend(window).series->count(), answers);
+        }
+    }
+
+private:
+    static void verifyWaveforms(MainWindow& window, const QVector<int>& nPoints)
+    {
+        const QVector<double>& times = Probe::timeAxis(window);
+        verifyChart(standardWave(window), times, Probe::standardSound(window), nPoints[standard]);
+        verifyChart(deviantWave(window), times, Probe::deviantSound(window), nPoints[deviant]);
+        QCOMPARE(Probe::standardRange(window), extremes(Probe::standardSound(window)));
+        QCOMPARE(Probe::deviantRange(window), extremes(Probe::deviantSound(window)));
+    }
+
+    static void verifySpectra(MainWindow& window, const QVector<int>& nPoints)
+    {
+        const QVector<double>& bins = Probe::frequencyAxis(window);
+        const QVector<double>& first = Probe::standardAmplitude(window);
+        const QVector<double>& second = Probe::deviantAmplitude(window);
+        verifyChart(standardSpectrum(window), bins, first, nPoints[standard]);
+        verifyChart(deviantSpectrum(window), bins, second, nPoints[deviant]);
+        QCOMPARE(Probe::standardAmplitudeRange(window), extremes(first));
+        QCOMPARE(Probe::deviantAmplitudeRange(window), extremes(second));
+    }
+
+    static void verifyChart(
+        const ChartObjects& objects, const QVector<double>& x, const QVector<double>& y, int n)
+    {
+        QCOMPARE(objects.series->pointsVector(), pointsOf(x, y, n));
+        verifyRange(objects.axisY, extremes(y)[0], extremes(y)[1]);
+    }
+};
+
+QTEST_MAIN(TestStimulusCharts)
+#include "tst_stimulus_charts.moc"

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "charts/ChartObjects.h"
+#include "support/WindowTest.h"
+
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+const QString depthTitle("Modulation Depth (%)");
+const QString differenceTitle("Frequency difference (Hz)");
+
+// Shows the answer to the next trial on the chart, without playing one.
+void answer(MainWindow& window, double depth)
+{
+    Data& data = Probe::data(window);
+    ++data.nTrials;
+    data.md[deviant] = depth;
+    data.records.append(Record());
+    window.updateTrend();
+}
+
+} // namespace
+
+class TestTrendChart : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void chart_isEmptyFrom0To100_whenTheWindowOpens()
+    {
+        MainWindow window;
+        QCOMPARE(trend(window).series->count(), 0);
+        verifyRange(trend(window).axisY, 0.0, 100.0);
+        QCOMPARE(Probe::trendYMin(window), 0.0);
+        QCOMPARE(Probe::trendYMax(window), 100.0);
+    }
+
+    void verticalTitle_isTheDepthsAtCreationAndFollowsTheParameterLater_data()
+    {
+        QTest::addColumn<int>("mainParameter");
+        QTest::addColumn<QString>("laterTitle");
+        QTest::newRow("carrier frequency") << carrierFrequencyParameter << differenceTitle;
+        QTest::newRow("modulation depth") << modulationDepthParameter << depthTitle;
+        QTest::newRow("neither") << 2 << depthTitle;
+    }
+
+    void verticalTitle_isTheDepthsAtCreationAndFollowsTheParameterLater()
+    {
+        QFETCH(int, mainParameter);
+        QFETCH(QString, laterTitle);
+        MainWindow window;
+        trend(window).remove();
+        Probe::data(window).mainParameter = mainParameter;
+        window.displayTrend();
+        QCOMPARE(trend(window).axisY->titleText(), depthTitle);
+        window.displayTrend();
+        QCOMPARE(trend(window).axisY->titleText(), laterTitle);
+    }
+
+    void verticalTitle_changesBackAndStays_whenTheParameterIsNeither()
+    {
+        MainWindow window;
+        Data& data = Probe::data(window);
+        data.mainParameter = carrierFrequencyParameter;
+        window.displayTrend();
+        data.mainParameter = -1;
+        window.displayTrend();
+        QCOMPARE(trend(window).axisY->titleText(), differenceTitle);
+        data.mainParameter = modulationDepthParameter;
+        window.displayTrend();
+        QCOMPARE(trend(window).axisY->titleText(), depthTitle);
+    }
+
+    void verticalAxis_takesTheKeptLimits_whenCreated()
+    {
+        MainWindow window;
+        trend(window).remove();
+        Probe::trendYMin(window) = 10.0;
+        Probe::trendYMax(window) = 30.0;
+        window.displayTrend();
+        verifyRange(trend(window).axisY, 10.0, 30.0);
+    }
+
+    void display_leavesPointsAndRanges()
+    {
+        MainWindow window;
+        answer(window, 0.5);
+        answer(window, 1.5);
+        window.displayTrend();
+        QCOMPARE(trend(window).series->count(), 2);
+        verifyRange(trend(window).axisX, 0.0, 2.0);
+        verifyRange(trend(window).axisY, 50.0, 150.0);
+    }
+
+    void horizontalAxis_hasATickForEveryTrialAndNoLabels_afterAnswers()
+    {
+        MainWindow window;
+        for (int trials = 1; trials <= 3; ++trials) {
+            answer(window, 0.5);
+            verifyRange(trend(window).axisX, 0.0, trials);
+            QCOMPARE(trend(window).axisX->tickCount(), trials + 1);
+            QCOMPARE(trend(window).axisX->labelFormat(), QString("%g"));
+            QVERIFY(!trend(window).axisX->labelsVisible());
+        }
+    }
+
+    void chart_isEmptyFrom0To100Again_afterAReset()
+    {
+        MainWindow window;
+        answer(window, -0.5);
+        answer(window, 1.5);
+        window.resetTrend();
+        QCOMPARE(trend(window).series->count(), 0);
+        verifyRange(trend(window).axisY, 0.0, 100.0);
+        QCOMPARE(Probe::trendYMin(window), 0.0);
+        QCOMPARE(Probe::trendYMax(window), 100.0);
+    }
+
+    // Qt Charts drops the point that is not a number.
+    void nextAnswer_isShown_whenAnEarlierValueWasUndefined()
+    {
+        MainWindow window;
+        tolerateUndefinedChartValues();
+        answer(window, qQNaN());
+        answer(window, 0.25);
+        answer(window, 0.5);
+        QCOMPARE(trend(window).series->pointsVector(), QVector<QPointF>({{1, 25}, {2, 50}}));
+        QCOMPARE(Probe::trendX(window), QVector<double>({0, 1, 2}));
+        QCOMPARE(Probe::trendY(window).mid(1), QVector<double>({25, 50}));
+        verifyRange(trend(window).axisX, 0.0, 3.0);
+        verifyRange(trend(window).axisY, 0.0, 100.0);
+    }
+};
+
+QTEST_MAIN(TestTrendChart)
+#include "tst_trend_chart.moc"

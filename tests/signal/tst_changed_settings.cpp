@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/MainWindowProbe.h"
+#include "support/WindowTest.h"
+
+#include <QLineEdit>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QValueAxis>
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+
+// What follows a duration or a sampling rate that was changed on the panel, and what stays as the
+// window made it.
+class TestChangedSettings : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void spectrumSizesAndFrequencyAxes_stay_data() { changes(); }
+
+    void spectrumSizesAndFrequencyAxes_stay()
+    {
+        MainWindow window;
+        change(window);
+        QCOMPARE(Probe::fftLength(window), QVector<qint64>({32768, 32768}));
+        QCOMPARE(Probe::data(window).nFreqPointsToPlot, QVector<int>({1638, 1638}));
+        QCOMPARE(Probe::standardSpectrumSeries(window)->count(), 1638);
+        QCOMPARE(Probe::deviantSpectrumSeries(window)->count(), 1638);
+        for (const auto* axis :
+            {Probe::standardSpectrumAxisX(window), Probe::deviantSpectrumAxisX(window)}) {
+            QCOMPARE(axis->min(), 0.0);
+            QCOMPARE(axis->max(), 2000.0);
+        }
+    }
+
+    void transformDurations_followTheRateAlone_data() { changes(); }
+
+    void transformDurations_followTheRateAlone()
+    {
+        MainWindow window;
+        const double fs = change(window);
+        const QVector<double>& duration = Probe::fftDuration(window);
+        const QVector<double>& resolution = Probe::frequencyResolution(window);
+        for (const int i : {standard, deviant}) {
+            QCOMPARE(duration[i], 32768 / fs);
+            QCOMPARE(resolution[i], fs / 32768);
+        }
+        QCOMPARE(Probe::frequencyAxis(window).size(), 16384);
+        QCOMPARE(Probe::frequencyAxis(window)[819], 819 * fs / 32768);
+        QCOMPARE(Probe::frequencyAxis(window).last(), 16383 * fs / 32768);
+        QCOMPARE(Probe::standardSpectrumPoints(window).last().x(), 1637 * fs / 32768);
+    }
+
+    void soundsAndTimes_follow_data() { changes(); }
+
+    void soundsAndTimes_follow()
+    {
+        QFETCH(QVector<int>, nSamples);
+        QFETCH(QVector<int>, nPlotted);
+        MainWindow window;
+        const double fs = change(window);
+        QCOMPARE(Probe::data(window).nSamples, nSamples);
+        QCOMPARE(Probe::standardSound(window).size(), nSamples[standard]);
+        QCOMPARE(Probe::deviantSound(window).size(), nSamples[deviant]);
+        QCOMPARE(Probe::data(window).nPointsToPlot, nPlotted);
+        QCOMPARE(Probe::standardWaveSeries(window)->count(), nPlotted[standard]);
+        QCOMPARE(Probe::deviantWaveSeries(window)->count(), nPlotted[deviant]);
+        QCOMPARE(Probe::standardWaveAxisX(window)->max(), nPlotted[standard] / fs * 1000.0);
+        QCOMPARE(Probe::deviantWaveAxisX(window)->max(), nPlotted[deviant] / fs * 1000.0);
+    }
+
+private:
+    static void changes()
+    {
+        QTest::addColumn<QString>("standardMs");
+        QTest::addColumn<QString>("deviantMs");
+        QTest::addColumn<QString>("rate");
+        QTest::addColumn<QVector<int>>("nSamples");
+        QTest::addColumn<QVector<int>>("nPlotted");
+        QTest::newRow("nothing") << "600"
+                                 << "600"
+                                 << "40000" << QVector<int>({24000, 24000})
+                                 << QVector<int>({2000, 2000});
+        QTest::newRow("durations")
+            << "300"
+            << "1200"
+            << "40000" << QVector<int>({12000, 48000}) << QVector<int>({2000, 2000});
+        QTest::newRow("a duration below the plotted stretch")
+            << "20"
+            << "43"
+            << "40000" << QVector<int>({800, 1719}) << QVector<int>({800, 1719});
+        QTest::newRow("rate") << "600"
+                              << "600"
+                              << "22050" << QVector<int>({13230, 13230})
+                              << QVector<int>({1102, 1102});
+        QTest::newRow("both") << "300"
+                              << "1200"
+                              << "8000" << QVector<int>({2400, 9600}) << QVector<int>({400, 400});
+    }
+
+    // Types the row's settings and presses View; returns the rate.
+    static double change(MainWindow& window)
+    {
+        QFETCH(QString, standardMs);
+        QFETCH(QString, deviantMs);
+        QFETCH(QString, rate);
+        Probe::lineEditStdDuration(window)->setText(standardMs);
+        Probe::lineEditDevDuration(window)->setText(deviantMs);
+        Probe::lineEditSamplingRate(window)->setText(rate);
+        window.on_pushButtonView_clicked();
+        return rate.toDouble();
+    }
+};
+
+QTEST_MAIN(TestChangedSettings)
+#include "tst_changed_settings.moc"

@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "signal/StatedSound.h"
+#include "support/ExactVectors.h"
+#include "support/MainWindowProbe.h"
+#include "support/Points.h"
+#include "support/WindowTest.h"
+
+#include <QLineEdit>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QValueAxis>
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+QVector<double> ramp(int size, double start, double step)
+{
+    QVector<double> samples(size);
+    for (int k = 0; k < size; ++k) {
+        samples[k] = start + k * step;
+    }
+    return samples;
+}
+
+QVector<QPointF> points(const QVector<double>& y, int n)
+{
+    return pointsOf(statedTimes(n, 40000.0), y, n);
+}
+
+} // namespace
+
+class TestWaveRefresh : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void points_areOverwrittenInPlace_whenTheSoundsChanged()
+    {
+        MainWindow window;
+        takeNewSounds(window);
+        window.updateWav();
+        QCOMPARE(Probe::standardPoints(window), points(Probe::standardSound(window), 2000));
+        QCOMPARE(Probe::deviantPoints(window), points(Probe::deviantSound(window), 2000));
+        QCOMPARE(Probe::standardWaveSeries(window)->pointsVector(), Probe::standardPoints(window));
+        QCOMPARE(Probe::deviantWaveSeries(window)->pointsVector(), Probe::deviantPoints(window));
+    }
+
+    void lists_keepTheirLengthAndTails_whenFewerPointsArePlotted()
+    {
+        MainWindow window;
+        const QVector<QPointF> oldStandard = Probe::standardPoints(window);
+        const QVector<QPointF> oldDeviant = Probe::deviantPoints(window);
+        takeNewSounds(window);
+        Probe::data(window).durToPlot = {0.025, 0.01};
+        window.updateWav();
+        QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({1000, 400}));
+        QCOMPARE(Probe::standardPoints(window),
+            points(Probe::standardSound(window), 1000) + oldStandard.mid(1000));
+        QCOMPARE(Probe::deviantPoints(window),
+            points(Probe::deviantSound(window), 400) + oldDeviant.mid(400));
+        QCOMPARE(Probe::standardWaveSeries(window)->pointsVector(), Probe::standardPoints(window));
+        QCOMPARE(Probe::deviantWaveSeries(window)->count(), 2000);
+        QCOMPARE(Probe::timeAxis(window).size(), 2000);
+    }
+
+    void listsAndTimes_areLengthened_whenMorePointsArePlotted()
+    {
+        MainWindow window;
+        takeNewSounds(window);
+        Probe::data(window).durToPlot = {0.1, 0.06};
+        window.updateWav();
+        QCOMPARE(Probe::standardPoints(window), points(Probe::standardSound(window), 4000));
+        QCOMPARE(Probe::deviantPoints(window), points(Probe::deviantSound(window), 2400));
+        QCOMPARE(firstDifference(Probe::timeAxis(window), statedTimes(4000, 40000.0)), -1);
+        QCOMPARE(Probe::standardWaveSeries(window)->count(), 4000);
+        QCOMPARE(Probe::deviantWaveSeries(window)->count(), 2400);
+    }
+
+    // Reading the panel for a run may ask for more samples than the sounds of the last View have.
+    void noPoint_isAddedThatTheSoundsDoNotHave()
+    {
+        MainWindow window;
+        Probe::lineEditStdDuration(window)->setText("20.00");
+        Probe::lineEditDevDuration(window)->setText("10.00");
+        window.on_pushButtonView_clicked();
+        Probe::data(window).nSamples = {24000, 24000};
+        window.updateWav();
+        QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({2000, 2000}));
+        QCOMPARE(Probe::standardPoints(window), points(Probe::standardSound(window), 800));
+        QCOMPARE(Probe::deviantPoints(window), points(Probe::deviantSound(window), 400));
+        QCOMPARE(Probe::timeAxis(window).size(), 800);
+        QCOMPARE(Probe::standardWaveAxisX(window)->max(), 50.0);
+        QCOMPARE(Probe::deviantWaveAxisX(window)->max(), 50.0);
+    }
+
+    void timeAxes_endAtThePlottedCounts()
+    {
+        MainWindow window;
+        Probe::data(window).durToPlot = {0.0250249, 0.7};
+        window.updateWav();
+        QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({1000, 24000}));
+        QCOMPARE(Probe::standardWaveAxisX(window)->min(), 0.0);
+        QCOMPARE(Probe::standardWaveAxisX(window)->max(), 25.0);
+        QCOMPARE(Probe::deviantWaveAxisX(window)->min(), 0.0);
+        QCOMPARE(Probe::deviantWaveAxisX(window)->max(), 600.0);
+    }
+
+    void ranges_coverTheWholeSounds_notOnlyThePlottedPart()
+    {
+        MainWindow window;
+        takeNewSounds(window);
+        Probe::standardSound(window)[20000] = 5.0;
+        Probe::standardSound(window)[23999] = -6.0;
+        Probe::deviantSound(window)[2000] = 7.0;
+        Probe::deviantSound(window)[2001] = -8.0;
+        window.updateWav();
+        verifyRanges(window, {-6.0, 5.0}, {-8.0, 7.0});
+    }
+
+    void emptySounds_keepTheListsAndShowMinus1To1()
+    {
+        MainWindow window;
+        const QVector<QPointF> before = Probe::standardPoints(window);
+        emptySounds(window, 0);
+        window.updateWav();
+        QCOMPARE(Probe::standardPoints(window), before);
+        QCOMPARE(Probe::deviantWaveSeries(window)->count(), 2000);
+        verifyRanges(window, {-1.0, 1.0}, {-1.0, 1.0});
+        QCOMPARE(Probe::standardWaveAxisX(window)->max(), 0.0);
+        QCOMPARE(Probe::deviantWaveAxisX(window)->max(), 0.0);
+    }
+
+    // A time axis that would end before 0 is refused by Qt Charts.
+    void timeAxes_keepTheirRange_whenTheCountsAreNegative()
+    {
+        MainWindow window;
+        emptySounds(window, -100);
+        window.updateWav();
+        QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({-100, -100}));
+        QCOMPARE(Probe::standardWaveAxisX(window)->max(), 50.0);
+        verifyRanges(window, {-1.0, 1.0}, {-1.0, 1.0});
+    }
+
+    void axes_keepTheirRange_whenTheStandardIsUndefined()
+    {
+        MainWindow window;
+        takeNewSounds(window);
+        window.updateWav();
+        const double lowest = Probe::standardWaveAxisY(window)->min();
+        const double highest = Probe::standardWaveAxisY(window)->max();
+        tolerateUndefinedChartValues();
+        Probe::standardSound(window).fill(qQNaN());
+        window.updateWav();
+        QCOMPARE(Probe::standardWaveAxisY(window)->min(), lowest);
+        QCOMPARE(Probe::standardWaveAxisY(window)->max(), highest);
+        QVERIFY(areAllNaN(Probe::standardRange(window)));
+    }
+
+private:
+    static void takeNewSounds(MainWindow& window)
+    {
+        Probe::standardSound(window) = ramp(24000, -1.0, 1.0 / 16384);
+        Probe::deviantSound(window) = ramp(24000, 0.75, -1.0 / 32768);
+    }
+
+    static void emptySounds(MainWindow& window, int nSamples)
+    {
+        Probe::data(window).nSamples = {nSamples, nSamples};
+        Probe::standardSound(window).clear();
+        Probe::deviantSound(window).clear();
+    }
+
+    static void verifyRanges(
+        MainWindow& window, const QVector<double>& first, const QVector<double>& second)
+    {
+        QCOMPARE(Probe::standardRange(window), first);
+        QCOMPARE(Probe::standardWaveAxisY(window)->min(), first[0]);
+        QCOMPARE(Probe::standardWaveAxisY(window)->max(), first[1]);
+        QCOMPARE(Probe::deviantRange(window), second);
+        QCOMPARE(Probe::deviantWaveAxisY(window)->min(), second[0]);
+        QCOMPARE(Probe::deviantWaveAxisY(window)->max(), second[1]);
+    }
+};
+
+QTEST_MAIN(TestWaveRefresh)
+#include "tst_wave_refresh.moc"
