@@ -4,8 +4,6 @@
 #include "app/WindowParts.h"
 #include "session/OutputFileName.h"
 
-#include <QAudioOutput>
-#include <QBuffer>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -76,13 +74,9 @@ MainWindow::MainWindow(QWidget* parent)
     , centralWidget(named(new QWidget, "centralWidget"))
     , trendYMin(0.0)
     , trendYMax(100.0)
-    , standardRange(2, 0.0)
-    , deviantRange(2, 0.0)
     , fftLength({1024, 1024})
     , fftDuration({0.6, 0.6})
     , frequencyResolution({1.0 / fftDuration[standard], 1.0 / fftDuration[deviant]})
-    , standardAmplitudeRange(2, 0.0)
-    , deviantAmplitudeRange(2, 0.0)
     , windowSelector(0)
     , standardWaveSeries(nullptr)
     , standardWaveAxisX(nullptr)
@@ -132,16 +126,17 @@ MainWindow::MainWindow(QWidget* parent)
     displayTrend();
 }
 
-// Nothing may call back while the members go one by one: sounds are silenced and connections cut
-// first. The subject windows and the sounds' outputs are children and end with the window.
+// Nothing may call back while the members go one by one: connections are cut first, and a sound
+// that still plays goes while the window is whole, since its backend runs the event loop as it
+// goes. The subject windows are children and end with the window.
 MainWindow::~MainWindow()
 {
     timerPlay->stop();
-    silenceAllSounds();
     const QList<QObject*> children = findChildren<QObject*>();
     for (QObject* child : children) {
         child->disconnect(this);
     }
+    deleteAllSounds();
     deleteCharts();
     deleteAndNull(timerPlay);
     deleteAndNull(timerReaction);

@@ -78,9 +78,12 @@ public slots:
     void updateMainwindow(int response);
     /// A tick of the pacing timer: starts the next sound of the trial.
     void playOneSound();
+    /// Connected to nothing.
     void doNothing();
     /// The end of a sound, or its failure.
     void handleStateChanged(QAudio::State state);
+    // What changes of the choices and names do at once; a combination of noise and an adapted
+    // carrier frequency is met with a warning and taken back.
     void on_comboBoxSesType_currentIndexChanged(int index);
     void on_comboBoxSoundType_currentIndexChanged(int index);
     void on_comboBoxMainParameter_currentIndexChanged(int index);
@@ -91,9 +94,11 @@ public slots:
 
 public:
     // app/MainWindow.cpp
+    /// Disables the whole window; nothing in the program calls it.
     void disableAllComponents();
 
     // app/MainWindowLayout.cpp
+    /// Places the widgets and sets sizes, title and alignments.
     void setupGUIMainWindow();
     /// The window's geometry on the primary screen; see windowRectangle.
     void centerAndResizeMainWindow(bool center, double widthPart, double heightPart);
@@ -145,6 +150,7 @@ public:
     void resetTrend();
 
     // procedure/ThresholdAndResults.cpp
+    /// Fills the record's threshold and mean reaction times.
     void computeResults();
 
     // procedure/ResultsFile.cpp
@@ -155,12 +161,15 @@ public:
     // charts/WaveformChart.cpp
     /// How many samples of each sound the charts show.
     void updateNPointsToPlot();
+    /// Shows both waveforms; makes their charts on the first call.
     void displayWav();
 
     // charts/SpectrumChart.cpp
+    /// Shows both spectra; makes their charts on the first call.
     void displayFFT();
 
     // charts/TrendChart.cpp
+    /// Makes the trend chart on the first call; later ones name its vertical axis.
     void displayTrend();
 
 protected:
@@ -193,7 +202,7 @@ private:
     void handleSoundAside(QAudioOutput* output, QAudio::State state);
     void release(const Sound& sound);
     static void silence(const Sound& sound);
-    void silenceAllSounds();
+    void deleteAllSounds();
     void startReactionTimer();
 
     // session/ParameterPanel.cpp
@@ -226,8 +235,7 @@ private:
     void makeTrendAxisX();
     void makeOrNameTrendAxisY();
 
-    // --- Widgets of the parameter panel
-    // -----------------------------------------------------------
+    // --- Widgets of the parameter panel ---
     QLabel* labelSesType;
     QLabel* labelSoundType;
     QLabel* labelMainParameter;
@@ -281,8 +289,7 @@ private:
     QGridLayout* gridLayoutMain;
     QWidget* centralWidget;
 
-    // --- Session, sounds, trend and spectra
-    // -------------------------------------------------------
+    // --- Session, sounds, trend and spectra ---
     Data data;
     QVector<double> timeAxis; ///< of the plotted samples, ms
     QVector<double> standardSound; ///< full scale is +-1
@@ -309,8 +316,7 @@ private:
     QVector<double> deviantAmplitudeRange;
     int windowSelector; ///< 0: no window before the transform; 1: Hann
 
-    // --- Charts, made on first display
-    // ------------------------------------------------------------
+    // --- Charts, made on first display ---
     QtCharts::QLineSeries* standardWaveSeries;
     QtCharts::QValueAxis* standardWaveAxisX;
     QtCharts::QValueAxis* standardWaveAxisY;
@@ -337,8 +343,7 @@ private:
     QtCharts::QChart* trendChart;
     QtCharts::QChartView* trendView;
 
-    // --- Trial loop
-    // -------------------------------------------------------------------------------
+    // --- Trial loop ---
     SubjectWindow* subjectWindow; ///< of the latest run; earlier ones live on, hidden
     QTimer* timerPlay; ///< paces the sounds
     QElapsedTimer* timerReaction; ///< runs from the reported end of the fourth sound
@@ -353,8 +358,8 @@ private:
     QBuffer* audioBuffer;
     QAudioFormat audioFormat;
     QAudioOutput* audioOutput;
-    QVector<Sound> soundsAside; ///< that still played when the next one started
     bool centerWindow;
     double widthFraction;
     double heightFraction;
+    QVector<Sound> soundsAside; ///< that still played when the next one started
 };

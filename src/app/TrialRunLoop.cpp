@@ -44,8 +44,10 @@ void MainWindow::on_pushButtonGo_clicked()
     connect(subjectWindow, SIGNAL(subjectResponded(int)), this, SLOT(updateMainwindow(int)));
     connect(subjectWindow, SIGNAL(subjectWindowClosed()), this, SLOT(refreshMainWindow()));
     connect(this, SIGNAL(soundPlaying(int)), subjectWindow, SLOT(updateSubjectWindow(int)));
-    connect(this, SIGNAL(doneDataCollection(qreal, qreal, qint32, qreal)), subjectWindow,
-        SLOT(finishExperiment(qreal, qreal, qint32, qreal)));
+    // clang-format off
+    connect(this, SIGNAL(doneDataCollection(qreal,qreal,qint32,qreal)), subjectWindow,
+        SLOT(finishExperiment(qreal,qreal,qint32,qreal)));
+    // clang-format on
     subjectWindow->setEnabled(true); // whatever a disabled parent may have made of it
     subjectWindow->show();
 }
@@ -130,7 +132,7 @@ void MainWindow::playOneSound()
 
     ++soundIndex;
     if (soundIndex == nSoundsPerTrial && timerPlay->isActive()) {
-        timerPlay->setInterval(endReportTimeoutMs(trialPeriodMs(data.silentInterval, data.dur)));
+        timerPlay->setInterval(endReportTimeoutMs(timerPlay->interval()));
     }
     emit soundPlaying(soundIndex);
 }
@@ -232,12 +234,14 @@ void MainWindow::silence(const Sound& sound)
     delete sound.buffer;
 }
 
-void MainWindow::silenceAllSounds()
+void MainWindow::deleteAllSounds()
 {
-    silence(takeCurrentSound());
-    while (!soundsAside.isEmpty()) {
-        silence(soundsAside.takeLast());
+    soundsAside.append(takeCurrentSound());
+    for (const Sound& sound : qAsConst(soundsAside)) {
+        silence(sound);
+        delete sound.output;
     }
+    soundsAside.clear();
 }
 
 void MainWindow::finishIt()

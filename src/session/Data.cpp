@@ -3,10 +3,9 @@
 
 #include "session/Counts.h"
 #include "session/OutputFileName.h"
+#include "signal/SignalConstants.h"
 
 namespace {
-
-constexpr double radiansPerDegree = 0.017453292519943295;
 
 QVector<double> inRadians(const QVector<double>& degrees)
 {

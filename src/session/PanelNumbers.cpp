@@ -57,11 +57,6 @@ QString shownRate(double hertz)
     return QString::number(hertz, 'g', rateDigits);
 }
 
-double readRate(const QString& text)
-{
-    return text.toDouble();
-}
-
 QString shownInteger(int number)
 {
     return QString::number(number, decimalBase);

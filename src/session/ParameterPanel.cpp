@@ -129,7 +129,7 @@ void MainWindow::getParameters()
         lineEditNReversalsToCalc->setText(shownInteger(data.nReversalsToCalculate));
     }
     data.silentInterval = readDuration(lineEditSilentInterval->text());
-    data.fs = readRate(lineEditSamplingRate->text());
+    data.fs = readFrequency(lineEditSamplingRate->text());
     data.subCode = lineEditSubCode->text();
     data.sesNum = readInteger(lineEditSesNum->text());
     data.outputDir = lineEditFilePath->text();

@@ -2,6 +2,7 @@
 #include "signal/SignalToolkit.h"
 
 #include "session/Counts.h"
+#include "signal/SignalConstants.h"
 
 #include <QMessageBox>
 
@@ -10,11 +11,6 @@
 #include <ctime>
 
 namespace {
-
-constexpr double pi = 3.141592653589793;
-constexpr double twoPi = 6.283185307179586;
-constexpr double radiansPerDegree = 0.017453292519943295;
-constexpr double largestDraw = 2147483647.0;
 
 void warn(const QString& text)
 {
@@ -173,11 +169,11 @@ QVector<int> randomIntegers(int count, int min, int max)
 
 double rms(QVector<int> values)
 {
-    qint64 sum = 0;
+    quint64 sum = 0; // wraps where a signed sum would be undefined
     for (const int value : qAsConst(values)) {
-        sum += static_cast<qint64>(value) * value;
+        sum += static_cast<quint64>(static_cast<qint64>(value) * value);
     }
-    return std::sqrt(static_cast<double>(sum) / values.size());
+    return std::sqrt(static_cast<double>(static_cast<qint64>(sum)) / values.size());
 }
 
 double rms(QVector<double> samples)

@@ -2,6 +2,7 @@
 #include "signal/Spectrum.h"
 
 #include "signal/FFTReal.h"
+#include "signal/SignalConstants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -33,7 +34,6 @@ Spectrum spectrumOf(const QVector<double>& sound, qint64 length, int nSamples)
 
 void applyWindow(QVector<double>& sound, int nSamples, int windowSelector)
 {
-    constexpr double twoPi = 6.283185307179586;
     constexpr int hannWindow = 1;
     for (int i = 0; i < sound.size(); ++i) {
         const double gain

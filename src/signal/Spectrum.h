@@ -16,7 +16,8 @@ struct Spectrum {
 /// @param nSamples length of the sound, below 2 the amplitudes are divided by 0
 Spectrum spectrumOf(const QVector<double>& sound, qint64 length, int nSamples);
 
-/// Multiplies a sound by a window in place: 1, a Hann window; any other selector but 0 silences it.
+/// Multiplies a sound by a window in place: selector 1 is a Hann window, any other silences the
+/// sound.
 /// @param nSamples length of the window; 1 gives NaN
 void applyWindow(QVector<double>& sound, int nSamples, int windowSelector);
 

@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signal/Stimulus.h"
 
+#include "signal/SignalConstants.h"
 #include "signal/SignalToolkit.h"
-
-#include <QtMath>
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-
-constexpr double twoPi = 6.283185307179586;
-constexpr double largestDraw = 2147483647.0;
 
 struct Noise {
     double operator()(int /*k*/) const

@@ -5,10 +5,9 @@
 
 #include <QVector>
 
-/// Synthesises one stimulus from the session record: a carrier under a sinusoidal amplitude
-/// envelope,
-///   sample k = (cos(k (mf 2pi) / fs + mfPhase) md + 1) amp carrier(k), then / (md + 1) if
-///   normalised.
+/// Synthesises one stimulus from the session record, a carrier under a sinusoidal envelope:
+///   sample k = (cos(k (mf 2pi) / fs + mfPhase) md + 1) amp carrier(k),
+/// times 1 / (md + 1) if normalised.
 /// The carrier is a sine, or uniform noise in -1 to 1 of one qrand() a sample; any other sound type
 /// is silent. The generator is never seeded here.
 /// @param stimulus standard or deviant

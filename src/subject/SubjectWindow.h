@@ -26,10 +26,12 @@ signals:
     void subjectWindowClosed();
 
 public slots:
+    /// Shows the disabled interval buttons and tells that the listener is ready.
     void on_pushButtonIAmReady_clicked();
     /// Shows a state of the trial: 1 to 4, that interval's sound starts; -1, the answer may be
     /// given. Any other value leaves window and interval buttons disabled.
     void updateSubjectWindow(int state);
+    // The answers; the window is disabled at once, so that each trial gets one.
     void on_pushButtonChoice2_clicked();
     void on_pushButtonChoice3_clicked();
     /// Shows the result of the run; see resultText for the arguments.
@@ -37,9 +39,11 @@ public slots:
         qreal threshold, qreal reactionTime, qint32 mainParameter, qreal carrierFrequency);
 
 public:
+    /// Places the widgets and sets sizes, title and what is hidden.
     void setupGUISubjectWindow();
     /// The window's geometry on the primary screen; see windowRectangle.
     void centerAndResizeSubjectWindow(bool center, double widthPart, double heightPart);
+    /// Disables the four interval buttons.
     void disableAllChoiceButtons();
 
 protected:

@@ -70,7 +70,7 @@ private slots:
         QVERIFY(areSame(readDifference("77.7", 49.0), 77.7 / 49.0));
         QVERIFY(areSame(readDuration("43"), 43.0 / 1000.0));
         QVERIFY(areSame(readDuration("64.1"), 64.1 / 1000.0));
-        QVERIFY(areSame(readRate("44100"), 44100.0));
+        QVERIFY(areSame(readFrequency("44100"), 44100.0));
         QCOMPARE(readInteger("14"), 14);
         QCOMPARE(readInteger("-3"), -3);
     }
@@ -101,7 +101,7 @@ private slots:
         QCOMPARE(readDepth(text), 0.0);
         QCOMPARE(readDifference(text, 1000.0), 0.0);
         QCOMPARE(readDuration(text), 0.0);
-        QCOMPARE(readRate(text), 0.0);
+        QCOMPARE(readFrequency(text), 0.0);
         QCOMPARE(readInteger(text), 0);
     }
 

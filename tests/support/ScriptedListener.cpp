@@ -14,7 +14,9 @@ ScriptedListener::ScriptedListener(MainWindow& window, const QString& answers)
     , m_answers(answers)
 {
     connect(&window, SIGNAL(soundPlaying(int)), this, SLOT(hear(int)));
-    connect(&window, SIGNAL(doneDataCollection(qreal, qreal, qint32, qreal)), this, SLOT(finish()));
+    // clang-format off
+    connect(&window, SIGNAL(doneDataCollection(qreal,qreal,qint32,qreal)), this, SLOT(finish()));
+    // clang-format on
 }
 
 void ScriptedListener::startRun()
