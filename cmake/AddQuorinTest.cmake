@@ -1,11 +1,18 @@
 # quorin_add_test(NAME SOURCE [LABELS label...] [LIBRARIES target...] [TIMEOUT seconds])
 #
 # Adds the program tst_NAME, made from SOURCE, as the test NAME. It runs offscreen, in the C.UTF-8
-# locale, with a home and a runtime folder of its own inside the build folder.
+# locale, with a home and a runtime folder of its own inside the build folder. A test labelled audio
+# plays real sound or measures time: it runs while no other test does. QUORIN_TEST_LAUNCHER is put
+# before the command; under it and in the sanitizer build, tests may take longer.
 function(quorin_add_test name source)
   cmake_parse_arguments(PARSE_ARGV 2 arg "" "TIMEOUT" "LABELS;LIBRARIES")
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 120)
+  endif()
+  if(QUORIN_TEST_LAUNCHER)
+    math(EXPR arg_TIMEOUT "${arg_TIMEOUT} * 20")
+  elseif(QUORIN_SANITIZE)
+    math(EXPR arg_TIMEOUT "${arg_TIMEOUT} * 4")
   endif()
 
   set(target "tst_${name}")
@@ -17,11 +24,31 @@ function(quorin_add_test name source)
   file(MAKE_DIRECTORY "${home}/Desktop" "${home}/runtime")
   file(CHMOD "${home}/runtime" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
 
-  add_test(NAME ${name} COMMAND ${target})
+  set(environment
+    "QT_QPA_PLATFORM=offscreen" "LC_ALL=C.UTF-8" "HOME=${home}" "XDG_RUNTIME_DIR=${home}/runtime"
+    "PULSE_SERVER=unix:${home}/runtime/none"
+    "QT_LOGGING_RULES=*.debug=true\\;qt.*.debug=false")
+  if(QUORIN_SANITIZE)
+    # Frame pointers are missing in Qt's libraries: without the slow unwinder a leak's stack ends
+    # before the library that it is suppressed by.
+    list(APPEND environment
+      "ASAN_OPTIONS=detect_leaks=1:fast_unwind_on_malloc=0"
+      "LSAN_OPTIONS=suppressions='${PROJECT_SOURCE_DIR}/tools/sanitizers/lsan.supp':print_suppressions=0"
+      "UBSAN_OPTIONS=print_stacktrace=1")
+  endif()
+
+  if("audio" IN_LIST arg_LABELS)
+    set(alone ON)
+  else()
+    set(alone OFF)
+  endif()
+
+  add_test(NAME ${name} COMMAND ${QUORIN_TEST_LAUNCHER} $<TARGET_FILE:${target}>)
   set_tests_properties(${name} PROPERTIES
     LABELS "${arg_LABELS}"
     TIMEOUT ${arg_TIMEOUT}
+    RUN_SERIAL ${alone}
     WORKING_DIRECTORY "${home}"
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;HOME=${home};XDG_RUNTIME_DIR=${home}/runtime;PULSE_SERVER=unix:${home}/runtime/none;QT_LOGGING_RULES=*.debug=true\\;qt.*.debug=false"
+    ENVIRONMENT "${environment}"
   )
 endfunction()
