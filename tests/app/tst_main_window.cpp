@@ -115,7 +115,7 @@ private slots:
         MainWindow window;
         qsrand(1);
         for (int i = 0; i < drawsOfANoiseView; ++i)
-            qrand();
+            static_cast<void>(qrand());
         const int next = qrand();
         qsrand(1);
         Probe::pushButtonView(window)->click();

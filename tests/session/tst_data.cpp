@@ -129,6 +129,7 @@ private slots:
         const Data copy = data;
         data.records[0].reactionTime = 250.0;
         data.dur[standard] = 0.1;
+        QCOMPARE(data.dur, QVector<double>({0.1, 0.6}));
         QCOMPARE(copy.records.constFirst().reactionTime, 0.0);
         QCOMPARE(copy.dur, QVector<double>({0.6, 0.6}));
     }
