@@ -132,16 +132,17 @@ MainWindow::MainWindow(QWidget* parent)
     displayTrend();
 }
 
-// Nothing may call back while the members go one by one: sounds are silenced and connections cut
-// first. The subject windows and the sounds' outputs are children and end with the window.
+// Nothing may call back while the members go one by one, so connections are cut first. The sounds go
+// next: an output that is deleted runs the event loop, which needs a whole window. The subject
+// windows are children and end with the window.
 MainWindow::~MainWindow()
 {
     timerPlay->stop();
-    silenceAllSounds();
     const QList<QObject*> children = findChildren<QObject*>();
     for (QObject* child : children) {
         child->disconnect(this);
     }
+    deleteAllSounds();
     deleteCharts();
     deleteAndNull(timerPlay);
     deleteAndNull(timerReaction);

@@ -193,7 +193,7 @@ private:
     void handleSoundAside(QAudioOutput* output, QAudio::State state);
     void release(const Sound& sound);
     static void silence(const Sound& sound);
-    void silenceAllSounds();
+    void deleteAllSounds();
     void startReactionTimer();
 
     // session/ParameterPanel.cpp

@@ -232,11 +232,13 @@ void MainWindow::silence(const Sound& sound)
     delete sound.buffer;
 }
 
-void MainWindow::silenceAllSounds()
+void MainWindow::deleteAllSounds()
 {
-    silence(takeCurrentSound());
+    soundsAside.append(takeCurrentSound());
     while (!soundsAside.isEmpty()) {
-        silence(soundsAside.takeLast());
+        const Sound sound = soundsAside.takeLast();
+        silence(sound);
+        delete sound.output;
     }
 }
 
