@@ -8,6 +8,7 @@ void WindowTest::init()
     tolerateWarning(QRegularExpression("^using null output device, none available$"));
     tolerateWarning(
         QRegularExpression("^Raw audio format not supported by backend, cannot play audio\\.$"));
+    tolerateWarning(QRegularExpression("^using null output device, none available$"));
 }
 
 void WindowTest::tolerateUndefinedChartValues()

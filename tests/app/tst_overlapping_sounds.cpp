@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "soundlab/SoundRecorder.h"
+#include "soundlab/SoundServer.h"
+#include "support/MainWindowProbe.h"
+#include "support/QuietTest.h"
+#include "support/RunDriver.h"
+
+#include <QAudioOutput>
+#include <QBuffer>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+constexpr int soundTimeoutMs = 30000;
+
+const QList<QVariantList> endOfTrial = {{-1}};
+
+// A run whose sounds take a tenth of a second each.
+void openBriefRun(MainWindow& window, RunDriver& driver)
+{
+    Probe::lineEditStdDuration(window)->setText("100.00");
+    Probe::lineEditDevDuration(window)->setText("100.00");
+    driver.open();
+    driver.beReady();
+}
+
+} // namespace
+
+// The sounds of this test play on a real sound server, so they have an end and report it.
+class TestOverlappingSounds : public QuietTest {
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY2(m_server.start(), qPrintable(m_server.errorText()));
+        // Without a recorder the sink works in blocks of seconds, and ends are reported late.
+        QVERIFY2(m_recorder.start(), qPrintable(m_recorder.errorText()));
+    }
+
+    void end_isReportedByTheOutput_andReleasesIt()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        openBriefRun(window, driver);
+        driver.startSound();
+        const QPointer<QAudioOutput> output(Probe::audioOutput(window));
+        QCOMPARE(output->format(), Probe::audioFormat(window));
+        QTRY_VERIFY_WITH_TIMEOUT(Probe::audioOutput(window) == nullptr, soundTimeoutMs);
+        QVERIFY(Probe::audioBytes(window) == nullptr);
+        QVERIFY(Probe::audioBuffer(window) == nullptr);
+        QTRY_VERIFY(output.isNull());
+        QVERIFY(Probe::timerPlay(window)->isActive());
+    }
+
+    void soundThatStillPlays_isPutAside_andFreesItself()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        openBriefRun(window, driver);
+        driver.startSound();
+        const QPointer<QAudioOutput> first(Probe::audioOutput(window));
+        const QPointer<QBuffer> firstBuffer(Probe::audioBuffer(window));
+        driver.startSound();
+        QVERIFY(Probe::audioOutput(window) != first);
+        QCOMPARE(Probe::soundsAside(window).size(), 1);
+        QVERIFY(firstBuffer->isOpen());
+        QCOMPARE(first->state(), QAudio::ActiveState);
+        QTRY_VERIFY_WITH_TIMEOUT(first.isNull(), soundTimeoutMs);
+        QVERIFY(firstBuffer.isNull());
+        QVERIFY(Probe::soundsAside(window).isEmpty());
+    }
+
+    void trial_endsOnce_whenItsSoundsOverlap()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        openBriefRun(window, driver);
+        for (int i = 0; i < 4; ++i) {
+            driver.startSound();
+        }
+        QCOMPARE(Probe::soundsAside(window).size(), 3);
+        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
+        QTRY_VERIFY_WITH_TIMEOUT(!told.isEmpty(), soundTimeoutMs);
+        QVERIFY(!Probe::timerPlay(window)->isActive());
+        QVERIFY(Probe::timerReaction(window)->isValid());
+        QTRY_VERIFY_WITH_TIMEOUT(window.findChildren<QAudioOutput*>().isEmpty(), soundTimeoutMs);
+        QCOMPARE(told, endOfTrial);
+        QCOMPARE(Probe::nReactionTimerStarts(window), 1);
+    }
+
+    void trial_ends_withoutASilentInterval()
+    {
+        MainWindow window;
+        Probe::lineEditSilentInterval(window)->setText("0");
+        Probe::lineEditStdDuration(window)->setText("100.00");
+        Probe::lineEditDevDuration(window)->setText("100.00");
+        window.on_pushButtonView_clicked();
+        window.on_pushButtonGo_clicked();
+        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
+        window.updateMainwindow(0);
+        QCOMPARE(Probe::timerPlay(window)->interval(), 100);
+        QTRY_COMPARE_WITH_TIMEOUT(told.count(), 5, soundTimeoutMs);
+        QCOMPARE(told.constLast(), endOfTrial.constFirst());
+        QCOMPARE(Probe::soundIndex(window), 4);
+    }
+
+    void sounds_areKept_upToALimit()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        openBriefRun(window, driver);
+        for (int tick = 0; tick < 12; ++tick) {
+            Probe::soundIndex(window) = 0;
+            driver.startSound();
+        }
+        QCOMPARE(Probe::soundsAside(window).size(), 8);
+        QCOMPARE(window.findChildren<QAudioOutput*>().size(), 9);
+        QTRY_VERIFY_WITH_TIMEOUT(window.findChildren<QAudioOutput*>().isEmpty(), soundTimeoutMs);
+    }
+
+    void emptySound_isReleasedByTheNextOne()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        driver.open();
+        Probe::data(window).nSamples = {0, 0};
+        for (int tick = 0; tick < 300; ++tick) {
+            Probe::soundIndex(window) = tick % 4;
+            driver.startSound();
+            QVERIFY(Probe::soundsAside(window).isEmpty());
+        }
+        QCOMPARE(window.findChildren<QAudioOutput*>().size(), 1);
+    }
+
+    void window_canGo_whileSoundsPlay()
+    {
+        QPointer<QAudioOutput> first;
+        QPointer<QAudioOutput> second;
+        {
+            MainWindow window;
+            RunDriver driver(window);
+            openBriefRun(window, driver);
+            driver.startSound();
+            first = Probe::audioOutput(window);
+            driver.startSound();
+            second = Probe::audioOutput(window);
+        }
+        QVERIFY(first.isNull());
+        QVERIFY(second.isNull());
+    }
+
+private:
+    SoundServer m_server;
+    SoundRecorder m_recorder {m_server};
+};
+
+QTEST_MAIN(TestOverlappingSounds)
+#include "tst_overlapping_sounds.moc"

@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/MainWindowProbe.h"
+#include "support/RunDriver.h"
+#include "support/WindowTest.h"
+
+#include <QAudioFormat>
+#include <QCheckBox>
+#include <QChildEvent>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+const QString notSupported("Raw audio format not supported by backend, cannot play audio.");
+
+// Writes down what happens to the window and its subject windows, in order.
+class StepRecorder : public QObject {
+public:
+    explicit StepRecorder(MainWindow& window)
+        : m_window(window)
+    {
+        QCoreApplication::instance()->installEventFilter(this);
+        connect(Probe::lineEditNReversalsToCalc(window), &QLineEdit::textChanged, this, [this] {
+            const bool isPlaying = Probe::timerPlay(m_window)->isActive();
+            steps.append(isPlaying ? "panel read during the old trial" : "panel read");
+        });
+    }
+
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (event->type() == QEvent::EnabledChange) {
+            noteEnabledChange(object);
+        } else if (event->type() == QEvent::ChildAdded && object == &m_window) {
+            if (static_cast<QChildEvent*>(event)->child()->isWidgetType()) {
+                steps.append("subject window made");
+            }
+        } else if (event->type() == QEvent::Show && qobject_cast<SubjectWindow*>(object)) {
+            steps.append("subject window shown");
+        }
+        return false;
+    }
+
+    QStringList steps;
+
+private:
+    void noteEnabledChange(QObject* object)
+    {
+        if (object == Probe::pushButtonGo(m_window)) {
+            steps.append("Go changed");
+        } else if (object == Probe::pushButtonView(m_window)
+            && Probe::pushButtonView(m_window)->isEnabled()) {
+            steps.append("View enabled");
+        } else if (object == &m_window) {
+            steps.append("window changed");
+        }
+    }
+
+    MainWindow& m_window;
+};
+
+} // namespace
+
+class TestRunStart : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void steps_haveTheirOrder()
+    {
+        MainWindow window;
+        Probe::pushButtonView(window)->click();
+        Probe::pushButtonView(window)->setEnabled(false);
+        Probe::timerPlay(window)->start(3600000);
+        Probe::lineEditNReversalsToCalc(window)->setText("20");
+        StepRecorder recorder(window);
+        Probe::pushButtonGo(window)->click();
+        QCOMPARE(recorder.steps,
+            QStringList({"Go changed", "View enabled", "window changed",
+                "panel read during the old trial", "subject window made", "subject window shown"}));
+        QCOMPARE(Probe::lineEditNReversalsToCalc(window)->text(), QString("14"));
+        QCOMPARE(Probe::data(window).nReversalsToCalculate, 14);
+    }
+
+    void mainWindow_isDisabled_andTheSubjectWindowIsNot()
+    {
+        MainWindow window;
+        window.show();
+        SubjectWindow& subject = RunDriver(window).open();
+        QVERIFY(!window.isEnabled());
+        QVERIFY(Probe::pushButtonGo(window)->testAttribute(Qt::WA_ForceDisabled));
+        QVERIFY(!Probe::pushButtonView(window)->testAttribute(Qt::WA_ForceDisabled));
+        QCOMPARE(subject.parent(), &window);
+        QVERIFY(subject.isWindow());
+        QVERIFY(subject.isVisible());
+        QVERIFY(subject.isEnabled());
+        QVERIFY(Probe::pushButtonIAmReady(subject)->isEnabled());
+    }
+
+    void nothingPlays_untilTheListenerIsReady()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        driver.open();
+        QVERIFY(!Probe::timerPlay(window)->isActive());
+        QCOMPARE(Probe::data(window).nTrials, 0);
+        QVERIFY(Probe::audioOutput(window) == nullptr);
+        driver.beReady();
+        QVERIFY(Probe::timerPlay(window)->isActive());
+        QCOMPARE(Probe::data(window).nTrials, 1);
+    }
+
+    void subjectWindow_isConnectedOnce()
+    {
+        MainWindow window;
+        SubjectWindow& subject = RunDriver(window).open();
+        emit subject.subjectResponded(0);
+        QCOMPARE(Probe::data(window).nTrials, 1);
+        emit window.soundPlaying(1);
+        QVERIFY(Probe::pushButtonChoice1(subject)->styleSheet().contains("rgb(0, 255, 0)"));
+        emit window.doneDataCollection(0.5, 2.0, 1, 1000.0);
+        QCOMPARE(Probe::labelThreshold(subject)->text(),
+            QString("Modulation Threshold = 50 %,   Reaction Time = 2 ms"));
+        emit subject.subjectWindowClosed();
+        QVERIFY(window.isEnabled());
+        QVERIFY(Probe::pushButtonView(window)->isEnabled());
+        QVERIFY(!Probe::pushButtonGo(window)->isEnabled());
+    }
+
+    void earlierSubjectWindow_staysAndListens_butIsNeverShown()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        const QPointer<SubjectWindow> earlier(&driver.open());
+        earlier->hide();
+        emit earlier->subjectWindowClosed();
+        SubjectWindow& current = driver.open();
+        QVERIFY(!earlier.isNull());
+        QVERIFY(earlier != &current);
+
+        driver.beReady();
+        driver.startSound();
+        const QString lit = Probe::pushButtonChoice1(current)->styleSheet();
+        QVERIFY(lit.contains("rgb(0, 255, 0)"));
+        QCOMPARE(Probe::pushButtonChoice1(*earlier)->styleSheet(), lit);
+        QVERIFY(!earlier->isEnabled());
+        emit window.doneDataCollection(0.5, 2.0, 1, 1000.0);
+        QCOMPARE(Probe::labelThreshold(*earlier)->text(), Probe::labelThreshold(current)->text());
+        QVERIFY(!earlier->isVisible());
+        QVERIFY(current.isVisible());
+        QCOMPARE(window.findChildren<SubjectWindow*>().size(), 2);
+    }
+
+    void abandonedTrial_doesNotRunIntoTheNewRun()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        SubjectWindow& abandoned = driver.open();
+        driver.beReady();
+        driver.startSound();
+        driver.endSound();
+        driver.startSound();
+        emit abandoned.subjectWindowClosed();
+        QVERIFY(Probe::timerPlay(window)->isActive());
+        QCOMPARE(Probe::soundIndex(window), 2);
+
+        driver.open();
+        QVERIFY(!Probe::timerPlay(window)->isActive());
+        QCOMPARE(Probe::soundIndex(window), 0);
+        QSignalSpy states(&window, SIGNAL(soundPlaying(int)));
+        driver.endSound();
+        QCOMPARE(states.count(), 0);
+        driver.beReady();
+        driver.playTrial();
+        QCOMPARE(states.count(), 5);
+    }
+
+    void playbackRate_followsThePanel_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("rate");
+        QTest::newRow("default") << "40000" << 40000;
+        QTest::newRow("lower") << "22050" << 22050;
+        QTest::newRow("higher") << "48000" << 48000;
+        QTest::newRow("truncated") << "44100.9" << 44100;
+        QTest::newRow("same when truncated") << "40000.9" << 40000;
+        QTest::newRow("lowest") << "1" << 1;
+        QTest::newRow("too low") << "0.99" << 40000;
+        QTest::newRow("zero") << "0" << 40000;
+        QTest::newRow("negative") << "-48000" << 40000;
+        QTest::newRow("not a number") << "nan" << 40000;
+        QTest::newRow("no number") << "fast" << 40000;
+    }
+
+    void playbackRate_followsThePanel()
+    {
+        QFETCH(QString, text);
+        MainWindow window;
+        Probe::pushButtonView(window)->click();
+        QAudioFormat expected = Probe::audioFormat(window);
+        QCOMPARE(expected.sampleRate(), 40000);
+        Probe::lineEditSamplingRate(window)->setText(text);
+        const int complaintsBefore = messages().count(notSupported);
+        Probe::pushButtonGo(window)->click();
+        QTEST(Probe::audioFormat(window).sampleRate(), "rate");
+        const bool isChanged = Probe::audioFormat(window).sampleRate() != 40000;
+        // One complaint came from the construction if this machine has no sound device.
+        QCOMPARE(messages().count(notSupported), complaintsBefore * (isChanged ? 2 : 1));
+        expected.setSampleRate(Probe::audioFormat(window).sampleRate());
+        QCOMPARE(Probe::audioFormat(window), expected);
+    }
+
+    void playbackRate_isThatOfTheRun_notOfTheView()
+    {
+        MainWindow window;
+        Probe::lineEditSamplingRate(window)->setText("22050");
+        Probe::pushButtonView(window)->click();
+        QCOMPARE(Probe::audioFormat(window).sampleRate(), 40000);
+        Probe::pushButtonGo(window)->click();
+        QCOMPARE(Probe::audioFormat(window).sampleRate(), 22050);
+    }
+};
+
+QTEST_MAIN(TestRunStart)
+#include "tst_run_start.moc"

@@ -1,0 +1,307 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/MainWindowProbe.h"
+#include "support/RunDriver.h"
+#include "support/WindowTest.h"
+
+#include <QAudioOutput>
+#include <QBuffer>
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+const QString stopped("Audio stopped unexpectedly");
+
+bool holdsNoSound(MainWindow& window)
+{
+    return Probe::audioBytes(window) == nullptr && Probe::audioBuffer(window) == nullptr
+        && Probe::audioOutput(window) == nullptr;
+}
+
+void runDeferredDeletions()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+// An output that still plays when the next sound starts, as the window keeps it.
+QAudioOutput* addSoundAside(MainWindow& window)
+{
+    auto* const bytes = new QByteArray(4, '\0');
+    auto* const buffer = new QBuffer(bytes);
+    buffer->open(QIODevice::ReadOnly);
+    auto* const output = new QAudioOutput(Probe::audioFormat(window), &window);
+    QObject::connect(output, SIGNAL(stateChanged(QAudio::State)), &window,
+        SLOT(handleStateChanged(QAudio::State)));
+    Probe::soundsAside(window).append({bytes, buffer, output});
+    return output;
+}
+
+// A window in a run whose trial has come to the given sound, which still plays.
+class RunningTrial {
+public:
+    explicit RunningTrial(int nSounds)
+        : driver(window)
+    {
+        driver.open();
+        driver.beReady();
+        for (int i = 1; i < nSounds; ++i) {
+            driver.startSound();
+            driver.endSound();
+        }
+        driver.startSound();
+    }
+
+    MainWindow window;
+    RunDriver driver;
+};
+
+} // namespace
+
+class TestSoundEnd : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void stateType_isKnownToTheMetaObjects()
+    {
+        const MainWindow window;
+        QVERIFY(QMetaType::type("QAudio::State") != QMetaType::UnknownType);
+    }
+
+    void idle_releasesTheSound()
+    {
+        RunningTrial trial(1);
+        const QPointer<QBuffer> buffer(Probe::audioBuffer(trial.window));
+        const QPointer<QAudioOutput> output(Probe::audioOutput(trial.window));
+        emit output->stateChanged(QAudio::IdleState);
+        QVERIFY(holdsNoSound(trial.window));
+        QVERIFY(buffer.isNull());
+        QVERIFY(!output.isNull()); // its signal may still be at work
+        QVERIFY(output->parent() == nullptr);
+        const bool wasConnected = disconnect(output, nullptr, &trial.window, nullptr);
+        QVERIFY(!wasConnected);
+        runDeferredDeletions();
+        QVERIFY(output.isNull());
+    }
+
+    void idle_changesNothingElse_beforeTheFourthSound_data()
+    {
+        QTest::addColumn<int>("sound");
+        for (const int sound : {1, 2, 3}) {
+            QTest::addRow("%d", sound) << sound;
+        }
+    }
+
+    void idle_changesNothingElse_beforeTheFourthSound()
+    {
+        QFETCH(int, sound);
+        RunningTrial trial(sound);
+        QSignalSpy told(&trial.window, SIGNAL(soundPlaying(int)));
+        trial.driver.endSound();
+        QVERIFY(holdsNoSound(trial.window));
+        QCOMPARE(told.count(), 0);
+        QCOMPARE(Probe::soundIndex(trial.window), sound);
+        QVERIFY(Probe::timerPlay(trial.window)->isActive());
+        QVERIFY(!Probe::timerReaction(trial.window)->isValid());
+        QCOMPARE(Probe::nReactionTimerStarts(trial.window), 0);
+    }
+
+    void idle_endsTheTrial_afterTheFourthSound()
+    {
+        RunningTrial trial(4);
+        MainWindow& window = trial.window;
+        int nTold = 0;
+        connect(&window, &MainWindow::soundPlaying, &window, [&](int state) {
+            ++nTold;
+            QCOMPARE(state, -1);
+            QVERIFY(holdsNoSound(window));
+            QVERIFY(!Probe::timerPlay(window)->isActive());
+            QVERIFY(Probe::timerReaction(window)->isValid());
+            QCOMPARE(Probe::nReactionTimerStarts(window), 1);
+        });
+        emit Probe::audioOutput(window)->stateChanged(QAudio::IdleState);
+        QCOMPARE(nTold, 1);
+        QVERIFY(!Probe::timerPlay(window)->isActive());
+        QVERIFY(Probe::subjectWindow(window)->isEnabled());
+    }
+
+    void releasedOutput_isHeardNoMore()
+    {
+        RunningTrial trial(4);
+        const QPointer<QAudioOutput> output(Probe::audioOutput(trial.window));
+        emit output->stateChanged(QAudio::IdleState);
+        QSignalSpy told(&trial.window, SIGNAL(soundPlaying(int)));
+        emit output->stateChanged(QAudio::IdleState);
+        QCOMPARE(told.count(), 0);
+        QCOMPARE(Probe::nReactionTimerStarts(trial.window), 1);
+    }
+
+    void reactionClock_startsAnewInEveryTrial()
+    {
+        RunningTrial trial(4);
+        trial.driver.endSound();
+        const QElapsedTimer* const clock = Probe::timerReaction(trial.window);
+        const qint64 first = clock->msecsSinceReference();
+        QTRY_VERIFY(clock->elapsed() > 1);
+        trial.driver.answer(2);
+        trial.driver.playTrial();
+        QVERIFY(clock->msecsSinceReference() > first);
+        QCOMPARE(Probe::nReactionTimerStarts(trial.window), 2);
+    }
+
+    void stop_keepsTheSound_andIsLoggedWhenItWasAnError()
+    {
+        RunningTrial trial(4);
+        QAudioOutput* const output = Probe::audioOutput(trial.window);
+        const bool isError = output->error() != QAudio::NoError;
+        if (isError) {
+            announceWarning(stopped);
+        }
+        QSignalSpy told(&trial.window, SIGNAL(soundPlaying(int)));
+        trial.window.handleStateChanged(QAudio::StoppedState);
+        QCOMPARE(messages().count(stopped), isError ? 1 : 0);
+        QCOMPARE(Probe::audioOutput(trial.window), output);
+        QVERIFY(Probe::audioBuffer(trial.window)->isOpen());
+        QVERIFY(Probe::audioBytes(trial.window) != nullptr);
+        QCOMPARE(told.count(), 0);
+        QVERIFY(Probe::timerPlay(trial.window)->isActive());
+    }
+
+    void stop_isNothing_withoutASound()
+    {
+        MainWindow window;
+        window.handleStateChanged(QAudio::StoppedState);
+        QCOMPARE(messages().count(stopped), 0);
+    }
+
+    void otherStates_areIgnored_data()
+    {
+        QTest::addColumn<int>("state");
+        QTest::newRow("active") << int(QAudio::ActiveState);
+        QTest::newRow("suspended") << int(QAudio::SuspendedState);
+        QTest::newRow("interrupted") << int(QAudio::InterruptedState);
+    }
+
+    void otherStates_areIgnored()
+    {
+        QFETCH(int, state);
+        RunningTrial trial(4);
+        QSignalSpy told(&trial.window, SIGNAL(soundPlaying(int)));
+        emit Probe::audioOutput(trial.window)->stateChanged(static_cast<QAudio::State>(state));
+        QCOMPARE(told.count(), 0);
+        QVERIFY(!holdsNoSound(trial.window));
+        QVERIFY(Probe::timerPlay(trial.window)->isActive());
+    }
+
+    void idle_isTakenForTheSounds_whenNoOutputSentIt_data()
+    {
+        QTest::addColumn<bool>("isCall");
+        QTest::newRow("direct call") << true;
+        QTest::newRow("another object's signal") << false;
+    }
+
+    void idle_isTakenForTheSounds_whenNoOutputSentIt()
+    {
+        QFETCH(bool, isCall);
+        MainWindow window;
+        connect(&window, SIGNAL(stateChanged(QAudio::State)), &window,
+            SLOT(handleStateChanged(QAudio::State)));
+        Probe::soundIndex(window) = 4;
+        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
+        if (isCall) {
+            window.handleStateChanged(QAudio::IdleState);
+        } else {
+            emit window.stateChanged(QAudio::IdleState);
+        }
+        QCOMPARE(told, QList<QVariantList>() << (QVariantList() << -1));
+        QVERIFY(holdsNoSound(window));
+    }
+
+    void soundAside_freesItself_andLeavesTheTrialAlone_data()
+    {
+        QTest::addColumn<int>("state");
+        QTest::addColumn<bool>("isFreed");
+        QTest::newRow("idle") << int(QAudio::IdleState) << true;
+        QTest::newRow("stopped") << int(QAudio::StoppedState) << true;
+        QTest::newRow("active") << int(QAudio::ActiveState) << false;
+        QTest::newRow("suspended") << int(QAudio::SuspendedState) << false;
+    }
+
+    void soundAside_freesItself_andLeavesTheTrialAlone()
+    {
+        QFETCH(int, state);
+        QFETCH(bool, isFreed);
+        tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
+        RunningTrial trial(4);
+        const QPointer<QAudioOutput> aside(addSoundAside(trial.window));
+        const QAudioOutput* const current = Probe::audioOutput(trial.window);
+        QSignalSpy told(&trial.window, SIGNAL(soundPlaying(int)));
+        emit aside->stateChanged(static_cast<QAudio::State>(state));
+        runDeferredDeletions();
+
+        QCOMPARE(aside.isNull(), isFreed);
+        QCOMPARE(Probe::soundsAside(trial.window).isEmpty(), isFreed);
+        QCOMPARE(told.count(), 0);
+        QCOMPARE(Probe::audioOutput(trial.window), current);
+        QVERIFY(Probe::audioBuffer(trial.window)->isOpen());
+        QVERIFY(Probe::timerPlay(trial.window)->isActive());
+        trial.driver.endSound();
+        QCOMPARE(told.count(), 1);
+    }
+
+    void strangersIdle_isIgnored()
+    {
+        RunningTrial trial(4);
+        QAudioOutput stranger(Probe::audioFormat(trial.window));
+        connect(&stranger, SIGNAL(stateChanged(QAudio::State)), &trial.window,
+            SLOT(handleStateChanged(QAudio::State)));
+        QSignalSpy told(&trial.window, SIGNAL(soundPlaying(int)));
+        emit stranger.stateChanged(QAudio::IdleState);
+        QCOMPARE(told.count(), 0);
+        QVERIFY(!holdsNoSound(trial.window));
+    }
+
+    void nothingPilesUp_whenNoEndIsReported()
+    {
+        MainWindow window;
+        QVector<QPointer<QAudioOutput>> outputs;
+        QVector<QPointer<QBuffer>> buffers;
+        for (int tick = 0; tick < 300; ++tick) {
+            Probe::soundIndex(window) = tick % 4;
+            window.playOneSound();
+            outputs.append(Probe::audioOutput(window));
+            buffers.append(Probe::audioBuffer(window));
+        }
+        runDeferredDeletions();
+        // Without a sound device only the last one; a device lets eight earlier ones play on.
+        const bool plays = Probe::audioOutput(window)->error() == QAudio::NoError;
+        const int mostAtOnce = plays ? 9 : 1;
+        const auto alive = [](const auto& pointers) {
+            return std::count_if(pointers.cbegin(), pointers.cend(),
+                [](const auto& pointer) { return !pointer.isNull(); });
+        };
+        QVERIFY(window.findChildren<QAudioOutput*>().size() <= mostAtOnce);
+        QVERIFY(alive(outputs) <= mostAtOnce);
+        QVERIFY(alive(buffers) <= mostAtOnce);
+    }
+
+    void window_canGo_whileSoundsPlay()
+    {
+        QPointer<QAudioOutput> current;
+        QPointer<QAudioOutput> aside;
+        {
+            RunningTrial trial(4);
+            current = Probe::audioOutput(trial.window);
+            aside = addSoundAside(trial.window);
+        }
+        QVERIFY(current.isNull());
+        QVERIFY(aside.isNull());
+    }
+};
+
+QTEST_MAIN(TestSoundEnd)
+#include "tst_sound_end.moc"

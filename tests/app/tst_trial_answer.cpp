@@ -1,0 +1,290 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/MainWindowProbe.h"
+#include "support/ModalBoxes.h"
+#include "support/RunDriver.h"
+#include "support/WindowTest.h"
+
+#include <QAudioOutput>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+constexpr int hourAndSound = 3600600; // period of a driven run, ms
+
+bool listenerMayAnswer(MainWindow& window)
+{
+    return Probe::subjectWindow(window)->isEnabled();
+}
+
+} // namespace
+
+class TestTrialAnswer : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void ready_startsTheFirstTrial()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        driver.open();
+        Probe::soundIndex(window) = 3;
+        const int linesBefore = debugLines().size();
+        window.updateMainwindow(0);
+
+        const int position = Probe::data(window).deviantPosition;
+        QVERIFY(position == 2 || position == 3);
+        QCOMPARE(debugLines().mid(linesBefore),
+            QStringList({"Test just started", QString("stimPosition:  %1").arg(position)}));
+        QCOMPARE(Probe::soundIndex(window), 0);
+        QCOMPARE(Probe::data(window).nTrials, 1);
+        QVERIFY(Probe::data(window).records.isEmpty());
+        QVERIFY(Probe::timerPlay(window)->isActive());
+        QCOMPARE(Probe::timerPlay(window)->interval(), hourAndSound);
+    }
+
+    void response_isRefused_outsideTheIntervals_data()
+    {
+        QTest::addColumn<int>("response");
+        for (const int response : {-1, -100, 5, 100}) {
+            QTest::addRow("%d", response) << response;
+        }
+    }
+
+    void response_isRefused_outsideTheIntervals()
+    {
+        QFETCH(int, response);
+        MainWindow window;
+        RunDriver driver(window);
+        driver.open();
+        driver.beReady();
+        driver.playTrial();
+        const int linesBefore = debugLines().size();
+        ModalBoxes boxes;
+        int soundIndexAtBox = -1;
+        boxes.onOpen([&](QWidget*) { soundIndexAtBox = Probe::soundIndex(window); });
+        window.updateMainwindow(response);
+
+        QCOMPARE(boxes.messages().size(), 1);
+        const ModalBoxes::Message box = boxes.messages().constFirst();
+        QCOMPARE(box.title, QString("Warning"));
+        QCOMPARE(box.text, QString("Invalid response"));
+        QCOMPARE(box.icon, QMessageBox::Warning);
+        QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+        QVERIFY(box.parent == nullptr);
+        QCOMPARE(soundIndexAtBox, 0);
+        QVERIFY(Probe::data(window).records.isEmpty());
+        QCOMPARE(Probe::data(window).nTrials, 1);
+        QVERIFY(!Probe::timerPlay(window)->isActive());
+        QCOMPARE(debugLines().size(), linesBefore);
+    }
+
+    void response_isRecorded_data()
+    {
+        QTest::addColumn<int>("response");
+        QTest::addColumn<int>("position");
+        QTest::addColumn<bool>("isCorrect");
+        for (const int response : {1, 2, 3, 4}) {
+            for (const int position : {2, 3}) {
+                QTest::addRow("%d of deviant %d", response, position)
+                    << response << position << (response == position);
+            }
+        }
+    }
+
+    void response_isRecorded()
+    {
+        QFETCH(int, response);
+        QFETCH(int, position);
+        MainWindow window;
+        RunDriver driver(window);
+        driver.open();
+        driver.beReady();
+        driver.playTrial();
+        Probe::data(window).deviantPosition = position;
+        const int linesBefore = debugLines().size();
+        window.updateMainwindow(response);
+
+        QCOMPARE(Probe::data(window).records.size(), 1);
+        const Record record = Probe::data(window).records.constFirst();
+        QCOMPARE(record.value, 0.5);
+        QCOMPARE(record.stimulusPosition, position);
+        QCOMPARE(record.responsePosition, response);
+        QTEST(record.correctness, "isCorrect");
+        QCOMPARE(Probe::data(window).nTrials, 2);
+        QCOMPARE(debugLines().mid(linesBefore),
+            QStringList({QString("response:  %1").arg(response),
+                QString("stimPosition:  %1").arg(Probe::data(window).deviantPosition)}));
+    }
+
+    void value_isTheAdaptedParameterOfTheTrial_data()
+    {
+        QTest::addColumn<int>("mainParameter");
+        QTest::addColumn<double>("value");
+        QTest::newRow("carrier frequency") << 0 << 0.125;
+        QTest::newRow("modulation depth") << 1 << 0.25;
+        QTest::newRow("unknown") << 2 << 0.0;
+    }
+
+    void value_isTheAdaptedParameterOfTheTrial()
+    {
+        QFETCH(int, mainParameter);
+        MainWindow window;
+        RunDriver driver(window);
+        driver.open();
+        driver.beReady();
+        driver.playTrial();
+        Data& data = Probe::data(window);
+        data.mainParameter = mainParameter;
+        data.fd = {0.5, 0.125};
+        data.md = {0.75, 0.25};
+        window.updateMainwindow(2);
+        QTEST(Probe::data(window).records.constFirst().value, "value");
+    }
+
+    void reactionTime_isThatOfTheClock()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        driver.open();
+        driver.beReady();
+        driver.playTrial();
+        QElapsedTimer* const clock = Probe::timerReaction(window);
+        QTRY_VERIFY(clock->elapsed() > 5);
+        const qint64 before = clock->elapsed();
+        const qint64 reference = clock->msecsSinceReference();
+        window.updateMainwindow(2);
+        const double reactionTime = Probe::data(window).records.constFirst().reactionTime;
+        QVERIFY(reactionTime >= static_cast<double>(before));
+        QVERIFY(reactionTime <= static_cast<double>(clock->elapsed()));
+        QCOMPARE(reactionTime, std::floor(reactionTime));
+        QCOMPARE(clock->msecsSinceReference(), reference);
+    }
+
+    void reactionTime_isZero_whileTheClockWasNeverStarted()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        driver.open();
+        driver.beReady();
+        QVERIFY(!Probe::timerReaction(window)->isValid());
+        window.updateMainwindow(2);
+        QCOMPARE(Probe::data(window).records.constFirst().reactionTime, 0.0);
+    }
+
+    void answer_isOnlyRecorded_whenNoTrialWasStarted()
+    {
+        MainWindow window;
+        window.updateMainwindow(3);
+        QCOMPARE(Probe::data(window).records.size(), 1);
+        QCOMPARE(Probe::data(window).nTrials, 0);
+        QVERIFY(Probe::trendY(window).isEmpty());
+        QVERIFY(!Probe::timerPlay(window)->isActive());
+    }
+
+    void answer_startsTheNextTrial()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        driver.open();
+        driver.beReady();
+        driver.playTrial();
+        QVERIFY(listenerMayAnswer(window));
+        driver.answerRightly(true);
+        QVERIFY(!listenerMayAnswer(window));
+        QCOMPARE(Probe::soundIndex(window), 0);
+        QVERIFY(Probe::timerPlay(window)->isActive());
+        QCOMPARE(Probe::timerPlay(window)->interval(), hourAndSound);
+        QCOMPARE(Probe::trendY(window), QVector<double>({50.0}));
+        QVERIFY(Probe::data(window).md[deviant] < 0.5);
+        QCOMPARE(Probe::data(window).nTrials, 2);
+    }
+
+    void updateAll_judgesTheRecordedTrial()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        driver.open();
+        driver.beReady();
+        Record record;
+        record.value = 0.5;
+        Probe::data(window).records.append(record);
+        window.updateAll();
+        QCOMPARE(Probe::trendY(window), QVector<double>({50.0}));
+        QCOMPARE(Probe::data(window).md[deviant], 0.5 * std::pow(10.0, 4 / 20.0));
+        QCOMPARE(Probe::data(window).nTrials, 2);
+    }
+
+    void deviantPosition_isSecondOrThird_aboutEquallyOften()
+    {
+        qsrand(1);
+        MainWindow window;
+        constexpr int nDraws = 1000;
+        int nSecond = 0;
+        for (int i = 0; i < nDraws; ++i) {
+            window.genRandomSequence();
+            const int position = Probe::data(window).deviantPosition;
+            QVERIFY(position == 2 || position == 3);
+            nSecond += position == 2 ? 1 : 0;
+            QVector<bool> sequence(4, false);
+            sequence[position - 1] = true;
+            QCOMPARE(Probe::stimSequence(window), sequence);
+            QCOMPARE(debugLines().constLast(), QString("stimPosition:  %1").arg(position));
+        }
+        // Five standard deviations of a fair draw, sqrt(1000) / 2 each.
+        constexpr int tolerance = 79;
+        QVERIFY(qAbs(nSecond - nDraws / 2) <= tolerance);
+    }
+
+    void timer_isNotStarted_whenTheReversalsAreComplete_data()
+    {
+        QTest::addColumn<int>("reversalCount");
+        QTest::addColumn<bool>("isStarted");
+        QTest::newRow("none yet") << 0 << true;
+        QTest::newRow("one missing") << 13 << true;
+        QTest::newRow("complete") << 14 << false;
+        QTest::newRow("more than enough") << 15 << false;
+    }
+
+    void timer_isNotStarted_whenTheReversalsAreComplete()
+    {
+        QFETCH(int, reversalCount);
+        MainWindow window;
+        Probe::data(window).reversalCount = reversalCount;
+        window.playWav();
+        QTEST(Probe::timerPlay(window)->isActive(), "isStarted");
+        QCOMPARE(Probe::data(window).nTrials, 1);
+        QVERIFY(Probe::data(window).deviantPosition >= 2);
+    }
+
+    void timer_ticksPreciselyAndRepeatedly()
+    {
+        MainWindow window;
+        const QTimer* const timer = Probe::timerPlay(window);
+        QCOMPARE(timer->timerType(), Qt::PreciseTimer);
+        QVERIFY(!timer->isSingleShot());
+        QCOMPARE(timer->parent(), &window);
+        window.playWav();
+        QCOMPARE(timer->interval(), 1600);
+        QCOMPARE(Probe::soundIndex(window), 0);
+    }
+
+    void tick_startsTheNextSound()
+    {
+        MainWindow window;
+        Probe::data(window).silentInterval = 0.0;
+        Probe::data(window).dur = {0.001, 0.002};
+        window.playWav();
+        QCOMPARE(Probe::timerPlay(window)->interval(), 2);
+        QTRY_COMPARE(Probe::soundIndex(window), 4);
+        QVERIFY(Probe::timerPlay(window)->isActive());
+    }
+};
+
+QTEST_MAIN(TestTrialAnswer)
+#include "tst_trial_answer.moc"

@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "subject/SubjectWindow.h"
+#include "support/MainWindowProbe.h"
+#include "support/QuietTest.h"
+
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMetaMethod>
+#include <QPushButton>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+
+class TestSubjectWindow : public QuietTest {
+    Q_OBJECT
+
+private slots:
+    void title_isExact()
+    {
+        const SubjectWindow window(nullptr);
+        QCOMPARE(window.windowTitle(),
+            "Quorin Lab | Frequency Discrimination and Modulation Detection (v062) | "
+            "Subject Window");
+    }
+
+    void widgets_haveTheirTextsAndPlaces_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QVector<int>>("place");
+        QTest::addColumn<bool>("isVisible");
+        const auto add
+            = [](const char* name, const char* text, const QVector<int>& place, bool isVisible) {
+                  QTest::newRow(name) << QString(name) << QString(text) << place << isVisible;
+              };
+        add("pushButtonChoice1", "1", {0, 0, 1, 1}, false);
+        add("pushButtonChoice2", "2", {0, 1, 1, 1}, false);
+        add("pushButtonChoice3", "3", {0, 2, 1, 1}, false);
+        add("pushButtonChoice4", "4", {0, 3, 1, 1}, false);
+        add("pushButtonIAmReady", "I am ready", {2, 1, 1, 2}, true);
+        add("pushButtonDone", "Done", {3, 1, 1, 2}, false);
+        add("labelThreshold", "Threshold = ", {1, 0, 1, 4}, false);
+    }
+
+    void widgets_haveTheirTextsAndPlaces()
+    {
+        QFETCH(QString, name);
+        QFETCH(QVector<int>, place);
+        SubjectWindow window(nullptr);
+        window.show();
+        QWidget* const widget = window.findChild<QWidget*>(name);
+        QVERIFY(widget != nullptr);
+        QTEST(widget->property("text").toString(), "text");
+        QTEST(widget->isVisible(), "isVisible");
+        const QGridLayout* const grid = Probe::gridLayout(window);
+        QVector<int> found(4);
+        grid->getItemPosition(grid->indexOf(widget), &found[0], &found[1], &found[2], &found[3]);
+        QCOMPARE(found, place);
+    }
+
+    void centralWidget_holdsTheGrid()
+    {
+        SubjectWindow window(nullptr);
+        QCOMPARE(window.QMainWindow::centralWidget(), Probe::centralWidget(window));
+        QCOMPARE(Probe::centralWidget(window)->layout(),
+            static_cast<QLayout*>(Probe::gridLayout(window)));
+        QCOMPARE(Probe::gridLayout(window)->count(), 7);
+    }
+
+    void intervalButtons_fillTheWindow()
+    {
+        SubjectWindow window(nullptr);
+        for (const QPushButton* button :
+            {Probe::pushButtonChoice1(window), Probe::pushButtonChoice2(window),
+                Probe::pushButtonChoice3(window), Probe::pushButtonChoice4(window)}) {
+            QCOMPARE(button->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+            QCOMPARE(button->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
+            QCOMPARE(button->styleSheet(), QString());
+        }
+    }
+
+    void label_isCentredAndSelectable()
+    {
+        SubjectWindow window(nullptr);
+        const QLabel* const label = Probe::labelThreshold(window);
+        QCOMPARE(label->sizePolicy().horizontalPolicy(), QSizePolicy::Preferred);
+        QCOMPARE(label->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
+        QCOMPARE(label->alignment(), Qt::Alignment(Qt::AlignHCenter));
+        QCOMPARE(
+            label->textInteractionFlags(), Qt::TextInteractionFlags(Qt::TextSelectableByMouse));
+    }
+
+    void geometry_isACentredPartOfTheScreen()
+    {
+        SubjectWindow window(nullptr);
+        const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+        const int width = static_cast<int>(screen.width() * 0.55);
+        const int height = static_cast<int>(screen.height() * 0.3);
+        QCOMPARE(window.geometry(),
+            QRect((screen.width() - width) / 2, (screen.height() - height) / 2, width, height));
+        QVERIFY(Probe::centerWindow(window));
+        QCOMPARE(Probe::widthFraction(window), 0.55);
+        QCOMPARE(Probe::heightFraction(window), 0.3);
+    }
+
+    void corner_staysButOnTheScreen_whenNotCentred_data()
+    {
+        QTest::addColumn<QPoint>("before");
+        QTest::addColumn<QPoint>("after");
+        QTest::newRow("far enough") << QPoint(50, 60) << QPoint(50, 60);
+        QTest::newRow("left") << QPoint(-20, 60) << QPoint(5, 60);
+        QTest::newRow("above") << QPoint(50, 39) << QPoint(50, 40);
+        QTest::newRow("both") << QPoint(0, 0) << QPoint(5, 40);
+    }
+
+    void corner_staysButOnTheScreen_whenNotCentred()
+    {
+        QFETCH(QPoint, before);
+        QFETCH(QPoint, after);
+        SubjectWindow window(nullptr);
+        const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+        window.setGeometry(QRect(before, QSize(300, 200)));
+        window.centerAndResizeSubjectWindow(false, 1.5, 0.5);
+        QCOMPARE(window.geometry(), QRect(after, QSize(screen.width(), screen.height() / 2)));
+    }
+
+    void reservedColors_keepTheirValues()
+    {
+        SubjectWindow window(nullptr);
+        const std::array<int, 9> expected = {0, 240, 240, 240, 255, 255, 255, 0, 255};
+        QCOMPARE(Probe::reservedColors(window), expected);
+    }
+
+    void methods_standInTheirOrder()
+    {
+        const QMetaObject& meta = SubjectWindow::staticMetaObject;
+        QStringList methods;
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+            methods.append(meta.method(i).methodSignature());
+        }
+        const QStringList expected
+            = {"subjectResponded(int)", "subjectWindowClosed()", "on_pushButtonIAmReady_clicked()",
+                "updateSubjectWindow(int)", "on_pushButtonChoice2_clicked()",
+                "on_pushButtonChoice3_clicked()", "finishExperiment(double,double,int,double)"};
+        QCOMPARE(methods, expected);
+        QCOMPARE(meta.method(meta.methodOffset() + 1).methodType(), QMetaMethod::Signal);
+        QCOMPARE(meta.method(meta.methodOffset() + 2).methodType(), QMetaMethod::Slot);
+    }
+
+    void iAmReady_startsTheRun()
+    {
+        SubjectWindow window(nullptr);
+        window.show();
+        QSignalSpy responses(&window, SIGNAL(subjectResponded(int)));
+        connect(&window, &SubjectWindow::subjectResponded, &window, [&window] {
+            QVERIFY(!window.isEnabled());
+            QVERIFY(Probe::pushButtonChoice4(window)->isVisible());
+            QVERIFY(!Probe::pushButtonIAmReady(window)->isVisible());
+        });
+        Probe::pushButtonDone(window)->show();
+        Probe::pushButtonIAmReady(window)->click();
+
+        QCOMPARE(responses, QList<QVariantList>() << (QVariantList() << 0));
+        QVERIFY(!Probe::pushButtonDone(window)->isVisible());
+        for (const QPushButton* button :
+            {Probe::pushButtonChoice1(window), Probe::pushButtonChoice2(window),
+                Probe::pushButtonChoice3(window), Probe::pushButtonChoice4(window)}) {
+            QVERIFY(button->isVisible());
+            QVERIFY(button->testAttribute(Qt::WA_ForceDisabled));
+        }
+    }
+
+    void answer_disablesTheWindowAtOnce_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("response");
+        QTest::newRow("2") << "pushButtonChoice2" << 2;
+        QTest::newRow("3") << "pushButtonChoice3" << 3;
+    }
+
+    void answer_disablesTheWindowAtOnce()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, response);
+        SubjectWindow window(nullptr);
+        window.updateSubjectWindow(-1);
+        QSignalSpy responses(&window, SIGNAL(subjectResponded(int)));
+        connect(&window, &SubjectWindow::subjectResponded, &window,
+            [&window] { QVERIFY(!window.isEnabled()); });
+        auto* const button = window.findChild<QPushButton*>(name);
+        button->click();
+        button->click();
+        QCOMPARE(responses, QList<QVariantList>() << (QVariantList() << response));
+    }
+
+    void outerButtons_sayNothing()
+    {
+        SubjectWindow window(nullptr);
+        QSignalSpy responses(&window, SIGNAL(subjectResponded(int)));
+        for (QPushButton* button :
+            {Probe::pushButtonChoice1(window), Probe::pushButtonChoice4(window)}) {
+            button->click();
+        }
+        QCOMPARE(responses.count(), 0);
+        QVERIFY(window.isEnabled());
+    }
+
+    void allChoiceButtons_canBeDisabled()
+    {
+        SubjectWindow window(nullptr);
+        window.updateSubjectWindow(-1);
+        window.disableAllChoiceButtons();
+        QVERIFY(window.isEnabled());
+        QVERIFY(!Probe::pushButtonChoice1(window)->isEnabled());
+        QVERIFY(!Probe::pushButtonChoice2(window)->isEnabled());
+        QVERIFY(!Probe::pushButtonChoice3(window)->isEnabled());
+        QVERIFY(!Probe::pushButtonChoice4(window)->isEnabled());
+        QVERIFY(Probe::pushButtonIAmReady(window)->isEnabled());
+    }
+};
+
+QTEST_MAIN(TestSubjectWindow)
+#include "tst_subject_window.moc"

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+class MainWindow;
+class SubjectWindow;
+
+/// Drives the runs of a main window by hand, without sound and without waiting: a sound starts and
+/// ends by direct calls of the window's slots, and the answers come from the buttons.
+class RunDriver {
+public:
+    /// Sets a silent interval of an hour, so that the pacing timer never ticks by itself.
+    explicit RunDriver(MainWindow& window);
+
+    /// Presses View and Go.
+    /// @return the subject window of the new run
+    SubjectWindow& open();
+    /// Presses "I am ready": the first trial begins.
+    void beReady();
+    /// What a tick of the pacing timer does.
+    void startSound();
+    /// What the sound's output does when all of it was played.
+    void endSound();
+    /// Starts and ends the four sounds of a trial.
+    void playTrial();
+    /// Presses "2" or "3".
+    void answer(int position);
+    /// Presses the button of the deviant's position when right, the other one when not.
+    void answerRightly(bool isRight);
+
+private:
+    MainWindow& m_window;
+};

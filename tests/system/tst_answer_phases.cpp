@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/MainWindowProbe.h"
+#include "support/ModalBoxes.h"
+#include "support/RunDriver.h"
+#include "support/WindowTest.h"
+
+#include <QPushButton>
+#include <QWindow>
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+enum Means { mouse, space };
+
+// Presses a button as a listener does: the window system decides who gets it.
+void press(SubjectWindow& subject, QPushButton* button, Means means)
+{
+    QWindow* const window = subject.windowHandle();
+    if (means == mouse) {
+        QTest::mouseClick(
+            window, Qt::LeftButton, {}, button->mapTo(&subject, button->rect().center()));
+        return;
+    }
+    button->setFocus();
+    QTest::keyClick(window, Qt::Key_Space);
+    QTest::keyClick(window, Qt::Key_Return);
+}
+
+void pressAll(SubjectWindow& subject, Means means)
+{
+    for (QPushButton* button :
+        {Probe::pushButtonChoice1(subject), Probe::pushButtonChoice2(subject),
+            Probe::pushButtonChoice3(subject), Probe::pushButtonChoice4(subject)}) {
+        press(subject, button, means);
+    }
+}
+
+// A run in a window that is on the screen and has the keyboard.
+class ShownRun {
+public:
+    ShownRun()
+        : driver(window)
+        , subject(driver.open())
+    {
+        QApplication::setActiveWindow(&subject);
+        isShown = QTest::qWaitForWindowActive(&subject);
+    }
+
+    const QVector<Record>& records() { return Probe::data(window).records; }
+
+    MainWindow window;
+    RunDriver driver;
+    SubjectWindow& subject;
+    bool isShown;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Means)
+
+class TestAnswerPhases : public WindowTest {
+    Q_OBJECT
+
+private:
+    static void addMeans()
+    {
+        QTest::addColumn<Means>("means");
+        QTest::newRow("mouse") << mouse;
+        QTest::newRow("keyboard") << space;
+    }
+
+private slots:
+    void press_isNoAnswer_beforeTheListenerIsReady()
+    {
+        ShownRun run;
+        QVERIFY(run.isShown);
+        QWindow* const window = run.subject.windowHandle();
+        for (const int eighths : {1, 3, 5, 7}) {
+            QTest::mouseClick(window, Qt::LeftButton, {},
+                QPoint(run.subject.width() * eighths / 8, run.subject.height() / 10));
+        }
+        for (const Qt::Key key : {Qt::Key_2, Qt::Key_3, Qt::Key_Return}) {
+            QTest::keyClick(window, key);
+        }
+        QVERIFY(run.records().isEmpty());
+        QCOMPARE(Probe::data(run.window).nTrials, 0);
+    }
+
+    void press_isNoAnswer_whileSoundsPlay_data() { addMeans(); }
+
+    void press_isNoAnswer_whileSoundsPlay()
+    {
+        QFETCH(Means, means);
+        ShownRun run;
+        QVERIFY(run.isShown);
+        press(run.subject, Probe::pushButtonIAmReady(run.subject), means);
+        QCOMPARE(Probe::data(run.window).nTrials, 1);
+        for (int trial = 1; trial <= 2; ++trial) {
+            for (int sound = 1; sound <= 4; ++sound) {
+                pressAll(run.subject, means);
+                run.driver.startSound();
+                pressAll(run.subject, means);
+                QCOMPARE(run.records().size(), trial - 1);
+                QCOMPARE(Probe::soundIndex(run.window), sound);
+                run.driver.endSound();
+            }
+            press(run.subject, Probe::pushButtonChoice3(run.subject), means);
+            QCOMPARE(run.records().size(), trial);
+        }
+    }
+
+    void answer_isTheFirstPress_data()
+    {
+        QTest::addColumn<Means>("means");
+        QTest::addColumn<int>("answer");
+        QTest::newRow("2 by mouse") << mouse << 2;
+        QTest::newRow("3 by mouse") << mouse << 3;
+        QTest::newRow("2 by keyboard") << space << 2;
+        QTest::newRow("3 by keyboard") << space << 3;
+    }
+
+    void answer_isTheFirstPress()
+    {
+        QFETCH(Means, means);
+        QFETCH(int, answer);
+        ShownRun run;
+        QVERIFY(run.isShown);
+        run.driver.beReady();
+        run.driver.playTrial();
+        QPushButton* const second = Probe::pushButtonChoice2(run.subject);
+        QPushButton* const third = Probe::pushButtonChoice3(run.subject);
+        press(run.subject, Probe::pushButtonChoice1(run.subject), means);
+        press(run.subject, Probe::pushButtonChoice4(run.subject), means);
+        QVERIFY(run.records().isEmpty());
+
+        press(run.subject, answer == 2 ? second : third, means);
+        pressAll(run.subject, mouse);
+        pressAll(run.subject, space);
+        QCOMPARE(run.records().size(), 1);
+        QCOMPARE(run.records().constFirst().responsePosition, answer);
+        QCOMPARE(Probe::data(run.window).nTrials, 2);
+    }
+
+    void doubleClick_isOneAnswer()
+    {
+        ShownRun run;
+        QVERIFY(run.isShown);
+        run.driver.beReady();
+        run.driver.playTrial();
+        QPushButton* const button = Probe::pushButtonChoice2(run.subject);
+        QTest::mouseDClick(run.subject.windowHandle(), Qt::LeftButton, {},
+            button->mapTo(&run.subject, button->rect().center()));
+        QCOMPARE(run.records().size(), 1);
+    }
+
+    void pressThatBeganBeforeTheAnswerPhase_isNoAnswer_data() { addMeans(); }
+
+    void pressThatBeganBeforeTheAnswerPhase_isNoAnswer()
+    {
+        QFETCH(Means, means);
+        ShownRun run;
+        QVERIFY(run.isShown);
+        run.driver.beReady();
+        for (int i = 0; i < 3; ++i) {
+            run.driver.startSound();
+            run.driver.endSound();
+        }
+        run.driver.startSound();
+        QPushButton* const button = Probe::pushButtonChoice2(run.subject);
+        QWindow* const window = run.subject.windowHandle();
+        const QPoint centre = button->mapTo(&run.subject, button->rect().center());
+        if (means == mouse) {
+            QTest::mousePress(window, Qt::LeftButton, {}, centre);
+            run.driver.endSound();
+            QTest::mouseRelease(window, Qt::LeftButton, {}, centre);
+        } else {
+            QTest::keyPress(window, Qt::Key_Space);
+            run.driver.endSound();
+            button->setFocus();
+            QTest::keyRelease(window, Qt::Key_Space);
+        }
+        QVERIFY(run.subject.isEnabled());
+        QVERIFY(run.records().isEmpty());
+    }
+
+    void press_isNoAnswer_whileTheConfirmationIsOpen_data()
+    {
+        QTest::addColumn<Means>("means");
+        QTest::addColumn<bool>("isAnswerPhase");
+        QTest::newRow("mouse, answer phase") << mouse << true;
+        QTest::newRow("mouse, sound") << mouse << false;
+        QTest::newRow("keyboard, answer phase") << space << true;
+        QTest::newRow("keyboard, sound") << space << false;
+    }
+
+    void press_isNoAnswer_whileTheConfirmationIsOpen()
+    {
+        QFETCH(Means, means);
+        QFETCH(bool, isAnswerPhase);
+        ShownRun run;
+        QVERIFY(run.isShown);
+        run.driver.beReady();
+        run.driver.playTrial();
+        if (!isAnswerPhase) {
+            run.driver.answer(2);
+            run.driver.startSound();
+        }
+        const int before = run.records().size();
+        ModalBoxes boxes;
+        boxes.answerNext(QMessageBox::No);
+        boxes.onOpen([&](QWidget*) {
+            for (QPushButton* button :
+                {Probe::pushButtonChoice2(run.subject), Probe::pushButtonChoice3(run.subject)}) {
+                if (means == mouse) {
+                    press(run.subject, button, means);
+                } else {
+                    button->setFocus();
+                    QTest::keyClick(run.subject.windowHandle(), Qt::Key_Space);
+                }
+            }
+        });
+        QVERIFY(!run.subject.close());
+        QCOMPARE(boxes.messages().size(), 1);
+        QCOMPARE(run.records().size(), before);
+
+        QApplication::setActiveWindow(&run.subject);
+        press(run.subject, Probe::pushButtonChoice3(run.subject), means);
+        QCOMPARE(run.records().size(), isAnswerPhase ? before + 1 : before);
+    }
+
+    void press_isNoAnswer_afterTheRun_data() { addMeans(); }
+
+    void press_isNoAnswer_afterTheRun()
+    {
+        QFETCH(Means, means);
+        ShownRun run;
+        QVERIFY(run.isShown);
+        run.driver.beReady();
+        run.driver.playTrial();
+        Probe::data(run.window).reversalCount = 14;
+        run.driver.answer(2);
+        QVERIFY(Probe::pushButtonDone(run.subject)->isVisible());
+        pressAll(run.subject, means);
+        QCOMPARE(run.records().size(), 1);
+    }
+};
+
+QTEST_MAIN(TestAnswerPhases)
+#include "tst_answer_phases.moc"
