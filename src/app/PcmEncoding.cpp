@@ -11,8 +11,9 @@ QByteArray encodedPcm(const QVector<double>& samples, int nSamples)
     const int nEncoded = std::min(nSamples, samples.size());
     char* destination = bytes.data();
     for (int i = 0; i < nEncoded; ++i) {
-        const float sample = static_cast<float>(samples[i]);
-        std::memcpy(destination + i * bytesPerSample, &sample, sizeof sample);
+        const auto sample = static_cast<float>(samples[i]);
+        std::memcpy(destination, &sample, bytesPerSample);
+        destination += bytesPerSample;
     }
     return bytes;
 }

@@ -9,5 +9,3 @@ Record::Record()
     , reactionTime(0.0)
 {
 }
-
-Record::~Record() = default;

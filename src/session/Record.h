@@ -6,7 +6,7 @@ class Record {
 public:
     /// Every field zero or false.
     Record();
-    ~Record();
+    ~Record() = default;
 
     /// The deviant's adapted parameter at this trial, a fraction: of the standard's carrier
     /// frequency when the frequency difference is adapted, of full modulation when the depth is.

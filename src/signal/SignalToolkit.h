@@ -6,7 +6,7 @@
 /// Names the toolkit; the functions below are free functions.
 class TarvoClasses {
 public:
-    TarvoClasses() { }
+    TarvoClasses() = default;
 };
 
 // Signals are vectors of samples at a rate that the caller passes; sample k stands for k / fs

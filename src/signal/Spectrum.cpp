@@ -17,7 +17,7 @@ Spectrum spectrumOf(const QVector<double>& sound, qint64 length, int nSamples)
     FFTReal<double> transform(length);
     transform.do_fft(f.data(), block.constData());
 
-    const double scale = nSamples / 2;
+    const int scale = nSamples / 2;
     Spectrum spectrum = {QVector<double>(half), QVector<double>(half)};
     double* amplitude = spectrum.amplitude.data();
     double* phase = spectrum.phase.data();
