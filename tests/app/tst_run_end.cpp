@@ -6,7 +6,6 @@
 
 #include <QAudioOutput>
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -29,15 +28,6 @@ void openShortRun(MainWindow& window, RunDriver& driver)
     driver.playTrial();
     driver.answerRightly(true);
     driver.playTrial();
-}
-
-// What a click into the title bar sends, in place of a call of close().
-bool closeByTitleBar(QWidget& window)
-{
-    QCloseEvent event;
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    QCoreApplication::instance()->notify(&window, &event);
-    return event.isAccepted();
 }
 
 } // namespace
@@ -157,27 +147,6 @@ private slots:
         QVERIFY(!Probe::subjectWindow(window)->close());
         QVERIFY(!window.isEnabled());
         QVERIFY(Probe::subjectWindow(window)->isVisible());
-    }
-
-    void titleBar_doesNotCloseTheMainWindow_duringARun()
-    {
-        MainWindow window;
-        window.show();
-        RunDriver driver(window);
-        driver.open();
-        QVERIFY(!closeByTitleBar(window));
-        QVERIFY(window.isVisible());
-        emit Probe::subjectWindow(window)->subjectWindowClosed();
-        QVERIFY(closeByTitleBar(window));
-    }
-
-    void code_closesTheMainWindow_duringARun()
-    {
-        MainWindow window;
-        window.show();
-        RunDriver(window).open();
-        QVERIFY(window.close());
-        QVERIFY(!window.isVisible());
     }
 
     void destruction_asksNothing_whileARunIsOpen()

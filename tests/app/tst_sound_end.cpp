@@ -66,12 +66,6 @@ class TestSoundEnd : public WindowTest {
     Q_OBJECT
 
 private slots:
-    void stateType_isKnownToTheMetaObjects()
-    {
-        const MainWindow window;
-        QVERIFY(QMetaType::type("QAudio::State") != QMetaType::UnknownType);
-    }
-
     void idle_releasesTheSound()
     {
         RunningTrial trial(1);

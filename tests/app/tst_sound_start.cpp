@@ -52,18 +52,6 @@ private slots:
         QVERIFY(Probe::audioOutput(window) == nullptr);
     }
 
-    void format_isFloatMono()
-    {
-        MainWindow window;
-        const QAudioFormat& format = Probe::audioFormat(window);
-        QCOMPARE(format.sampleRate(), 40000);
-        QCOMPARE(format.channelCount(), 1);
-        QCOMPARE(format.sampleSize(), 32);
-        QCOMPARE(format.codec(), QString("audio/pcm"));
-        QCOMPARE(format.byteOrder(), QAudioFormat::LittleEndian);
-        QCOMPARE(format.sampleType(), QAudioFormat::Float);
-    }
-
     void deviant_standsInItsInterval_data()
     {
         QTest::addColumn<int>("position");

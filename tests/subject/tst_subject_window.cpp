@@ -4,11 +4,8 @@
 #include "support/QuietTest.h"
 
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QLabel>
-#include <QMetaMethod>
 #include <QPushButton>
-#include <QScreen>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -93,61 +90,11 @@ private slots:
             label->textInteractionFlags(), Qt::TextInteractionFlags(Qt::TextSelectableByMouse));
     }
 
-    void geometry_isACentredPartOfTheScreen()
-    {
-        SubjectWindow window(nullptr);
-        const QSize screen = QGuiApplication::primaryScreen()->availableSize();
-        const int width = static_cast<int>(screen.width() * 0.55);
-        const int height = static_cast<int>(screen.height() * 0.3);
-        QCOMPARE(window.geometry(),
-            QRect((screen.width() - width) / 2, (screen.height() - height) / 2, width, height));
-        QVERIFY(Probe::centerWindow(window));
-        QCOMPARE(Probe::widthFraction(window), 0.55);
-        QCOMPARE(Probe::heightFraction(window), 0.3);
-    }
-
-    void corner_staysButOnTheScreen_whenNotCentred_data()
-    {
-        QTest::addColumn<QPoint>("before");
-        QTest::addColumn<QPoint>("after");
-        QTest::newRow("far enough") << QPoint(50, 60) << QPoint(50, 60);
-        QTest::newRow("left") << QPoint(-20, 60) << QPoint(5, 60);
-        QTest::newRow("above") << QPoint(50, 39) << QPoint(50, 40);
-        QTest::newRow("both") << QPoint(0, 0) << QPoint(5, 40);
-    }
-
-    void corner_staysButOnTheScreen_whenNotCentred()
-    {
-        QFETCH(QPoint, before);
-        QFETCH(QPoint, after);
-        SubjectWindow window(nullptr);
-        const QSize screen = QGuiApplication::primaryScreen()->availableSize();
-        window.setGeometry(QRect(before, QSize(300, 200)));
-        window.centerAndResizeSubjectWindow(false, 1.5, 0.5);
-        QCOMPARE(window.geometry(), QRect(after, QSize(screen.width(), screen.height() / 2)));
-    }
-
     void reservedColors_keepTheirValues()
     {
         SubjectWindow window(nullptr);
         const std::array<int, 9> expected = {0, 240, 240, 240, 255, 255, 255, 0, 255};
         QCOMPARE(Probe::reservedColors(window), expected);
-    }
-
-    void methods_standInTheirOrder()
-    {
-        const QMetaObject& meta = SubjectWindow::staticMetaObject;
-        QStringList methods;
-        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-            methods.append(meta.method(i).methodSignature());
-        }
-        const QStringList expected
-            = {"subjectResponded(int)", "subjectWindowClosed()", "on_pushButtonIAmReady_clicked()",
-                "updateSubjectWindow(int)", "on_pushButtonChoice2_clicked()",
-                "on_pushButtonChoice3_clicked()", "finishExperiment(double,double,int,double)"};
-        QCOMPARE(methods, expected);
-        QCOMPARE(meta.method(meta.methodOffset() + 1).methodType(), QMetaMethod::Signal);
-        QCOMPARE(meta.method(meta.methodOffset() + 2).methodType(), QMetaMethod::Slot);
     }
 
     void iAmReady_startsTheRun()
