@@ -18,7 +18,7 @@ template <class T> struct FFTScalarLanes {
     static Factor factors(const T* p) { return *p; }
     static Factor factorsReversed(const T* p) { return *p; }
     static Factor sameFactor(const T* p) { return *p; }
-    static void storeColumn(T* df, qint64, const Pack* column, qint64 count)
+    static void storeColumn(T* df, qint64 /*stride*/, const Pack* column, qint64 count)
     {
         for (qint64 i = 0; i < count; ++i)
             df[i] = column[i];

@@ -48,13 +48,14 @@ template <class Lanes> struct FFTOpening {
     static void closeColumn(
         Pack* column, const Pack* eights, int blockBits, const FFTTwiddles<Scalar>* passes)
     {
-        if (blockBits == 4)
+        if (blockBits == 4) {
             Passes::combineTwo(column, eights, passes[3]);
-        else if (blockBits == 5)
+        } else if (blockBits == 5) {
             Passes::template combineFour<false, false>(column, eights, passes[3], passes[4]);
-        else
+        } else {
             for (int i = 0; i < 8; ++i)
                 column[i] = eights[i];
+        }
     }
 
     /// The lanes of a pack are consecutive samples, whose places in bit-reversed order lie a
@@ -71,9 +72,10 @@ template <class Lanes> struct FFTOpening {
         Pack eights[neighbours][largestBlock];
         Pack column[largestBlock];
         for (qint64 i = 0; i < distance; i += block) {
-            for (qint64 j = 0; j < block; j += 8)
+            for (qint64 j = 0; j < block; j += 8) {
                 for (qint64 c = 0; c < together; ++c)
                     openEight(eights[c] + j, x, reversed + i + c * distance + j);
+            }
             for (qint64 c = 0; c < together; ++c) {
                 closeColumn(column, eights[c], blockBits, passes);
                 Lanes::storeColumn(df + i + c * distance, stride, column, block);

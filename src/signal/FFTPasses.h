@@ -113,7 +113,9 @@ template <class Lanes> struct FFTPasses {
         }
     }
 
-    // Depth first: what is combined next still lies in the nearest cache.
+    // Depth first: what is combined next still lies in the nearest cache. The depth is half of the
+    // transform's bits.
+    // NOLINTNEXTLINE(misc-no-recursion)
     static void combine(Element* df, Element* sf, int bits, int blockBits, const Twiddles* passes)
     {
         if (bits == blockBits)
@@ -123,11 +125,12 @@ template <class Lanes> struct FFTPasses {
             combine(sf + i, df + i, bits - 2, blockBits, passes);
         const Twiddles& low = passes[bits - 2];
         const Twiddles& high = passes[bits - 1];
-        if (low.turned)
+        if (low.turned) {
             combineFour<true, true>(df, sf, low, high);
-        else if (high.turned)
+        } else if (high.turned) {
             combineFour<false, true>(df, sf, low, high);
-        else
+        } else {
             combineFour<false, false>(df, sf, low, high);
+        }
     }
 };

@@ -15,9 +15,10 @@ template <class T> constexpr T fftHalfPi = T(1.570796326794896619231321691639751
 template <class T> const FFTKernel<T>* fftKernelFor(int bits)
 {
     constexpr int fewestVectorBits = 6;
-    if constexpr (std::is_same_v<T, double>)
+    if constexpr (std::is_same_v<T, double>) {
         if (bits >= fewestVectorBits && fftVectorKernel() != nullptr)
             return fftVectorKernel();
+    }
     return &fftKernel<FFTScalarLanes<T>>;
 }
 
@@ -43,9 +44,10 @@ template <class T> void FFTReal<T>::buildBitReversal()
     _bitReversal[0] = 0;
     qint64* const table = _bitReversal.data();
     qint64 reversedBit = _length / 2;
-    for (qint64 filled = 1; filled < _length; filled *= 2, reversedBit /= 2)
+    for (qint64 filled = 1; filled < _length; filled *= 2, reversedBit /= 2) {
         for (qint64 i = 0; i < filled; ++i)
             table[filled + i] = table[i] + reversedBit;
+    }
 }
 
 // The last level holds every other: a level's entries are every second one of the next.
@@ -155,10 +157,11 @@ template <class T> FFTTwiddles<T> FFTReal<T>::twiddles(int pass) const
     QUORIN_CHECK(pass < _nbr_bits, "pass < _nbr_bits");
     FFTTwiddles<T> result;
     result.quarter = qint64(1) << (pass - 1);
-    if (pass > TRIGO_BD_LIMIT)
+    if (pass > TRIGO_BD_LIMIT) {
         addRun(result, pass);
-    else
+    } else {
         result.seats = levelCosines(pass);
+    }
     return result;
 }
 

@@ -15,10 +15,11 @@ template <class Lanes> struct FFTTwiddle {
     /// @param k       coefficient, 1 or a multiple of the number of lanes
     template <bool turned> static FFTTwiddle at(const Twiddles& t, qint64 k)
     {
-        if constexpr (turned)
+        if constexpr (turned) {
             return fromOscillator(t, k);
-        else
+        } else {
             return fromTable(t, k);
+        }
     }
 
     static FFTTwiddle fromTable(const Twiddles& t, qint64 k)
