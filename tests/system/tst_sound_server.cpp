@@ -122,6 +122,19 @@ private slots:
         QVERIFY(locate(recording, second, begin + first.size()) >= 0);
     }
 
+    void recording_canBeRead_whileItGoesOn()
+    {
+        const QVector<float> sound = noise(400);
+        SoundRecorder recorder(m_server);
+        QVERIFY2(recorder.start(), qUtf8Printable(recorder.errorText()));
+        const qint64 before = recorder.sampleCount();
+        QVERIFY(play(sound));
+        QTRY_VERIFY_WITH_TIMEOUT(locate(recorder.samples(before), sound) >= 0, playTimeoutMs);
+        QCOMPARE(
+            locate(recorder.samples(-1), sound), before + locate(recorder.samples(before), sound));
+        QVERIFY(recorder.samples(recorder.sampleCount() + qint64(rate) * 3600).isEmpty());
+    }
+
     void recording_isNew_whenTheRecorderIsStartedAgain()
     {
         const QVector<float> sound = noise(400);

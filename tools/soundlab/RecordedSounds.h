@@ -13,6 +13,7 @@ struct RecordedSound {
         return begin == other.begin && length == other.length;
     }
 };
+Q_DECLARE_TYPEINFO(RecordedSound, Q_PRIMITIVE_TYPE);
 
 /// The sounds of a recording: what lies between runs of at least shortestSilence exact zeros (of
 /// either sign) and the recording's ends. Each begins and ends with a sample that is not zero, so

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QtCore/qtestsupport_core.h>
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -48,14 +49,19 @@ QVector<float> SoundRecorder::stop()
     if (!QTest::qWaitFor(isComplete, timeoutMs))
         m_errorText = "the server has stopped sending samples";
     m_process.end();
+    return samples();
+}
 
+QVector<float> SoundRecorder::samples(qint64 from) const
+{
     QFile file(fileName());
-    if (!file.open(QIODevice::ReadOnly))
+    const qint64 offset = std::max(from, qint64(0)) * bytesPerSample;
+    if (!file.open(QIODevice::ReadOnly) || offset >= file.size() || !file.seek(offset))
         return {};
     const QByteArray bytes = file.readAll();
-    QVector<float> samples(int(bytes.size() / bytesPerSample));
-    std::memcpy(samples.data(), bytes.constData(), size_t(samples.size() * bytesPerSample));
-    return samples;
+    QVector<float> read(int(bytes.size() / bytesPerSample));
+    std::memcpy(read.data(), bytes.constData(), size_t(read.size() * bytesPerSample));
+    return read;
 }
 
 qint64 SoundRecorder::sampleCount() const

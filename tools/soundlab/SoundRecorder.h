@@ -28,6 +28,9 @@ public:
 
     /// Samples recorded so far.
     qint64 sampleCount() const;
+    /// What was recorded so far, from a sample on; below 0 is taken as 0. For listening in while
+    /// the recording goes on. Empty if it has not got that far.
+    QVector<float> samples(qint64 from = 0) const;
     QString errorText() const { return m_errorText; }
 
 private:

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "demo/HeardTrial.h"
+#include "demo/PsychometricFunction.h"
+#include "support/QuietTest.h"
+
+#include <QtTest>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr PsychometricFunction depthListener = {0.056, 2.5};
+constexpr int shortestSilence = 4;
+
+const QVector<float> silence(shortestSilence, 0.0F);
+const QVector<float> standardSound {0.5F, 0.0F, -0.25F};
+const QVector<float> deviantSound {0.5F, 0.0F, -0.26F};
+
+// The sounds named by 's' and 'd', with silence before each and after the last.
+QVector<float> recorded(const QString& sounds)
+{
+    QVector<float> recording = silence;
+    for (const QChar sound : sounds) {
+        recording += (sound == 'd' ? deviantSound : standardSound) + silence;
+    }
+    return recording;
+}
+
+} // namespace
+
+class TestDemoListener : public QuietTest {
+    Q_OBJECT
+
+private slots:
+    void probability_isTwoThirds_atTheThreshold()
+    {
+        QCOMPARE(depthListener.probabilityRight(0.056), 2.0 / 3.0);
+        const PsychometricFunction steep = {0.002, 0.1};
+        QCOMPARE(steep.probabilityRight(0.002), 2.0 / 3.0);
+    }
+
+    void probability_followsTheLogisticFunction()
+    {
+        // One scale above the middle, which is the threshold raised by s ln 2 decibels.
+        const double value = 0.056 * std::pow(10.0, 2.5 * (std::log(2.0) + 1.0) / 20.0);
+        QCOMPARE(depthListener.probabilityRight(value), 0.5 + 0.5 / (1.0 + std::exp(-1.0)));
+    }
+
+    void probability_isChanceOrCertainty_atTheEnds()
+    {
+        QCOMPARE(depthListener.probabilityRight(0.0), 0.5);
+        QCOMPARE(depthListener.probabilityRight(std::numeric_limits<double>::infinity()), 1.0);
+        QVERIFY(std::isnan(depthListener.probabilityRight(std::nan(""))));
+    }
+
+    void fraction_isTheGeneratorsUpperBits()
+    {
+        std::mt19937_64 generator(5489); // its 10000th number is in the C++ standard
+        generator.discard(9999);
+        QCOMPARE(nextFraction(generator), double(9981545732273789042U >> 11U) / 9007199254740992.0);
+    }
+
+    void deviant_isHeard_inTheIntervalThatDiffers()
+    {
+        QCOMPARE(heardTrial(recorded("sdss"), shortestSilence).deviant, 2);
+        QCOMPARE(heardTrial(recorded("ssds"), shortestSilence).deviant, 3);
+    }
+
+    void deviant_isHeard_whenItIsAPartOfTheStandard()
+    {
+        QVector<float> recording = recorded("s");
+        recording += standardSound.mid(0, 1) + silence + standardSound + silence;
+        recording += standardSound + silence;
+        QCOMPARE(heardTrial(recording, shortestSilence).deviant, 2);
+    }
+
+    void deviant_isUndecided_withoutExactlyOne_data()
+    {
+        QTest::addColumn<QString>("sounds");
+        QTest::addColumn<int>("count");
+        QTest::newRow("no sound") << "" << 0;
+        QTest::newRow("three sounds") << "sds" << 3;
+        QTest::newRow("five sounds") << "sdsss" << 5;
+        QTest::newRow("no deviant") << "ssss" << 4;
+        QTest::newRow("two deviants") << "sdds" << 4;
+        QTest::newRow("the first differs") << "dsss" << 4;
+        QTest::newRow("the last differs") << "sssd" << 4;
+    }
+
+    void deviant_isUndecided_withoutExactlyOne()
+    {
+        QFETCH(QString, sounds);
+        QFETCH(int, count);
+        const HeardTrial heard = heardTrial(recorded(sounds), shortestSilence);
+        QCOMPARE(heard.deviant, 0);
+        QCOMPARE(heard.nSounds, count);
+    }
+
+    void sound_hasNotEnded_untilItsSilenceIsRecorded()
+    {
+        QVector<float> recording = recorded("sdss");
+        recording.removeLast();
+        const HeardTrial early = heardTrial(recording, shortestSilence);
+        QCOMPARE(early.nSounds, 3);
+        QCOMPARE(early.deviant, 0);
+        QCOMPARE(early.end, 3 * (shortestSilence + standardSound.size()));
+        recording.append(0.0F);
+        const HeardTrial late = heardTrial(recording, shortestSilence);
+        QCOMPARE(late.nSounds, 4);
+        QCOMPARE(late.deviant, 2);
+        QCOMPARE(late.end, recording.size() - shortestSilence);
+    }
+
+    void end_isZero_whenNothingWasRecorded()
+    {
+        QCOMPARE(heardTrial({}, shortestSilence).end, 0);
+        QCOMPARE(heardTrial({}, shortestSilence).nSounds, 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDemoListener)
+#include "tst_demo_listener.moc"
