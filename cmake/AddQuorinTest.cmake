@@ -32,7 +32,7 @@ function(quorin_add_test name source)
     # Frame pointers are missing in Qt's libraries: without the slow unwinder a leak's stack ends
     # before the library that it is suppressed by.
     list(APPEND environment
-      "ASAN_OPTIONS=detect_leaks=1:fast_unwind_on_malloc=0"
+      "ASAN_OPTIONS=detect_leaks=1:fast_unwind_on_malloc=0:malloc_context_size=6"
       "LSAN_OPTIONS=suppressions='${PROJECT_SOURCE_DIR}/tools/sanitizers/lsan.supp':print_suppressions=0"
       "UBSAN_OPTIONS=print_stacktrace=1")
   endif()

@@ -27,7 +27,7 @@ QString shownText(QWidget* widget)
         return button->text();
     if (const auto* box = qobject_cast<QComboBox*>(widget))
         return QString("%1 items").arg(box->count());
-    return QString();
+    return {};
 }
 
 // Keeps the texts that named widgets have when the layout gives them their parent: those of their

@@ -47,7 +47,7 @@ private slots:
 
         const Data& data = Probe::data(window);
         QCOMPARE(told.count(), 1);
-        const QVariantList results = told.constFirst();
+        const QVariantList& results = told.constFirst();
         // The value of the wrong second answer, one step of 2 dB below the start.
         QCOMPARE(results[0].toDouble(), 0.5 * std::pow(10.0, -0.1));
         QCOMPARE(results[1].toDouble(),

@@ -44,9 +44,10 @@ private slots:
         QFETCH(QSize, available);
         QFETCH(double, widthFraction);
         QFETCH(double, heightFraction);
-        for (const QPoint& corner : {QPoint(0, 0), QPoint(300, 200)})
+        for (const QPoint& corner : {QPoint(0, 0), QPoint(300, 200)}) {
             QTEST(windowRectangle(available, corner, true, widthFraction, heightFraction),
                 "expected");
+        }
     }
 
     void corner_isThis_whenNotCentred_data()

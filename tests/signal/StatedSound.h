@@ -38,8 +38,8 @@ inline QVector<double> statedSound(
 inline double statedRms(const QVector<double>& sound)
 {
     double sum = 0.0;
-    for (int k = 0; k < sound.size(); ++k) {
-        sum += sound[k] * sound[k];
+    for (const double sample : sound) {
+        sum += sample * sample;
     }
     return std::sqrt(sum / sound.size());
 }
@@ -48,8 +48,8 @@ inline double statedRms(const QVector<double>& sound)
 inline QVector<double> statedEqualised(QVector<double> standardSound, const QVector<double>& other)
 {
     const double factor = statedRms(other) / statedRms(standardSound);
-    for (int k = 0; k < standardSound.size(); ++k) {
-        standardSound[k] *= factor;
+    for (double& sample : standardSound) {
+        sample *= factor;
     }
     return standardSound;
 }

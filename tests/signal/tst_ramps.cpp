@@ -77,9 +77,11 @@ private slots:
         QTest::addColumn<int>("boxes");
         const QVector<QPair<QByteArray, Ramp>> ramps
             = {{"cosine", cosine}, {"cosine squared", cosineSquared}, {"linear", linear}};
-        for (const auto& [name, ramp] : ramps) {
-            const auto row
-                = [&](const char* what) -> QTestData& { return QTest::newRow(name + what); };
+        for (const auto& entry : ramps) {
+            const Ramp& ramp = entry.second;
+            const auto row = [&entry](const char* what) -> QTestData& {
+                return QTest::newRow(entry.first + what);
+            };
             row(", room between") << ramp << 100 << 7 << 0;
             row(", ends that touch") << ramp << 10 << 5 << 0;
             row(", overlap of one") << ramp << 9 << 5 << 1;

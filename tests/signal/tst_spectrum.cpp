@@ -177,7 +177,7 @@ private slots:
         const double amplitude = static_cast<double>(std::abs(sum)) / 12000;
         QVERIFY(std::abs(spectrum.amplitude[bin] - amplitude) < spectrumTolerance);
         // A bin's phase is as good as its amplitude, seen from the bin's own length.
-        const double phase = static_cast<double>(std::arg(sum));
+        const auto phase = static_cast<double>(std::arg(sum));
         QVERIFY(std::abs(spectrum.phase[bin] - phase) < spectrumTolerance / amplitude);
     }
 

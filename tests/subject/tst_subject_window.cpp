@@ -48,14 +48,17 @@ private slots:
         QFETCH(QVector<int>, place);
         SubjectWindow window(nullptr);
         window.show();
-        QWidget* const widget = window.findChild<QWidget*>(name);
+        auto* const widget = window.findChild<QWidget*>(name);
         QVERIFY(widget != nullptr);
         QTEST(widget->property("text").toString(), "text");
         QTEST(widget->isVisible(), "isVisible");
         const QGridLayout* const grid = Probe::gridLayout(window);
-        QVector<int> found(4);
-        grid->getItemPosition(grid->indexOf(widget), &found[0], &found[1], &found[2], &found[3]);
-        QCOMPARE(found, place);
+        int row = 0;
+        int column = 0;
+        int rowSpan = 0;
+        int columnSpan = 0;
+        grid->getItemPosition(grid->indexOf(widget), &row, &column, &rowSpan, &columnSpan);
+        QCOMPARE(QVector<int>({row, column, rowSpan, columnSpan}), place);
     }
 
     void centralWidget_holdsTheGrid()

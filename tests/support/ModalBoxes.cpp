@@ -20,21 +20,23 @@ constexpr QMessageBox::StandardButton escape = QMessageBox::NoButton;
 
 void pressDefault(QMessageBox* box)
 {
-    if (box->defaultButton() != nullptr)
+    if (box->defaultButton() != nullptr) {
         box->defaultButton()->click();
-    else if (!box->buttons().isEmpty())
+    } else if (!box->buttons().isEmpty()) {
         box->buttons().constFirst()->click();
-    else
+    } else {
         box->reject();
+    }
 }
 
 void press(QMessageBox* box, QMessageBox::StandardButton answer)
 {
     QAbstractButton* const button = box->button(answer);
-    if (answer == escape)
+    if (answer == escape) {
         QTest::keyClick(box, Qt::Key_Escape);
-    else if (button != nullptr)
+    } else if (button != nullptr) {
         button->click();
+    }
 }
 
 QLineEdit* nameField(const QFileDialog* dialog)
@@ -97,10 +99,11 @@ void ModalBoxes::look()
         return;
 
     m_beingMet.append(active);
-    if (auto* box = qobject_cast<QMessageBox*>(active))
+    if (auto* box = qobject_cast<QMessageBox*>(active)) {
         meet(box);
-    else if (auto* dialog = qobject_cast<QFileDialog*>(active))
+    } else if (auto* dialog = qobject_cast<QFileDialog*>(active)) {
         meet(dialog);
+    }
     m_beingMet.removeOne(active);
 }
 

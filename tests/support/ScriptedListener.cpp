@@ -7,11 +7,13 @@
 #include <QTimer>
 #include <QtTest>
 
+#include <utility>
+
 using Probe = MainWindowProbe;
 
-ScriptedListener::ScriptedListener(MainWindow& window, const QString& answers)
+ScriptedListener::ScriptedListener(MainWindow& window, QString answers)
     : m_window(window)
-    , m_answers(answers)
+    , m_answers(std::move(answers))
 {
     connect(&window, SIGNAL(soundPlaying(int)), this, SLOT(hear(int)));
     // clang-format off

@@ -24,7 +24,7 @@ public:
     };
 
     /// @param answers 'c' for a correct answer, 'w' for a wrong one; not empty
-    ScriptedListener(MainWindow& window, const QString& answers);
+    ScriptedListener(MainWindow& window, QString answers);
 
     /// The listener gives no more answers after this many trials.
     void stopAfter(int nTrials) { m_lastTrial = nTrials; }

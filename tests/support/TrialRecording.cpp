@@ -61,8 +61,8 @@ QString differenceFromRecording(
             if (begin < 0) {
                 return QString("sound %1 of trial %2 is missing").arg(interval).arg(trial + 1);
             }
-            combine(sum, sound, begin, std::plus<float>());
-            combine(rest, sound, begin, std::minus<float>());
+            combine(sum, sound, begin, std::plus<>());
+            combine(rest, sound, begin, std::minus<>());
             from = begin;
         }
     }

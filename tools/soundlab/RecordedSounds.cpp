@@ -21,10 +21,11 @@ QVector<RecordedSound> recordedSounds(const QVector<float>& recording, int short
         if (!isSound(recording.at(i)))
             continue;
         const int end = sounds.isEmpty() ? 0 : sounds.constLast().begin + sounds.constLast().length;
-        if (sounds.isEmpty() || i - end >= std::max(shortestSilence, 1))
+        if (sounds.isEmpty() || i - end >= std::max(shortestSilence, 1)) {
             sounds.append({i, 1});
-        else
+        } else {
             sounds.last().length = i + 1 - sounds.constLast().begin;
+        }
     }
     return sounds;
 }
@@ -36,6 +37,7 @@ int locate(const QVector<float>& recording, const QVector<float>& expected, int 
         return -1;
     const int offset = int(anchor - expected.cbegin());
     const auto sameBits = [&anchor](const float& sample) {
+        // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): the bits are what is looked for
         return std::memcmp(&sample, &*anchor, sizeof(float)) == 0;
     };
     const int last = recording.size() - expected.size();

@@ -6,11 +6,13 @@
 #include <QFileInfo>
 #include <QtCore/qtestsupport_core.h>
 
+#include <utility>
+
 namespace {
 
 constexpr int startTimeoutMs = 20000;
 constexpr int queryTimeoutMs = 5000;
-const QString sinkName("lab");
+constexpr auto sinkName = "lab";
 
 } // namespace
 
@@ -19,8 +21,8 @@ SoundServer::SoundServer()
 {
 }
 
-SoundServer::SoundServer(const Settings& settings)
-    : m_settings(settings)
+SoundServer::SoundServer(Settings settings)
+    : m_settings(std::move(settings))
 {
 }
 
@@ -41,7 +43,7 @@ bool SoundServer::start()
         = [this] { return m_process.state() == QProcess::NotRunning || !description().isEmpty(); };
     const bool isUp = m_process.waitForStarted() && QTest::qWaitFor(isDecided, startTimeoutMs);
     // The server goes on without a module that it could not load.
-    if (!isUp || !description().contains("Default Sink: " + sinkName.toLocal8Bit() + "\n")) {
+    if (!isUp || !description().contains(QByteArray("Default Sink: ") + sinkName + "\n")) {
         stop();
         m_errorText = m_process.whatFailed();
         return false;
@@ -71,9 +73,10 @@ QString SoundServer::address() const
     return "unix:" + m_folder.filePath("pulse.sock");
 }
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): each server has its own
 QString SoundServer::monitor() const
 {
-    return sinkName + ".monitor";
+    return QString(sinkName) + ".monitor";
 }
 
 QProcessEnvironment SoundServer::environment() const

@@ -24,7 +24,7 @@ public:
     };
 
     SoundServer();
-    explicit SoundServer(const Settings& settings);
+    explicit SoundServer(Settings settings);
     /// Stops the server and removes its folder. PULSE_SERVER stays, so that nothing that plays
     /// afterwards reaches another server of this machine.
     ~SoundServer();
