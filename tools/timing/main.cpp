@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MainWindow.h"
+#include "soundlab/SoundServer.h"
+#include "timing/PipeWireServer.h"
+#include "timing/TimedRecorder.h"
+#include "timing/TimingTable.h"
+#include "timing/TrialObserver.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QLineEdit>
+#include <QTextStream>
+#include <QTimer>
+
+#include <cstdlib>
+
+namespace {
+
+constexpr int soundMs = 60;
+constexpr int silenceMs = 120;
+constexpr int trialTimeoutMs = 10000;
+
+struct Settings {
+    QString condition;
+    RecordingSource source;
+    int nTrials;
+};
+
+int fail(const QString& text)
+{
+    QTextStream(stderr) << "quorin-timing: " << text << '\n';
+    return EXIT_FAILURE;
+}
+
+void setPanel(const MainWindow& window, const Settings& settings)
+{
+    const auto set = [&window](const char* field, int value) {
+        window.findChild<QLineEdit*>(field)->setText(QString::number(value));
+    };
+    set("lineEditStdDuration", soundMs);
+    set("lineEditDevDuration", soundMs);
+    set("lineEditSilentInterval", silenceMs);
+    set("lineEditSamplingRate", settings.source.rate);
+    set("lineEditNReversals", settings.nTrials + 1); // the run must not end by itself
+}
+
+int measure(const Settings& settings)
+{
+    MainWindow window;
+    setPanel(window, settings);
+    window.show();
+    TimedRecorder recorder(settings.source);
+    if (!recorder.begin())
+        return fail(recorder.errorText());
+
+    TrialObserver observer(window);
+    observer.startRun(settings.nTrials);
+    QObject::connect(&observer, &TrialObserver::finished, qApp, &QApplication::quit);
+    QTimer::singleShot(settings.nTrials * trialTimeoutMs, qApp, [] { QApplication::exit(1); });
+    if (QApplication::exec() != 0)
+        return fail("the trials did not end");
+    recorder.end();
+
+    // The stimuli are noise without ramps: none of their samples is exactly zero.
+    const int shortestSilence = settings.source.rate / 1000 * silenceMs / 4;
+    const QVector<RecordedSound> recorded = recordedSounds(recorder.samples(), shortestSilence);
+    if (recorded.size() != observer.sounds().size()) {
+        return fail(QString("%1 sounds were played, but %2 recorded")
+                        .arg(observer.sounds().size())
+                        .arg(recorded.size()));
+    }
+    const int soundSamples = settings.source.rate / 1000 * soundMs;
+    const Measurement measurement
+        = {observer.sounds(), recorded, SampleClock(recorder.arrivals(), settings.source.rate),
+            double(settings.source.rate), observer.periodMs(), soundSamples};
+    QTextStream out(stdout);
+    for (const QString& row : tableRows(settings.condition, measurement))
+        out << row << '\n';
+    return EXIT_SUCCESS;
+}
+
+int measureOnPulseAudio(const QString& condition, int nTrials, int latencyMs)
+{
+    SoundServer server;
+    if (!server.start())
+        return fail(server.errorText());
+    return measure({condition,
+        {server.address(), server.monitor(), server.environment(), server.settings().rate,
+            latencyMs},
+        nTrials});
+}
+
+int measureOnPipeWire(const QString& condition, int nTrials, int latencyMs, int quantum)
+{
+    PipeWireServer server(quantum);
+    if (!server.start())
+        return fail(server.errorText());
+    return measure({condition,
+        {server.address(), server.monitor(), server.environment(), server.rate(), latencyMs},
+        nTrials});
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        "Runs trials on a sound server of its own, records them, and prints how exactly they came "
+        "in time, as rows of a table.");
+    parser.addHelpOption();
+    parser.addOptions({
+        {"heading", "Print the heading of the table and end."},
+        {"server", "pulseaudio or pipewire.", "name", "pulseaudio"},
+        {"label", "What the rows are called.", "text", "PulseAudio"},
+        {"latency", "The recorder's block, ms.", "ms", "1"},
+        {"quantum", "PipeWire's quantum in samples; 0 leaves it as it is.", "samples", "0"},
+        {"trials", "How many trials to play, four sounds each.", "number", "30"},
+    });
+    parser.process(application);
+    if (parser.isSet("heading")) {
+        QTextStream(stdout) << tableHeading().join('\n') << '\n';
+        return EXIT_SUCCESS;
+    }
+    const QString server = parser.value("server");
+    const QString label = parser.value("label");
+    const int nTrials = parser.value("trials").toInt();
+    const int latencyMs = parser.value("latency").toInt();
+    if (nTrials < 1 || latencyMs < 1)
+        return fail("trials and latency must be whole numbers above 0");
+    if (server == "pulseaudio")
+        return measureOnPulseAudio(label, nTrials, latencyMs);
+    if (server == "pipewire")
+        return measureOnPipeWire(label, nTrials, latencyMs, parser.value("quantum").toInt());
+    return fail("no such server: " + server);
+}
