@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
+#include "session/Data.h"
 #include "soundlab/SoundServer.h"
 #include "timing/PipeWireServer.h"
 #include "timing/TimedRecorder.h"
@@ -7,6 +8,8 @@
 #include "timing/TrialObserver.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QCommandLineParser>
 #include <QLineEdit>
 #include <QTextStream>
@@ -34,12 +37,19 @@ int fail(const QString& text)
 
 void setPanel(const MainWindow& window, const Settings& settings)
 {
-    const auto set = [&window](const char* field, int value) {
+    const auto set = [&window](const char* field, double value) {
         window.findChild<QLineEdit*>(field)->setText(QString::number(value));
     };
+    // In this order: noise does not go with an adapted carrier frequency.
+    window.findChild<QComboBox*>("comboBoxMainParameter")
+        ->setCurrentIndex(modulationDepthParameter);
+    window.findChild<QComboBox*>("comboBoxSoundType")->setCurrentIndex(noiseCarrier);
     set("lineEditStdDuration", soundMs);
     set("lineEditDevDuration", soundMs);
     set("lineEditSilentInterval", silenceMs);
+    // Guesses drive the depth up; at 1 the first sample of a deviant would be zero.
+    window.findChild<QCheckBox*>("checkBoxResetMdFd")->setChecked(false);
+    set("lineEditDevModDepth", 0.0001);
     set("lineEditSamplingRate", settings.source.rate);
     set("lineEditNReversals", settings.nTrials + 1); // the run must not end by itself
 }
