@@ -50,10 +50,12 @@ void TimedRecorder::run()
 {
     ChildProcess process;
     process.setProcessEnvironment(m_source.environment);
-    process.start("parec",
-        {"--server", m_source.address, "--device", m_source.monitor, "--rate",
-            QString::number(m_source.rate), "--channels", "1", "--format", "float32le", "--raw",
-            "--latency-msec", QString::number(m_source.latencyMs)});
+    QStringList arguments = {"--device", m_source.monitor, "--rate", QString::number(m_source.rate),
+        "--channels", "1", "--format", "float32le", "--raw", "--latency-msec",
+        QString::number(m_source.latencyMs)};
+    if (!m_source.address.isEmpty())
+        arguments += {"--server", m_source.address};
+    process.start("parec", arguments);
     process.waitForStarted();
     QByteArray bytes;
     while (!isInterruptionRequested() && process.state() != QProcess::NotRunning) {

@@ -12,7 +12,7 @@
 
 /// What to record: the monitor of a server's sink.
 struct RecordingSource {
-    QString address; ///< of the server, as in PULSE_SERVER
+    QString address; ///< of the server, as in PULSE_SERVER; empty: the user's own
     QString monitor; ///< name of the source
     QProcessEnvironment environment; ///< of the recording process
     int rate; ///< of the sink, Hz

@@ -15,6 +15,7 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include <cmath>
 #include <cstdlib>
 
 namespace {
@@ -27,6 +28,7 @@ struct Settings {
     QString condition;
     RecordingSource source;
     int nTrials;
+    float threshold; // samples closer to zero are silence
 };
 
 int fail(const QString& text)
@@ -54,6 +56,15 @@ void setPanel(const MainWindow& window, const Settings& settings)
     set("lineEditNReversals", settings.nTrials + 1); // the run must not end by itself
 }
 
+QVector<float> gated(QVector<float> samples, float threshold)
+{
+    for (float& sample : samples) {
+        if (std::abs(sample) < threshold)
+            sample = 0.0F;
+    }
+    return samples;
+}
+
 int measure(const Settings& settings)
 {
     MainWindow window;
@@ -73,7 +84,8 @@ int measure(const Settings& settings)
 
     // The stimuli are noise without ramps: none of their samples is exactly zero.
     const int shortestSilence = settings.source.rate / 1000 * silenceMs / 4;
-    const QVector<RecordedSound> recorded = recordedSounds(recorder.samples(), shortestSilence);
+    const QVector<RecordedSound> recorded
+        = recordedSounds(gated(recorder.samples(), settings.threshold), shortestSilence);
     if (recorded.size() != observer.sounds().size()) {
         return fail(QString("%1 sounds were played, but %2 recorded")
                         .arg(observer.sounds().size())
@@ -97,7 +109,7 @@ int measureOnPulseAudio(const QString& condition, int nTrials, int latencyMs)
     return measure({condition,
         {server.address(), server.monitor(), server.environment(), server.settings().rate,
             latencyMs},
-        nTrials});
+        nTrials, 0.0F});
 }
 
 int measureOnPipeWire(const QString& condition, int nTrials, int latencyMs, int quantum)
@@ -107,7 +119,16 @@ int measureOnPipeWire(const QString& condition, int nTrials, int latencyMs, int 
         return fail(server.errorText());
     return measure({condition,
         {server.address(), server.monitor(), server.environment(), server.rate(), latencyMs},
-        nTrials});
+        nTrials, 0.0F});
+}
+
+// With a sound card, the source is an input that the output is wired to.
+int measureOnRunningServer(const QCommandLineParser& options, int nTrials, int latencyMs)
+{
+    return measure({options.value("label"),
+        {qEnvironmentVariable("PULSE_SERVER"), options.value("source"),
+            QProcessEnvironment::systemEnvironment(), options.value("rate").toInt(), latencyMs},
+        nTrials, options.value("threshold").toFloat()});
 }
 
 } // namespace
@@ -122,10 +143,14 @@ int main(int argc, char** argv)
     parser.addHelpOption();
     parser.addOptions({
         {"heading", "Print the heading of the table and end."},
-        {"server", "pulseaudio or pipewire.", "name", "pulseaudio"},
+        {"server", "pulseaudio, pipewire, or running: the one that is there.", "name",
+            "pulseaudio"},
         {"label", "What the rows are called.", "text", "PulseAudio"},
         {"latency", "The recorder's block, ms.", "ms", "1"},
         {"quantum", "PipeWire's quantum in samples; 0 leaves it as it is.", "samples", "0"},
+        {"source", "What to record of a running server.", "name", "@DEFAULT_MONITOR@"},
+        {"rate", "At which a running server is played to and recorded, Hz.", "rate", "48000"},
+        {"threshold", "What counts as silence in its recording, of full scale 1.", "value", "0"},
         {"trials", "How many trials to play, four sounds each.", "number", "30"},
     });
     parser.process(application);
@@ -143,5 +168,7 @@ int main(int argc, char** argv)
         return measureOnPulseAudio(label, nTrials, latencyMs);
     if (server == "pipewire")
         return measureOnPipeWire(label, nTrials, latencyMs, parser.value("quantum").toInt());
+    if (server == "running")
+        return measureOnRunningServer(parser, nTrials, latencyMs);
     return fail("no such server: " + server);
 }
