@@ -46,12 +46,12 @@ QString PipeWireServer::address() const
     return "unix:" + runtimeFolder() + "/pulse/native";
 }
 
-QString PipeWireServer::monitor() const
+QString PipeWireServer::monitor()
 {
     return sinkName + ".monitor";
 }
 
-int PipeWireServer::rate() const
+int PipeWireServer::rate()
 {
     return sampleRate;
 }

@@ -30,9 +30,9 @@ public:
     /// The value of PULSE_SERVER for this server.
     QString address() const;
     /// The source that gives back what the sink plays.
-    QString monitor() const;
+    static QString monitor();
     /// Of the graph and of the sink, Hz.
-    int rate() const;
+    static int rate();
     /// The environment of the server and of its clients: no folder or server of the user's.
     QProcessEnvironment environment() const;
 

@@ -6,6 +6,7 @@
 #include <QtCore/qtestsupport_core.h>
 
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -14,8 +15,8 @@ constexpr int readTimeoutMs = 200;
 
 } // namespace
 
-TimedRecorder::TimedRecorder(const RecordingSource& source)
-    : m_source(source)
+TimedRecorder::TimedRecorder(RecordingSource source)
+    : m_source(std::move(source))
 {
 }
 

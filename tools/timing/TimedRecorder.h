@@ -25,7 +25,7 @@ class TimedRecorder : public QThread {
     Q_OBJECT
 
 public:
-    explicit TimedRecorder(const RecordingSource& source);
+    explicit TimedRecorder(RecordingSource source);
     ~TimedRecorder() override;
 
     /// Starts and waits for the first samples; the event loop runs meanwhile.

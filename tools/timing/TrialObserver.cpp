@@ -82,10 +82,16 @@ void TrialObserver::onSoundPlaying(int state)
         return;
     }
     m_sounds.last().answerable = monotonicMs();
-    if (m_trial == m_nTrials)
+    if (m_trial == m_nTrials) {
         emit finished();
-    else
-        QTimer::singleShot(0, this, [this] { pressAndBegin(choiceName(2)); });
+    } else {
+        QTimer::singleShot(0, this, SLOT(answer()));
+    }
+}
+
+void TrialObserver::answer()
+{
+    pressAndBegin(choiceName(2));
 }
 
 void TrialObserver::watchSound(int interval)

@@ -39,6 +39,9 @@ signals:
     /// The last of the trials has been heard.
     void finished();
 
+private slots:
+    void answer();
+
 private:
     QPushButton& button(const QString& name) const;
     void press(const QString& name);

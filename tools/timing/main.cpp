@@ -77,7 +77,9 @@ int measure(const Settings& settings)
     TrialObserver observer(window);
     observer.startRun(settings.nTrials);
     QObject::connect(&observer, &TrialObserver::finished, qApp, &QApplication::quit);
-    QTimer::singleShot(settings.nTrials * trialTimeoutMs, qApp, [] { QApplication::exit(1); });
+    QTimer patience;
+    QObject::connect(&patience, &QTimer::timeout, qApp, [] { QApplication::exit(1); });
+    patience.start(settings.nTrials * trialTimeoutMs);
     if (QApplication::exec() != 0)
         return fail("the trials did not end");
     recorder.end();
