@@ -120,7 +120,8 @@ int measureOnPipeWire(const QString& condition, int nTrials, int latencyMs, int 
     if (!server.start())
         return fail(server.errorText());
     return measure({condition,
-        {server.address(), server.monitor(), server.environment(), server.rate(), latencyMs},
+        {server.address(), PipeWireServer::monitor(), server.environment(), PipeWireServer::rate(),
+            latencyMs},
         nTrials, 0.0F});
 }
 
