@@ -19,6 +19,9 @@ test_packages=(
     pulseaudio pulseaudio-utils # a sound server without a sound card, and its recorder
     xvfb xauth # a display without a screen
 )
+timing_packages=(
+    pipewire pipewire-bin pipewire-pulse wireplumber dbus dbus-daemon # the other sound server
+)
 check_packages=(
     git
     clang-format-14 clang-tidy-14 libclang-rt-14-dev clazy cppcheck shellcheck

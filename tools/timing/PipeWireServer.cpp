@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "timing/PipeWireServer.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QtCore/qtestsupport_core.h>
+
+namespace {
+
+constexpr int startTimeoutMs = 20000;
+constexpr int commandTimeoutMs = 5000;
+constexpr int sampleRate = 48000;
+const QString sinkName("lab");
+
+} // namespace
+
+PipeWireServer::PipeWireServer(int quantum)
+    : m_quantum(quantum)
+{
+}
+
+PipeWireServer::~PipeWireServer()
+{
+    while (!m_processes.empty())
+        m_processes.pop_back(); // clients before their server
+}
+
+bool PipeWireServer::start()
+{
+    makeFolders();
+    const QString bus = m_folder.filePath("bus");
+    const bool isUp
+        = launch("dbus-daemon", {"--session", "--nofork", "--address=unix:path=" + bus}, bus)
+        && launch("pipewire", {}, runtimeFolder() + "/pipewire-0")
+        && launch("wireplumber", {}, QString())
+        && launch("pipewire-pulse", {}, runtimeFolder() + "/pulse/native") && makeSink()
+        && setQuantum();
+    if (isUp)
+        qputenv("PULSE_SERVER", address().toLocal8Bit());
+    return isUp;
+}
+
+QString PipeWireServer::address() const
+{
+    return "unix:" + runtimeFolder() + "/pulse/native";
+}
+
+QString PipeWireServer::monitor()
+{
+    return sinkName + ".monitor";
+}
+
+int PipeWireServer::rate()
+{
+    return sampleRate;
+}
+
+QProcessEnvironment PipeWireServer::environment() const
+{
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    const QStringList names = variables.keys();
+    for (const QString& name : names) {
+        if (name.startsWith("PULSE_") || name.startsWith("PIPEWIRE_") || name.startsWith("XDG_")
+            || name == "DISPLAY")
+            variables.remove(name);
+    }
+    variables.insert("HOME", m_folder.path());
+    variables.insert("XDG_RUNTIME_DIR", runtimeFolder());
+    variables.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + m_folder.filePath("bus"));
+    variables.insert("LC_ALL", "C.UTF-8");
+    return variables;
+}
+
+QString PipeWireServer::runtimeFolder() const
+{
+    return m_folder.filePath("runtime");
+}
+
+void PipeWireServer::makeFolders() const
+{
+    QDir().mkpath(runtimeFolder());
+    QFile::setPermissions(runtimeFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    // The sound cards belong to the user's own session manager.
+    const QString settings = m_folder.filePath(".config/wireplumber/main.lua.d");
+    QDir().mkpath(settings);
+    QFile file(settings + "/51-no-cards.lua");
+    if (file.open(QIODevice::WriteOnly))
+        file.write("alsa_monitor.enabled = false\n");
+}
+
+bool PipeWireServer::launch(
+    const QString& program, const QStringList& arguments, const QString& socket)
+{
+    m_processes.push_back(std::make_unique<ChildProcess>());
+    ChildProcess& process = *m_processes.back();
+    process.setProcessEnvironment(environment());
+    process.start(program, arguments);
+    const auto isDecided = [&] {
+        return process.state() == QProcess::NotRunning || socket.isEmpty()
+            || QFileInfo::exists(socket);
+    };
+    const bool isUp = process.waitForStarted() && QTest::qWaitFor(isDecided, startTimeoutMs)
+        && process.state() == QProcess::Running;
+    if (!isUp) {
+        process.end();
+        m_errorText = process.whatFailed();
+    }
+    return isUp;
+}
+
+bool PipeWireServer::run(const QString& program, const QStringList& arguments)
+{
+    ChildProcess process;
+    process.setProcessEnvironment(environment());
+    process.start(program, arguments);
+    if (process.waitForFinished(commandTimeoutMs) && process.exitStatus() == QProcess::NormalExit
+        && process.exitCode() == 0) {
+        m_answer = process.readAllStandardOutput();
+        return true;
+    }
+    process.end();
+    m_errorText = process.whatFailed();
+    return false;
+}
+
+bool PipeWireServer::makeSink()
+{
+    const QStringList server = {"--server", address()};
+    const QString rate = QString("rate=%1").arg(sampleRate);
+    if (!run("pactl",
+            server
+                + QStringList {"load-module", "module-null-sink", "sink_name=" + sinkName, rate,
+                    "channels=1", "format=float32le"}))
+        return false;
+    const auto isDefault = [&] {
+        return run("pactl", server + QStringList {"set-default-sink", sinkName})
+            && run("pactl", server + QStringList {"info"})
+            && m_answer.contains("Default Sink: " + sinkName.toLocal8Bit() + "\n");
+    };
+    return QTest::qWaitFor(isDefault, startTimeoutMs);
+}
+
+bool PipeWireServer::setQuantum()
+{
+    return m_quantum == 0
+        || run("pw-metadata",
+            {"-n", "settings", "0", "clock.force-quantum", QString::number(m_quantum)});
+}

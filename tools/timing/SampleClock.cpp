@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "timing/SampleClock.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <limits>
+
+double monotonicMs()
+{
+    using Clock = std::chrono::steady_clock;
+    static const Clock::time_point origin = Clock::now();
+    return std::chrono::duration<double, std::milli>(Clock::now() - origin).count();
+}
+
+SampleClock::SampleClock(const QVector<Arrival>& arrivals, double rate)
+    : m_arrivals(arrivals)
+    , m_rate(rate)
+{
+}
+
+double SampleClock::timeMs(qint64 sample) const
+{
+    const auto isBefore = [](const Arrival& arrival, qint64 n) { return arrival.nSamples < n; };
+    const auto at = [&](double n) {
+        return std::lower_bound(m_arrivals.cbegin(), m_arrivals.cend(), qint64(n), isBefore);
+    };
+    const auto position = double(sample);
+    auto first = at(position - m_rate);
+    auto last = at(position + m_rate);
+    if (first == last) { // none within a second: all that there are
+        first = m_arrivals.cbegin();
+        last = m_arrivals.cend();
+    }
+    double least = std::numeric_limits<double>::infinity();
+    for (auto arrival = first; arrival != last; ++arrival) {
+        const double awayMs = 1000.0 * double(sample - arrival->nSamples) / m_rate;
+        least = std::min(least, arrival->timeMs + awayMs);
+    }
+    return std::isinf(least) ? std::numeric_limits<double>::quiet_NaN() : least;
+}

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "soundlab/RecordedSounds.h"
+#include "timing/SampleClock.h"
+#include "timing/TrialObserver.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+/// All that was seen of a run, and what it should have been.
+struct Measurement {
+    QVector<SoundMoments> sounds;
+    QVector<RecordedSound> recorded; ///< as many as sounds
+    SampleClock clock;
+    double rate; ///< of the recording, Hz
+    int periodMs; ///< from tick to tick
+    int soundSamples; ///< length of every sound
+};
+
+/// The heading of the table, two lines of Markdown.
+QStringList tableHeading();
+
+/// The rows of the table for one condition, a line of Markdown each.
+QStringList tableRows(const QString& condition, const Measurement& measurement);

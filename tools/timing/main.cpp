@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MainWindow.h"
+#include "session/Data.h"
+#include "soundlab/SoundServer.h"
+#include "timing/PipeWireServer.h"
+#include "timing/TimedRecorder.h"
+#include "timing/TimingTable.h"
+#include "timing/TrialObserver.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCommandLineParser>
+#include <QLineEdit>
+#include <QTextStream>
+#include <QTimer>
+
+#include <cmath>
+#include <cstdlib>
+
+namespace {
+
+constexpr int soundMs = 60;
+constexpr int silenceMs = 120;
+constexpr int trialTimeoutMs = 10000;
+
+struct Settings {
+    QString condition;
+    RecordingSource source;
+    int nTrials;
+    float threshold; // samples closer to zero are silence
+};
+
+int fail(const QString& text)
+{
+    QTextStream(stderr) << "quorin-timing: " << text << '\n';
+    return EXIT_FAILURE;
+}
+
+void setPanel(const MainWindow& window, const Settings& settings)
+{
+    const auto set = [&window](const char* field, double value) {
+        window.findChild<QLineEdit*>(field)->setText(QString::number(value));
+    };
+    // In this order: noise does not go with an adapted carrier frequency.
+    window.findChild<QComboBox*>("comboBoxMainParameter")
+        ->setCurrentIndex(modulationDepthParameter);
+    window.findChild<QComboBox*>("comboBoxSoundType")->setCurrentIndex(noiseCarrier);
+    set("lineEditStdDuration", soundMs);
+    set("lineEditDevDuration", soundMs);
+    set("lineEditSilentInterval", silenceMs);
+    // Guesses drive the depth up; at 1 the first sample of a deviant would be zero.
+    window.findChild<QCheckBox*>("checkBoxResetMdFd")->setChecked(false);
+    set("lineEditDevModDepth", 0.0001);
+    set("lineEditSamplingRate", settings.source.rate);
+    set("lineEditNReversals", settings.nTrials + 1); // the run must not end by itself
+}
+
+QVector<float> gated(QVector<float> samples, float threshold)
+{
+    for (float& sample : samples) {
+        if (std::abs(sample) < threshold)
+            sample = 0.0F;
+    }
+    return samples;
+}
+
+int measure(const Settings& settings)
+{
+    MainWindow window;
+    setPanel(window, settings);
+    window.show();
+    TimedRecorder recorder(settings.source);
+    if (!recorder.begin())
+        return fail(recorder.errorText());
+
+    TrialObserver observer(window);
+    observer.startRun(settings.nTrials);
+    QObject::connect(&observer, &TrialObserver::finished, qApp, &QApplication::quit);
+    QTimer patience;
+    QObject::connect(&patience, &QTimer::timeout, qApp, [] { QApplication::exit(1); });
+    patience.start(settings.nTrials * trialTimeoutMs);
+    if (QApplication::exec() != 0)
+        return fail("the trials did not end");
+    recorder.end();
+
+    // The stimuli are noise without ramps: none of their samples is exactly zero.
+    const int shortestSilence = settings.source.rate / 1000 * silenceMs / 4;
+    const QVector<RecordedSound> recorded
+        = recordedSounds(gated(recorder.samples(), settings.threshold), shortestSilence);
+    if (recorded.size() != observer.sounds().size()) {
+        return fail(QString("%1 sounds were played, but %2 recorded")
+                        .arg(observer.sounds().size())
+                        .arg(recorded.size()));
+    }
+    const int soundSamples = settings.source.rate / 1000 * soundMs;
+    const Measurement measurement
+        = {observer.sounds(), recorded, SampleClock(recorder.arrivals(), settings.source.rate),
+            double(settings.source.rate), observer.periodMs(), soundSamples};
+    QTextStream out(stdout);
+    for (const QString& row : tableRows(settings.condition, measurement))
+        out << row << '\n';
+    return EXIT_SUCCESS;
+}
+
+int measureOnPulseAudio(const QString& condition, int nTrials, int latencyMs)
+{
+    SoundServer server;
+    if (!server.start())
+        return fail(server.errorText());
+    return measure({condition,
+        {server.address(), server.monitor(), server.environment(), server.settings().rate,
+            latencyMs},
+        nTrials, 0.0F});
+}
+
+int measureOnPipeWire(const QString& condition, int nTrials, int latencyMs, int quantum)
+{
+    PipeWireServer server(quantum);
+    if (!server.start())
+        return fail(server.errorText());
+    return measure({condition,
+        {server.address(), PipeWireServer::monitor(), server.environment(), PipeWireServer::rate(),
+            latencyMs},
+        nTrials, 0.0F});
+}
+
+// With a sound card, the source is an input that the output is wired to.
+int measureOnRunningServer(const QCommandLineParser& options, int nTrials, int latencyMs)
+{
+    return measure({options.value("label"),
+        {qEnvironmentVariable("PULSE_SERVER"), options.value("source"),
+            QProcessEnvironment::systemEnvironment(), options.value("rate").toInt(), latencyMs},
+        nTrials, options.value("threshold").toFloat()});
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        "Runs trials on a sound server of its own, records them, and prints how exactly they came "
+        "in time, as rows of a table.");
+    parser.addHelpOption();
+    parser.addOptions({
+        {"heading", "Print the heading of the table and end."},
+        {"server", "pulseaudio, pipewire, or running: the one that is there.", "name",
+            "pulseaudio"},
+        {"label", "What the rows are called.", "text", "PulseAudio"},
+        {"latency", "The recorder's block, ms.", "ms", "1"},
+        {"quantum", "PipeWire's quantum in samples; 0 leaves it as it is.", "samples", "0"},
+        {"source", "What to record of a running server.", "name", "@DEFAULT_MONITOR@"},
+        {"rate", "At which a running server is played to and recorded, Hz.", "rate", "48000"},
+        {"threshold", "What counts as silence in its recording, of full scale 1.", "value", "0"},
+        {"trials", "How many trials to play, four sounds each.", "number", "30"},
+    });
+    parser.process(application);
+    if (parser.isSet("heading")) {
+        QTextStream(stdout) << tableHeading().join('\n') << '\n';
+        return EXIT_SUCCESS;
+    }
+    const QString server = parser.value("server");
+    const QString label = parser.value("label");
+    const int nTrials = parser.value("trials").toInt();
+    const int latencyMs = parser.value("latency").toInt();
+    if (nTrials < 1 || latencyMs < 1)
+        return fail("trials and latency must be whole numbers above 0");
+    if (server == "pulseaudio")
+        return measureOnPulseAudio(label, nTrials, latencyMs);
+    if (server == "pipewire")
+        return measureOnPipeWire(label, nTrials, latencyMs, parser.value("quantum").toInt());
+    if (server == "running")
+        return measureOnRunningServer(parser, nTrials, latencyMs);
+    return fail("no such server: " + server);
+}
