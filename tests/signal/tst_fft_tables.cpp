@@ -36,7 +36,7 @@ private slots:
         const FFTArray<double>& cosines = FFTRealProbe::cosines(fft);
         QCOMPARE(cosines.size(), qint64((1 << 14) - 4));
         for (int level = 3; level <= 14; ++level) {
-            const qint64 count = qint64{1} << (level - 1);
+            const qint64 count = qint64 {1} << (level - 1);
             for (qint64 i = 0; i < count; ++i) {
                 const long double angle = std::acos(-1.0L) * i / (2 * count);
                 QVERIFY(

@@ -46,7 +46,8 @@ void ChildProcess::setupChildProcess()
 {
 #ifdef Q_OS_LINUX
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    // A sound server that waits for the processor drops sound; this needs rights and may be refused.
+    // A sound server that waits for the processor drops sound; this needs rights and may be
+    // refused.
     constexpr int aheadOfOthers = -11;
     setpriority(PRIO_PROCESS, 0, aheadOfOthers);
 #endif
