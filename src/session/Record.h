@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QtGlobal>
+
 /// One answered trial.
 class Record {
 public:
@@ -16,3 +18,5 @@ public:
     bool correctness; ///< whether the two positions are the same
     double reactionTime; ///< from the reported end of the fourth sound to the answer, ms
 };
+
+Q_DECLARE_TYPEINFO(Record, Q_MOVABLE_TYPE);

@@ -11,7 +11,7 @@ namespace {
 constexpr int startTimeoutMs = 20000;
 constexpr int commandTimeoutMs = 5000;
 constexpr int sampleRate = 48000;
-const QString sinkName("lab");
+constexpr auto sinkName = "lab";
 
 } // namespace
 
@@ -48,7 +48,7 @@ QString PipeWireServer::address() const
 
 QString PipeWireServer::monitor()
 {
-    return sinkName + ".monitor";
+    return QString(sinkName) + ".monitor";
 }
 
 int PipeWireServer::rate()
@@ -130,13 +130,13 @@ bool PipeWireServer::makeSink()
     const QString rate = QString("rate=%1").arg(sampleRate);
     if (!run("pactl",
             server
-                + QStringList {"load-module", "module-null-sink", "sink_name=" + sinkName, rate,
-                    "channels=1", "format=float32le"}))
+                + QStringList {"load-module", "module-null-sink", QString("sink_name=") + sinkName,
+                    rate, "channels=1", "format=float32le"}))
         return false;
     const auto isDefault = [&] {
         return run("pactl", server + QStringList {"set-default-sink", sinkName})
             && run("pactl", server + QStringList {"info"})
-            && m_answer.contains("Default Sink: " + sinkName.toLocal8Bit() + "\n");
+            && m_answer.contains(QByteArray("Default Sink: ") + sinkName + "\n");
     };
     return QTest::qWaitFor(isDefault, startTimeoutMs);
 }

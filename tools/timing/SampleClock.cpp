@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 double monotonicMs()
 {
@@ -26,12 +27,10 @@ double SampleClock::timeMs(qint64 sample) const
         return std::lower_bound(m_arrivals.cbegin(), m_arrivals.cend(), qint64(n), isBefore);
     };
     const auto position = double(sample);
-    auto first = at(position - m_rate);
-    auto last = at(position + m_rate);
-    if (first == last) { // none within a second: all that there are
-        first = m_arrivals.cbegin();
-        last = m_arrivals.cend();
-    }
+    const auto near = std::make_pair(at(position - m_rate), at(position + m_rate));
+    const bool hasNone = near.first == near.second; // within a second: then all that there are
+    const auto first = hasNone ? m_arrivals.cbegin() : near.first;
+    const auto last = hasNone ? m_arrivals.cend() : near.second;
     double least = std::numeric_limits<double>::infinity();
     for (auto arrival = first; arrival != last; ++arrival) {
         const double awayMs = 1000.0 * double(sample - arrival->nSamples) / m_rate;

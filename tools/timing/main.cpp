@@ -98,7 +98,8 @@ int measure(const Settings& settings)
         = {observer.sounds(), recorded, SampleClock(recorder.arrivals(), settings.source.rate),
             double(settings.source.rate), observer.periodMs(), soundSamples};
     QTextStream out(stdout);
-    for (const QString& row : tableRows(settings.condition, measurement))
+    const QStringList rows = tableRows(settings.condition, measurement);
+    for (const QString& row : rows)
         out << row << '\n';
     return EXIT_SUCCESS;
 }
