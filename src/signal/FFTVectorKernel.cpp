@@ -12,6 +12,9 @@
 
 namespace {
 
+// A pack is a register: it is passed by value.
+// clazy:excludeall=function-args-by-ref
+
 /// Four numbers at a time. The type is local to this file, and with it all code made for it.
 struct Avx2Lanes {
     using Scalar = double;
