@@ -22,6 +22,13 @@ test_packages=(
 timing_packages=(
     pipewire pipewire-bin pipewire-pulse wireplumber dbus dbus-daemon # the other sound server
 )
+package_packages=(
+    dpkg-dev file # what a program depends on, found in its libraries
+)
+package_check_packages=(
+    lintian desktop-file-utils appstream
+    xvfb xauth xdotool imagemagick # a picture of the installed application
+)
 check_packages=(
     git
     clang-format-14 clang-tidy-14 libclang-rt-14-dev clazy cppcheck shellcheck
