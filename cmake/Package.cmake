@@ -10,12 +10,8 @@ install(FILES "${packaging}/org.example.quorin_lab.metainfo.xml"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
 install(FILES "${docs}/man/quorin-lab.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 install(FILES "${docs}/user-guide.md" "${docs}/timing.md" "${docs}/glossary.md"
-    "${packaging}/copyright"
+    "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${packaging}/copyright" "${packaging}/changelog"
   DESTINATION "${CMAKE_INSTALL_DOCDIR}")
-install(FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
-  RENAME changelog)
-install(FILES "${packaging}/changelog" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
-  RENAME changelog.Debian)
 install(DIRECTORY "${docs}/images" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
   FILES_MATCHING PATTERN "guide-*.png")
 install(DIRECTORY "${docs}/examples" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
@@ -38,7 +34,6 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_PRE_BUILD_SCRIPTS "${packaging}/compress-documents.cmake")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://example.org/quorin-lab")

@@ -29,6 +29,9 @@ package_check_packages=(
     lintian desktop-file-utils appstream
     xvfb xauth xdotool imagemagick # a picture of the installed application
 )
+document_packages=(
+    r-base-core python3 # the examples of the user guide
+)
 check_packages=(
     git
     clang-format-14 clang-tidy-14 libclang-rt-14-dev clazy cppcheck shellcheck
