@@ -40,8 +40,14 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://example.org/quorin-lab")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The sound backends are loaded at run time: without them there is silence.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt5multimedia5-plugins)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pulseaudio | pipewire-pulse")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 include(CPack)
 
 # What is delivered, without the tests.
-add_custom_target(programs DEPENDS quorin-lab)
+add_custom_target(programs)
+foreach(program quorin-lab quorin-simulate quorin-report)
+  if(TARGET ${program})
+    add_dependencies(programs ${program})
+  endif()
+endforeach()
