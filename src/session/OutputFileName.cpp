@@ -3,15 +3,56 @@
 
 #include "session/Data.h"
 
+#include <QRegularExpression>
 #include <QStandardPaths>
+
+namespace {
+
+QString alternatives(const QStringList& texts)
+{
+    QStringList escaped;
+    for (const QString& text : texts) {
+        escaped.append(QRegularExpression::escape(text));
+    }
+    return '(' + escaped.join('|') + ')';
+}
+
+QRegularExpression namePattern(const Data& data)
+{
+    return QRegularExpression("^(.*)_" + alternatives(data.sesTypes) + "0*(-?[0-9]+)_"
+            + alternatives(data.soundTypes) + '_' + alternatives(data.mainParameters) + "\\.txt$",
+        QRegularExpression::DotMatchesEverythingOption);
+}
+
+} // namespace
+
+QString sessionNumber(int sesNum)
+{
+    constexpr int sessionDigits = 3;
+    return QString::number(sesNum).rightJustified(sessionDigits, '0', false);
+}
 
 QString composedFileName(const Data& data)
 {
-    constexpr int sessionDigits = 3;
-    return data.subCode + "_" + data.sesTypes.value(data.sesType)
-        + QString::number(data.sesNum).rightJustified(sessionDigits, '0', false) + "_"
+    return data.subCode + "_" + data.sesTypes.value(data.sesType) + sessionNumber(data.sesNum) + "_"
         + data.soundTypes.value(data.soundType) + "_"
         + data.mainParameters.value(data.mainParameter) + ".txt";
+}
+
+bool readFileName(const QString& name, Data& data)
+{
+    const QRegularExpressionMatch match = namePattern(data).match(name);
+    Data read = data;
+    read.subCode = match.captured(1);
+    read.sesType = data.sesTypes.indexOf(match.captured(2));
+    read.sesNum = match.captured(3).toInt();
+    read.soundType = data.soundTypes.indexOf(match.captured(4));
+    read.mainParameter = data.mainParameters.indexOf(match.captured(5));
+    if (!match.hasMatch() || composedFileName(read) != name) {
+        return false;
+    }
+    data = read;
+    return true;
 }
 
 QString desktopFolder()
