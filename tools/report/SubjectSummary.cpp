@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "report/SubjectSummary.h"
+
+#include "report/Spread.h"
+#include "report/Texts.h"
+
+#include <QMap>
+
+#include <algorithm>
+#include <tuple>
+
+namespace {
+
+using Condition = std::tuple<int, int, int>; // main parameter, sound, session type
+
+Condition conditionOf(const Run& run)
+{
+    const Data& data = run.data;
+    return {data.mainParameter, run.isNamed ? data.soundType : -1, run.isNamed ? data.sesType : -1};
+}
+
+bool comesBefore(const Run& left, const Run& right)
+{
+    return std::make_tuple(conditionOf(left), left.data.sesNum)
+        < std::make_tuple(conditionOf(right), right.data.sesNum);
+}
+
+QStringList conditionRow(const QVector<Run>& runs)
+{
+    const Run& first = runs.constFirst();
+    QVector<double> thresholds;
+    QVector<double> reactionTimes;
+    QVector<double> percentsCorrect;
+    for (const Run& run : runs) {
+        thresholds.append(run.data.threshold);
+        reactionTimes.append(run.data.meanReactionTime);
+        percentsCorrect.append(run.percentCorrect);
+    }
+    return {first.data.mainParameters[first.data.mainParameter], soundOf(first),
+        first.isNamed ? first.data.sesTypes[first.data.sesType] : "-", QString::number(runs.size()),
+        shown(meanOf(thresholds)), shown(standardDeviationOf(thresholds)),
+        shown(geometricMeanOf(thresholds)), unitOf(first.data), shown(meanOf(reactionTimes)),
+        QString::number(meanOf(percentsCorrect), 'f', 1)};
+}
+
+} // namespace
+
+QVector<Subject> bySubject(const QVector<Run>& runs)
+{
+    QMap<QString, QVector<Run>> runsOf;
+    for (const Run& run : runs) {
+        runsOf[subjectOf(run)].append(run);
+    }
+    QVector<Subject> subjects;
+    for (auto each = runsOf.begin(); each != runsOf.end(); ++each) {
+        std::stable_sort(each->begin(), each->end(), comesBefore);
+        subjects.append({each.key(), *each});
+    }
+    return subjects;
+}
+
+QString summaryPage(const Subject& subject)
+{
+    constexpr int nLeft = 3;
+    QVector<QStringList> rows {{"main parameter", "sound", "session", "runs", "mean threshold",
+        "SD", "geo. mean", "unit", "RT", "correct %"}};
+    QMap<Condition, QVector<Run>> runsOf;
+    for (const Run& run : subject.runs) {
+        runsOf[conditionOf(run)].append(run);
+    }
+    for (const QVector<Run>& runs : qAsConst(runsOf)) {
+        rows.append(conditionRow(runs));
+    }
+    return QString("\nSubject %1, runs: %2\n\n")
+               .arg(onOneLine(subject.name), QString::number(subject.runs.size()))
+        + alignedTable(rows, nLeft);
+}
