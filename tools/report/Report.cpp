@@ -34,7 +34,7 @@ bool Report::run()
     }
     m_output.flush();
     if (m_output.status() != QTextStream::Ok) {
-        complain("standard output", "cannot be written");
+        complain("standard output: cannot be written");
     }
     m_errors.flush();
     return m_isGood;
@@ -44,18 +44,15 @@ void Report::findFiles()
 {
     const ResultsFiles files = resultsFiles(m_options.inputs);
     m_paths = files.paths;
-    for (const QString& folder : files.closedFolders) {
-        complain(folder, "the folder cannot be searched");
-    }
-    for (const QString& folder : files.emptyFolders) {
-        complain(folder, "there is no results file (*.txt) in the folder");
+    for (const QString& complaint : files.complaints) {
+        complain(complaint);
     }
 }
 
 void Report::makeFolder()
 {
     if (!m_options.plotFolder.isEmpty() && !QDir().mkpath(m_options.plotFolder)) {
-        complain(m_options.plotFolder, "the folder cannot be made");
+        complain(m_options.plotFolder + ": the folder cannot be made");
         m_options.plotFolder.clear();
     }
 }
@@ -68,8 +65,8 @@ void Report::readFile(const QString& path)
     run.data.nReversalsToCalculate = m_options.nLast;
     const Complaint complaint = readRun(run);
     if (!complaint.text.isEmpty()) {
-        complain(complaint.line > 0 ? path + ':' + QString::number(complaint.line) : path,
-            complaint.text);
+        complain((complaint.line > 0 ? path + ':' + QString::number(complaint.line) : path) + ": "
+            + complaint.text);
         return;
     }
     noteLongRun(run);
@@ -100,7 +97,7 @@ void Report::plot(const Run& run)
     const QString error = writePicture(picturePath(name), runPictureSize,
         [&run](QPainter& painter, const QSize& size) { drawRun(painter, size, run); });
     if (!error.isEmpty()) {
-        complain(run.path, error);
+        complain(run.path + ": " + error);
     }
 }
 
@@ -135,7 +132,7 @@ void Report::writeCsv()
     QSaveFile file(m_options.csvPath);
     const QByteArray csv = runCsv(m_runs).toUtf8();
     if (!file.open(QIODevice::WriteOnly) || file.write(csv) != csv.size() || !file.commit()) {
-        complain(m_options.csvPath, "cannot be written: " + file.errorString());
+        complain(m_options.csvPath + ": cannot be written: " + file.errorString());
     }
 }
 
@@ -151,14 +148,14 @@ void Report::writeSummary()
                     drawSubject(painter, size, subject);
                 });
             if (!error.isEmpty()) {
-                complain("subject " + subject.name, error);
+                complain("subject " + subject.name + ": " + error);
             }
         }
     }
 }
 
-void Report::complain(const QString& place, const QString& what)
+void Report::complain(const QString& what)
 {
-    m_errors << onOneLine(place) << ": " << onOneLine(what) << '\n';
+    m_errors << onOneLine(what) << '\n';
     m_isGood = false;
 }

@@ -27,7 +27,7 @@ private:
     void writeTables();
     void writeCsv();
     void writeSummary();
-    void complain(const QString& place, const QString& what);
+    void complain(const QString& what);
     QString picturePath(const QString& name);
 
     ReportOptions m_options;

@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int longestLine = 4096; // the longest that can be written has some 350 bytes
-constexpr int mostTrials = 1000000;
+constexpr int mostTrials = 100000;
 
 enum Column { valueColumn, stimulusColumn, responseColumn, correctnessColumn, reactionTimeColumn };
 constexpr int nColumns = 5;
@@ -28,15 +28,17 @@ public:
     /// The next line; false at the file's end and when the line is damaged, which error() tells.
     bool next(QByteArray& line)
     {
-        line = m_device.readLine(longestLine + 1);
+        line = m_device.readLine(longestLine + 2);
         if (line.isEmpty()) {
             return false;
         }
         ++m_number;
+        if (line.size() > longestLine) {
+            m_error = QString("the line is longer than %1 bytes").arg(longestLine);
+            return false;
+        }
         if (!line.endsWith('\n')) {
-            m_error = line.size() > longestLine
-                ? QString("the line is longer than %1 bytes").arg(longestLine)
-                : QString("the line has no end: the file is cut short");
+            m_error = "the line has no end: the file is cut short";
             return false;
         }
         return removeEnd(line);

@@ -24,7 +24,7 @@ struct ResultsReading {
 /// Reads what writeResults wrote: a header and one line per record, all ended by CR LF, or all by
 /// LF after a transfer that converts line ends. Everything else is damage: a field that the writer
 /// would have written differently, positions beyond 1 to 4, a correctness that contradicts them, a
-/// last line without its end, a line of more than 4096 bytes, more than a million trials, no
+/// last line without its end, a line of more than 4096 bytes, more than 100,000 trials, no
 /// trials.
 /// @param device open for reading; read as far as its first damage
 ResultsReading readResults(QIODevice& device);
