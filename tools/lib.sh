@@ -24,7 +24,7 @@ timing_packages=(
 )
 check_packages=(
     git
-    clang-format-14 clang-tidy-14 libclang-rt-14-dev clazy cppcheck shellcheck
+    clang-format-14 clang-tidy-14 clang-14 libclang-rt-14-dev clazy cppcheck shellcheck
     valgrind libc6-dbg # valgrind replaces functions of the C library by their debug names
     gcovr
 )
