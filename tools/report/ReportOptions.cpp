@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "report/ReportOptions.h"
 
+#include "report/ResultsReader.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -42,6 +46,14 @@ QString countError(const QCommandLineParser& parser, const QString& option, int&
               .arg(parser.value(option));
 }
 
+// A forgotten name would make the first of the files to read the one to write.
+bool isResultsFile(const QString& path)
+{
+    QFile file(path);
+    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly)
+        && readResults(file).mainParameter >= 0;
+}
+
 QString otherError(const QCommandLineParser& parser)
 {
     if (std::find(formats.begin(), formats.end(), parser.value("format")) == formats.end()) {
@@ -51,6 +63,9 @@ QString otherError(const QCommandLineParser& parser)
         if (parser.isSet(option) && parser.value(option).isEmpty()) {
             return "--" + option + " needs a name";
         }
+    }
+    if (isResultsFile(parser.value("csv"))) {
+        return "--csv names a results file: " + parser.value("csv");
     }
     return parser.positionalArguments().isEmpty() ? "no files or folders are given" : QString();
 }
