@@ -19,8 +19,10 @@ QString alternatives(const QStringList& texts)
 
 QRegularExpression namePattern(const Data& data)
 {
-    return QRegularExpression("^(.*)_" + alternatives(data.sesTypes) + "0*(-?[0-9]+)_"
-            + alternatives(data.soundTypes) + '_' + alternatives(data.mainParameters) + "\\.txt$",
+    return QRegularExpression(
+        QRegularExpression::anchoredPattern("(.*)_" + alternatives(data.sesTypes)
+            + "(0*)(-?[0-9]+)_" + alternatives(data.soundTypes) + '_'
+            + alternatives(data.mainParameters) + "\\.txt"),
         QRegularExpression::DotMatchesEverythingOption);
 }
 
@@ -42,16 +44,15 @@ QString composedFileName(const Data& data)
 bool readFileName(const QString& name, Data& data)
 {
     const QRegularExpressionMatch match = namePattern(data).match(name);
-    Data read = data;
-    read.subCode = match.captured(1);
-    read.sesType = data.sesTypes.indexOf(match.captured(2));
-    read.sesNum = match.captured(3).toInt();
-    read.soundType = data.soundTypes.indexOf(match.captured(4));
-    read.mainParameter = data.mainParameters.indexOf(match.captured(5));
-    if (!match.hasMatch() || composedFileName(read) != name) {
+    const int sesNum = match.captured(4).toInt();
+    if (!match.hasMatch() || sessionNumber(sesNum) != match.captured(3) + match.captured(4)) {
         return false;
     }
-    data = read;
+    data.subCode = match.captured(1);
+    data.sesType = data.sesTypes.indexOf(match.captured(2));
+    data.sesNum = sesNum;
+    data.soundType = data.soundTypes.indexOf(match.captured(5));
+    data.mainParameter = data.mainParameters.indexOf(match.captured(6));
     return true;
 }
 

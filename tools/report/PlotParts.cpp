@@ -64,11 +64,26 @@ QString adaptedQuantity(const Data& data)
                                                           : "frequency difference (Hz)";
 }
 
-QVector<double> valuesOf(const QVector<QPointF>& points)
+QVector<double> valuesOf(const QVector<QVector<QPointF>>& lines)
 {
     QVector<double> values;
-    for (const QPointF& point : points) {
-        values.append(point.y());
+    for (const QVector<QPointF>& line : lines) {
+        for (const QPointF& point : line) {
+            values.append(point.y());
+        }
     }
     return values;
+}
+
+void drawReactionTimes(QPainter& painter, const QRectF& outer, const Axis& x,
+    const QVector<QPointF>& correct, const QVector<QPointF>& wrong)
+{
+    const QVector<double> shown = valuesOf({correct, wrong, {QPointF(0, 0)}});
+    PlotArea area(
+        painter, outer, x, Axis::covering("reaction time (ms)", Axis::Scale::linear, shown));
+    area.drawFrame("");
+    area.drawMarks(correct, PlotArea::Mark::dot, correctColor);
+    area.drawMarks(wrong, PlotArea::Mark::cross, wrongColor);
+    drawKey(
+        painter, area.inside(), {{"\u2022 correct", correctColor}, {"\u00d7 wrong", wrongColor}});
 }

@@ -35,5 +35,9 @@ Axis axisOfValues(const QString& title, const QVector<double>& values);
 /// What the run adapts, with its unit.
 QString adaptedQuantity(const Data& data);
 
-/// The vertical coordinates.
-QVector<double> valuesOf(const QVector<QPointF>& points);
+/// The vertical coordinates of all points.
+QVector<double> valuesOf(const QVector<QVector<QPointF>>& lines);
+
+/// Reaction times of correct and of wrong answers, from 0 ms up.
+void drawReactionTimes(QPainter& painter, const QRectF& outer, const Axis& x,
+    const QVector<QPointF>& correct, const QVector<QPointF>& wrong);

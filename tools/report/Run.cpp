@@ -10,6 +10,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -62,7 +63,7 @@ Complaint readRun(Run& run)
     if (!file.open(QIODevice::ReadOnly)) {
         return {0, "cannot be read: " + file.errorString()};
     }
-    const ResultsReading reading = readResults(file);
+    ResultsReading reading = readResults(file);
     if (file.error() != QFileDevice::NoError) {
         return {0, "cannot be read: " + file.errorString()};
     }
@@ -77,7 +78,7 @@ Complaint readRun(Run& run)
                 + data.mainParameters[reading.mainParameter]};
     }
     data.mainParameter = reading.mainParameter;
-    data.records = reading.records;
+    data.records = std::move(reading.records);
     judgeRun(run);
     if (!enoughReversals(data)) {
         return {1 + data.records.size(),

@@ -56,7 +56,7 @@ void drawTrack(QPainter& painter, const QRectF& outer, const Run& run)
 {
     const Answers answers = answersOf(run.data.records, &Record::value);
     PlotArea area(painter, outer, trialAxis(run.data),
-        axisOfValues(adaptedQuantity(run.data), valuesOf(answers.all)));
+        axisOfValues(adaptedQuantity(run.data), valuesOf({answers.all})));
     area.drawFrame("");
     area.drawLineAtY(run.data.threshold, QPen(thresholdColor, 1.5, Qt::DashLine));
     area.drawLine(answers.all, QPen(trackColor, 1));
@@ -70,17 +70,6 @@ void drawTrack(QPainter& painter, const QRectF& outer, const Run& run)
                 thresholdColor}});
 }
 
-void drawReactionTimes(QPainter& painter, const QRectF& outer, const Run& run)
-{
-    const Answers answers = answersOf(run.data.records, &Record::reactionTime);
-    PlotArea area(painter, outer, trialAxis(run.data),
-        Axis::covering("reaction time (ms)", Axis::Scale::linear,
-            valuesOf(answers.all) + QVector<double>({0.0})));
-    area.drawFrame("");
-    area.drawMarks(answers.correct, PlotArea::Mark::dot, correctColor);
-    area.drawMarks(answers.wrong, PlotArea::Mark::cross, wrongColor);
-}
-
 } // namespace
 
 void drawRun(QPainter& painter, const QSize& size, const Run& run)
@@ -90,5 +79,7 @@ void drawRun(QPainter& painter, const QSize& size, const Run& run)
         = drawHeading(painter, size, onOneLine(QFileInfo(run.path).fileName()), figuresOf(run));
     const qreal trackHeight = below.height() * shareOfTrack;
     drawTrack(painter, QRectF(below.topLeft(), QSizeF(below.width(), trackHeight)), run);
-    drawReactionTimes(painter, below.adjusted(0, trackHeight, 0, 0), run);
+    const Answers times = answersOf(run.data.records, &Record::reactionTime);
+    drawReactionTimes(painter, below.adjusted(0, trackHeight, 0, 0), trialAxis(run.data),
+        times.correct, times.wrong);
 }

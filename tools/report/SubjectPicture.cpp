@@ -7,7 +7,8 @@
 
 #include <QPainter>
 
-#include <cmath>
+#include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -31,15 +32,6 @@ QVector<Points> spreadsOf(const QVector<Run>& runs)
     return spreads;
 }
 
-QVector<double> valuesOfAll(const QVector<Points>& lines)
-{
-    QVector<double> values;
-    for (const Points& line : lines) {
-        values += valuesOf(line);
-    }
-    return values;
-}
-
 const QColor& colorOf(const Run& run)
 {
     const bool isNoise = run.isNamed && run.data.soundType == noiseCarrier;
@@ -57,8 +49,7 @@ void drawThresholds(QPainter& painter, const QRectF& outer, const QVector<Run>& 
 {
     const QVector<Points> spreads = spreadsOf(runs);
     PlotArea area(painter, outer, runAxis(runs),
-        axisOfValues(
-            "threshold: " + adaptedQuantity(runs.constFirst().data), valuesOfAll(spreads)));
+        axisOfValues("threshold: " + adaptedQuantity(runs.constFirst().data), valuesOf(spreads)));
     area.drawFrame("");
     for (int i = 0; i < runs.size(); ++i) {
         area.drawLine(spreads[i], QPen(trackColor, 1.5));
@@ -70,7 +61,7 @@ void drawThresholds(QPainter& painter, const QRectF& outer, const QVector<Run>& 
             {"| \u00b1 SD of the reversals", reversalColor}});
 }
 
-void drawReactionTimes(QPainter& painter, const QRectF& outer, const QVector<Run>& runs)
+void drawMeanTimes(QPainter& painter, const QRectF& outer, const QVector<Run>& runs)
 {
     Points correct;
     Points wrong;
@@ -78,14 +69,7 @@ void drawReactionTimes(QPainter& painter, const QRectF& outer, const QVector<Run
         correct.append(QPointF(i + 1, runs[i].data.meanReactionTimeCorrect));
         wrong.append(QPointF(i + 1, runs[i].data.meanReactionTimeIncorrect));
     }
-    PlotArea area(painter, outer, runAxis(runs),
-        Axis::covering("mean reaction time (ms)", Axis::Scale::linear,
-            valuesOf(correct) + valuesOf(wrong) + QVector<double>({0.0})));
-    area.drawFrame("");
-    area.drawMarks(correct, PlotArea::Mark::dot, correctColor);
-    area.drawMarks(wrong, PlotArea::Mark::cross, wrongColor);
-    drawKey(painter, area.inside(),
-        {{"\u2022 correct answers", correctColor}, {"\u00d7 wrong answers", wrongColor}});
+    drawReactionTimes(painter, outer, runAxis(runs), correct, wrong);
 }
 
 QVector<QVector<Run>> byParameter(const QVector<Run>& runs)
@@ -116,6 +100,6 @@ void drawSubject(QPainter& painter, const QSize& size, const Subject& subject)
     for (int i = 0; i < columns.size(); ++i) {
         const QRectF column(below.left() + i * width, below.top(), width, below.height());
         drawThresholds(painter, QRectF(column.topLeft(), QSizeF(width, height)), columns[i]);
-        drawReactionTimes(painter, column.adjusted(0, height, 0, 0), columns[i]);
+        drawMeanTimes(painter, column.adjusted(0, height, 0, 0), columns[i]);
     }
 }

@@ -6,7 +6,6 @@
 
 #include <QMap>
 
-#include <algorithm>
 #include <tuple>
 
 namespace {
@@ -17,12 +16,6 @@ Condition conditionOf(const Run& run)
 {
     const Data& data = run.data;
     return {data.mainParameter, run.isNamed ? data.soundType : -1, run.isNamed ? data.sesType : -1};
-}
-
-bool comesBefore(const Run& left, const Run& right)
-{
-    return std::make_tuple(conditionOf(left), left.data.sesNum)
-        < std::make_tuple(conditionOf(right), right.data.sesNum);
 }
 
 QStringList conditionRow(const QVector<Run>& runs)
@@ -47,14 +40,17 @@ QStringList conditionRow(const QVector<Run>& runs)
 
 QVector<Subject> bySubject(const QVector<Run>& runs)
 {
-    QMap<QString, QVector<Run>> runsOf;
-    for (const Run& run : runs) {
-        runsOf[subjectOf(run)].append(run);
+    QMap<std::tuple<QString, Condition, int, int>, int> indices;
+    for (int i = 0; i < runs.size(); ++i) {
+        indices.insert({subjectOf(runs[i]), conditionOf(runs[i]), runs[i].data.sesNum, i}, i);
     }
     QVector<Subject> subjects;
-    for (auto each = runsOf.begin(); each != runsOf.end(); ++each) {
-        std::stable_sort(each->begin(), each->end(), comesBefore);
-        subjects.append({each.key(), *each});
+    for (const int i : qAsConst(indices)) {
+        const QString name = subjectOf(runs[i]);
+        if (subjects.isEmpty() || subjects.constLast().name != name) {
+            subjects.append({name, {}});
+        }
+        subjects.last().runs.append(runs[i]);
     }
     return subjects;
 }
