@@ -60,13 +60,15 @@ QString summaryPage(const Subject& subject)
     constexpr int nLeft = 3;
     QVector<QStringList> rows {{"main parameter", "sound", "session", "runs", "mean threshold",
         "SD", "geo. mean", "unit", "RT", "correct %"}};
-    QMap<Condition, QVector<Run>> runsOf;
+    QVector<Run> alike;
     for (const Run& run : subject.runs) {
-        runsOf[conditionOf(run)].append(run);
+        if (!alike.isEmpty() && conditionOf(run) != conditionOf(alike.constFirst())) {
+            rows.append(conditionRow(alike));
+            alike.clear();
+        }
+        alike.append(run);
     }
-    for (const QVector<Run>& runs : qAsConst(runsOf)) {
-        rows.append(conditionRow(runs));
-    }
+    rows.append(conditionRow(alike));
     return QString("\nSubject %1, runs: %2\n\n")
                .arg(onOneLine(subject.name), QString::number(subject.runs.size()))
         + alignedTable(rows, nLeft);
