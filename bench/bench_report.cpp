@@ -40,7 +40,7 @@ void tenThousandFiles(benchmark::State& state)
         QString errors;
         QTextStream outputStream(&output);
         QTextStream errorStream(&errors);
-        if (!Report(options, outputStream, errorStream).run()) {
+        if (!Report(options, outputStream, errorStream).make()) {
             state.SkipWithError(qPrintable(errors));
         }
     }

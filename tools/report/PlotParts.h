@@ -21,7 +21,7 @@ constexpr QColor reversalColor(60, 60, 60);
 constexpr QColor thresholdColor(34, 136, 68);
 constexpr QColor trackColor(170, 170, 170);
 
-/// White paper, the picture's title and a line of text under it.
+/// The picture's title and a line of text under it.
 /// @return what is left below, pixels
 QRectF drawHeading(QPainter& painter, const QSize& size, const QString& title, const QString& text);
 

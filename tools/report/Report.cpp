@@ -22,7 +22,7 @@ Report::Report(ReportOptions options, QTextStream& output, QTextStream& errors)
 {
 }
 
-bool Report::run()
+bool Report::make()
 {
     findFiles();
     makeFolder();

@@ -15,8 +15,9 @@ class Report {
 public:
     Report(ReportOptions options, QTextStream& output, QTextStream& errors);
 
+    /// Reads and writes everything.
     /// @return whether every file could be used and everything was written
-    bool run();
+    bool make();
 
 private:
     void findFiles();

@@ -30,7 +30,7 @@ int answered(const ReportOptions& options, QTextStream& output, QTextStream& err
     case ReportOptions::report:
         break;
     }
-    return Report(options, output, errors).run() ? success : somethingIsWrong;
+    return Report(options, output, errors).make() ? success : somethingIsWrong;
 }
 
 } // namespace

@@ -31,7 +31,7 @@ public:
         fillFile(path(name), resultsFile(simulatedRun(mainParameter, seed, nReversals)));
     }
 
-    Outcome run(const QStringList& arguments, const QString& output = {}, bool inCLocale = false)
+    Outcome report(const QStringList& arguments, const QString& output = {}, bool inCLocale = false)
     {
         QProcess program;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -85,7 +85,7 @@ private slots:
     {
         Bench bench;
         bench.addRun(depthName, modulationDepthParameter, 1);
-        const Outcome outcome = bench.run({depthName});
+        const Outcome outcome = bench.report({depthName});
         QCOMPARE(outcome.errors, QStringList());
         QCOMPARE(outcome.output, runTable({bench.runOf(depthName)}));
         QCOMPARE(outcome.status, 0);
@@ -96,7 +96,8 @@ private slots:
         Bench bench;
         bench.addRun(depthName, modulationDepthParameter, 1);
         bench.addRun(differenceName, carrierFrequencyParameter, 2);
-        const Outcome outcome = bench.run({"--csv", "-", "--summary", depthName, differenceName});
+        const Outcome outcome
+            = bench.report({"--csv", "-", "--summary", depthName, differenceName});
         QCOMPARE(outcome.output, runCsv({bench.runOf(depthName), bench.runOf(differenceName)}));
         QCOMPARE(outcome.errors, QStringList());
         QCOMPARE(outcome.status, 0);
@@ -106,7 +107,7 @@ private slots:
     {
         Bench bench;
         bench.addRun(depthName, modulationDepthParameter, 1);
-        const Outcome outcome = bench.run({"--csv", "all.csv", depthName});
+        const Outcome outcome = bench.report({"--csv", "all.csv", depthName});
         QCOMPARE(outcome.output, runTable({bench.runOf(depthName)}));
         QCOMPARE(contentOf(bench.path("all.csv")), runCsv({bench.runOf(depthName)}).toUtf8());
         QCOMPARE(outcome.status, 0);
@@ -117,10 +118,10 @@ private slots:
         Bench bench;
         const QString name = QString::fromUtf8("\u00c4\u96ea_test001_noise_modulation depth.txt");
         bench.addRun(name, modulationDepthParameter, 1);
-        const Outcome outcome = bench.run({name}, {}, true);
+        const Outcome outcome = bench.report({name}, {}, true);
         QCOMPARE(outcome.errors, QStringList());
         QVERIFY(outcome.output.contains(QString::fromUtf8("\n\u00c4\u96ea       test001  noise")));
-        QCOMPARE(bench.run({"."}, {}, true).output, outcome.output);
+        QCOMPARE(bench.report({"."}, {}, true).output, outcome.output);
     }
 
     void badFiles_areReported_andTheOthersProcessed()
@@ -137,7 +138,7 @@ private slots:
         const int nLines = good.count('\n');
         const Data shortRun = simulatedRun(modulationDepthParameter, 1, 13);
         const Data shorterRun = simulatedRun(carrierFrequencyParameter, 1, 2);
-        const Outcome outcome = bench.run({".", "missing.txt", "--csv", "-"});
+        const Outcome outcome = bench.report({".", "missing.txt", "--csv", "-"});
         QCOMPARE(outcome.errors,
             QStringList({QString("./a?b.txt:%1: the file ends after 2 reversals, 14 are needed")
                              .arg(shorterRun.nTrials + 1),
@@ -159,7 +160,7 @@ private slots:
         Bench bench;
         bench.addRun("run.txt", modulationDepthParameter, 1, 20);
         const Outcome twenty
-            = bench.run({"--reversals", "20", "--last", "12", "--csv", "-", "run.txt"});
+            = bench.report({"--reversals", "20", "--last", "12", "--csv", "-", "run.txt"});
         Run run;
         run.path = bench.path("run.txt");
         run.data.nReversals = 20;
@@ -168,7 +169,7 @@ private slots:
         run.path = "run.txt";
         QCOMPARE(twenty.output, runCsv({run}));
         QCOMPARE(twenty.errors, QStringList());
-        QVERIFY(bench.run({"--reversals", "5", "run.txt"})
+        QVERIFY(bench.report({"--reversals", "5", "run.txt"})
                     .output.startsWith("threshold: mean of the last 5 of 5 reversals;"));
     }
 
@@ -177,7 +178,7 @@ private slots:
         Bench bench;
         bench.addRun("run.txt", modulationDepthParameter, 1, 20);
         const int line = bench.runOf("run.txt").reversalTrials[13] + 2;
-        const Outcome outcome = bench.run({"run.txt"});
+        const Outcome outcome = bench.report({"run.txt"});
         QCOMPARE(outcome.errors,
             QStringList(
                 QString("run.txt:%1: note: the run goes on after reversal 14, to 20").arg(line)));
@@ -201,7 +202,7 @@ private slots:
         bench.addRun(depthName, modulationDepthParameter, 1);
         bench.addRun("other/" + depthName, modulationDepthParameter, 2);
         bench.addRun("x.dat", carrierFrequencyParameter, 3);
-        const Outcome outcome = bench.run(
+        const Outcome outcome = bench.report(
             {"--plot", "deep/plots", "--format", format, "--summary", depthName, "other", "x.dat"});
         QCOMPARE(outcome.errors, QStringList());
         const QString base = depthName.chopped(4);
@@ -222,19 +223,19 @@ private slots:
         Bench bench;
         bench.addRun("run.txt", modulationDepthParameter, 1);
         fillFile(bench.path("file"), "kept");
-        const Outcome csv = bench.run({"--csv", "missing/all.csv", "run.txt"});
+        const Outcome csv = bench.report({"--csv", "missing/all.csv", "run.txt"});
         QCOMPARE(csv.status, 1);
         QCOMPARE(csv.errors.size(), 1);
         QVERIFY(csv.errors[0].startsWith("missing/all.csv: cannot be written: "));
         QVERIFY(!csv.output.isEmpty());
 
-        const Outcome plot = bench.run({"--plot", "file", "run.txt"});
+        const Outcome plot = bench.report({"--plot", "file", "run.txt"});
         QCOMPARE(plot.status, 1);
         QCOMPARE(plot.errors, QStringList("file: the folder cannot be made"));
         QCOMPARE(contentOf(bench.path("file")), QByteArray("kept"));
         QCOMPARE(bench.names(), QStringList({"file", "run.txt"}));
 
-        const Outcome full = bench.run({"run.txt"}, "/dev/full");
+        const Outcome full = bench.report({"run.txt"}, "/dev/full");
         QCOMPARE(full.status, 1);
         QCOMPARE(full.errors, QStringList("standard output: cannot be written"));
     }
@@ -242,7 +243,7 @@ private slots:
     void nothingIsWritten_withoutARun()
     {
         Bench bench;
-        const Outcome outcome = bench.run({"--csv", "all.csv", "."});
+        const Outcome outcome = bench.report({"--csv", "all.csv", "."});
         QCOMPARE(outcome.errors, QStringList(".: there is no results file (*.txt) in the folder"));
         QCOMPARE(outcome.output, QString());
         QCOMPARE(bench.names(), QStringList());
@@ -252,9 +253,9 @@ private slots:
     void helpAndVersion_arePrinted()
     {
         Bench bench;
-        QCOMPARE(bench.run({"--version"}).output, QString("quorin-report " QUORIN_VERSION "\n"));
-        QCOMPARE(bench.run({"--version"}).status, 0);
-        const Outcome help = bench.run({"--help"});
+        QCOMPARE(bench.report({"--version"}).output, QString("quorin-report " QUORIN_VERSION "\n"));
+        QCOMPARE(bench.report({"--version"}).status, 0);
+        const Outcome help = bench.report({"--help"});
         QCOMPARE(help.status, 0);
         for (const QString option : {"--reversals <n>", "--last <n>", "--csv <file>",
                  "--plot <folder>", "--format <format>", "--summary", "--help", "--version"}) {
@@ -288,7 +289,7 @@ private slots:
         Bench bench;
         bench.addRun("run.txt", modulationDepthParameter, 1);
         const QByteArray before = contentOf(bench.path("run.txt"));
-        const Outcome outcome = bench.run(arguments);
+        const Outcome outcome = bench.report(arguments);
         QCOMPARE(
             outcome.errors, QStringList({"quorin-report: " + error, "Try quorin-report --help."}));
         QCOMPARE(outcome.output, QString());

@@ -206,9 +206,8 @@ private slots:
 
     void trials_areTooMany_beyond100000()
     {
-        const QByteArray most = header + good.repeated(100000);
-        QCOMPARE(readingOf(most).records.size(), 100000);
-        QCOMPARE(complaintOf(most + good), QString("100002 there are more than 100000 trials"));
+        QCOMPARE(complaintOf(header + good.repeated(100001)),
+            QString("100002 there are more than 100000 trials"));
     }
 };
 
