@@ -4,6 +4,7 @@
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
+#include <QLoggingCategory>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
@@ -74,6 +75,7 @@ bool paintKind(const QString& kind, QBuffer& buffer, const QSize& size, const Dr
 void drawWithoutDisplay()
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    QLoggingCategory::setFilterRules("default.warning=false");
 }
 
 QString pictureNameError(const QString& path)
