@@ -9,6 +9,26 @@ namespace {
 // Limits that are themselves multiples of the step count as inside in spite of their rounding.
 constexpr double slack = 1e-9;
 
+// Far enough from the ends of the doubles that room around the values fits in.
+constexpr double largestShown = 1e250;
+
+bool canShow(double value, Axis::Scale scale)
+{
+    return std::abs(value) <= largestShown
+        && (scale == Axis::Scale::linear || value >= 1 / largestShown);
+}
+
+double marginAround(double least, double greatest)
+{
+    constexpr double room = 0.04;
+    const double range = greatest - least;
+    const double magnitude = std::max(std::abs(least), std::abs(greatest));
+    if (range > magnitude * slack && range > 1 / largestShown) {
+        return range * room;
+    }
+    return magnitude > 1 / largestShown ? magnitude * room : room;
+}
+
 double niceStep(double range, int most)
 {
     const double rough = range / most;
@@ -63,11 +83,10 @@ Axis::Axis(const QString& title, Scale scale, double min, double max)
 
 Axis Axis::covering(const QString& title, Scale scale, const QVector<double>& values)
 {
-    constexpr double room = 0.04;
     const bool isLogarithmic = scale == Scale::logarithmic;
     QVector<double> shown;
     for (const double value : values) {
-        if (std::isfinite(value) && (!isLogarithmic || value > 0)) {
+        if (canShow(value, scale)) {
             shown.append(isLogarithmic ? std::log10(value) : value);
         }
     }
@@ -75,8 +94,7 @@ Axis Axis::covering(const QString& title, Scale scale, const QVector<double>& va
     double high = 1.0;
     if (!shown.isEmpty()) {
         const auto [least, greatest] = std::minmax_element(shown.cbegin(), shown.cend());
-        const double range = *greatest - *least;
-        const double margin = range > 0 ? range * room : std::max(std::abs(*least), 1.0) * room;
+        const double margin = marginAround(*least, *greatest);
         low = *least - margin;
         high = *greatest + margin;
     }

@@ -31,6 +31,7 @@ bool paint(QPaintDevice& device, qreal scale, const QSize& size, const Drawing& 
     }
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(scale, scale);
+    painter.fillRect(QRect(QPoint(0, 0), size), Qt::white); // an SVG has no paper of its own
     draw(painter, size);
     return painter.end();
 }
@@ -38,7 +39,6 @@ bool paint(QPaintDevice& device, qreal scale, const QSize& size, const Drawing& 
 bool paintPng(QBuffer& buffer, const QSize& size, const Drawing& draw)
 {
     QImage image(size * pngScale, QImage::Format_RGB32);
-    image.fill(Qt::white);
     return paint(image, pngScale, size, draw) && image.save(&buffer, "PNG");
 }
 

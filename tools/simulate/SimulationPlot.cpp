@@ -24,18 +24,26 @@ struct Histogram {
 
 // Bins of two interquartile ranges by the cube root of the size: Freedman and Diaconis (1981),
 // Z. Wahrscheinlichkeitstheorie verw. Gebiete 57, 453-476.
-Histogram histogram(const Distribution& values)
+int binCount(const Distribution& values)
 {
     constexpr int mostBins = 100;
-    const double begin = values.quantile(0);
-    const double range = values.quantile(1) - begin;
+    const double range = values.quantile(1) - values.quantile(0);
     const double iqr = values.quantile(0.75) - values.quantile(0.25);
     const double bins = std::ceil(range * std::cbrt(values.size()) / (2 * iqr));
-    const int nBins = bins >= 1 ? static_cast<int>(std::min<double>(bins, mostBins)) : 1;
-    const double width = range > 0 ? range / nBins : std::abs(begin) / mostBins;
-    Histogram result = {range > 0 ? begin : begin - width / 2, width, QVector<double>(nBins, 0.0)};
+    return bins >= 1 ? static_cast<int>(std::min<double>(bins, mostBins)) : 1;
+}
+
+Histogram histogram(const Distribution& values)
+{
+    // Thresholds that are all the same have a bar too.
+    constexpr double leastShare = 0.01;
+    constexpr double leastRange = 1e-12;
+    const int nBins = binCount(values);
+    const double begin = values.quantile(0);
+    const double range = std::max({values.quantile(1) - begin, begin * leastShare, leastRange});
+    Histogram result = {begin, range / nBins, QVector<double>(nBins, 0.0)};
     for (const double value : values.sorted()) {
-        const int bin = static_cast<int>((value - result.begin) / width);
+        const int bin = static_cast<int>((value - begin) / result.binWidth);
         result.counts[std::min(bin, nBins - 1)] += 1;
     }
     return result;

@@ -83,6 +83,17 @@ private slots:
         const Axis one = Axis::covering("", Scale::linear, {50, 50});
         QCOMPARE(one.min(), 48.0);
         QCOMPARE(one.max(), 52.0);
+        const Axis zero = Axis::covering("", Scale::linear, {0, 5e-324});
+        QCOMPARE(zero.min(), -0.04);
+        QCOMPARE(zero.ticks(2), Values({0.0}));
+    }
+
+    void covering_leavesOutWhatNoAxisCanShow()
+    {
+        const Axis linear = Axis::covering("", Scale::linear, {-1e300, 2, 7, 1e300});
+        QCOMPARE(linear.max(), 7.2);
+        const Axis logarithmic = Axis::covering("", Scale::logarithmic, {1e-300, 1, 100});
+        QCOMPARE(logarithmic.max(), std::pow(10.0, 2.08));
     }
 };
 

@@ -50,6 +50,7 @@ private slots:
         const QByteArray content = contentOf(path);
         QVERIFY(content.contains("viewBox=\"0 0 200 100\""));
         QVERIFY(content.contains(">text</text>"));
+        QVERIFY(content.contains("fill=\"#ffffff\""));
         QVERIFY(content.trimmed().endsWith("</svg>"));
     }
 
@@ -60,7 +61,7 @@ private slots:
         QCOMPARE(writePicture(path, size, drawBox), QString());
         const QByteArray content = contentOf(path);
         QVERIFY(content.startsWith("%PDF-"));
-        QVERIFY(content.contains("/MediaBox [0 0 150 75]"));
+        QVERIFY(content.contains("/MediaBox [0 0 150.000000 75.000000]"));
         QVERIFY(content.trimmed().endsWith("%%EOF"));
     }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "procedure/SilentRun.h"
 #include "simulate/Distribution.h"
-#include "support/QuietTest.h"
+#include "support/WindowTest.h"
 #include "tools/simulate/Simulations.h"
 
 #include <QtTest>
@@ -34,7 +34,7 @@ bool areEqual(const std::vector<RunOutcome>& a, const std::vector<RunOutcome>& b
 
 Q_DECLARE_METATYPE(Expected)
 
-class TestSimulatedRuns : public QuietTest {
+class TestSimulatedRuns : public WindowTest {
     Q_OBJECT
 
 private slots:

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "procedure/SavedRun.h"
 #include "simulate/TrackFiles.h"
-#include "support/QuietTest.h"
+#include "support/WindowTest.h"
 #include "tools/simulate/Simulations.h"
 
 #include <QtTest>
 
 Q_DECLARE_METATYPE(Simulation)
 
-class TestTrackFiles : public QuietTest {
+class TestTrackFiles : public WindowTest {
     Q_OBJECT
 
 private slots:
