@@ -46,9 +46,10 @@ QVector<double> linearTicks(double min, double max, int most)
     const double step = niceStep(max - min, most);
     const double first = std::ceil(min / step - slack);
     const double last = std::floor(max / step + slack);
+    const int n = static_cast<int>(last - first) + 1;
     QVector<double> ticks;
-    for (double i = first; i <= last; ++i) {
-        ticks.append(i * step);
+    for (int i = 0; i < n; ++i) {
+        ticks.append((first + i) * step);
     }
     return ticks;
 }
@@ -73,8 +74,8 @@ QVector<double> ticksOfDecades(double min, double max, const QVector<double>& fa
 
 } // namespace
 
-Axis::Axis(const QString& title, Scale scale, double min, double max)
-    : m_title(title)
+Axis::Axis(QString title, Scale scale, double min, double max)
+    : m_title(std::move(title))
     , m_scale(scale)
     , m_min(min)
     , m_max(max)

@@ -13,7 +13,7 @@ public:
     };
 
     /// @param min, max finite and min < max; above 0 on a logarithmic scale
-    Axis(const QString& title, Scale scale, double min, double max);
+    Axis(QString title, Scale scale, double min, double max);
 
     /// An axis that shows all of the values with a little room at both ends. Values that it cannot
     /// show (not finite or beyond 1e250, on a logarithmic scale also below 1e-250) are left out;

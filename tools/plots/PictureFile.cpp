@@ -89,7 +89,7 @@ QString pictureNameError(const QString& path)
 
 QString writePicture(const QString& path, const QSize& size, const Drawing& draw)
 {
-    const QString nameError = pictureNameError(path);
+    QString nameError = pictureNameError(path);
     if (!nameError.isEmpty()) {
         return nameError;
     }

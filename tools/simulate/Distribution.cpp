@@ -58,10 +58,10 @@ RunStatistics runStatistics(const std::vector<RunOutcome>& outcomes)
         nTrials += outcome.nTrials;
         nCorrect += outcome.nCorrect;
     }
-    const Distribution ofThresholds(std::move(thresholds));
-    return {ofThresholds, Distribution(std::move(trials)),
-        static_cast<double>(nCorrect) / static_cast<double>(nTrials),
-        static_cast<int>(outcomes.size()) - ofThresholds.size()};
+    Distribution ofThresholds(std::move(thresholds));
+    const int nCut = static_cast<int>(outcomes.size()) - ofThresholds.size();
+    return {std::move(ofThresholds), Distribution(std::move(trials)),
+        static_cast<double>(nCorrect) / static_cast<double>(nTrials), nCut};
 }
 
 double biasDb(const RunStatistics& statistics, const PsychometricFunction& listener)

@@ -16,10 +16,9 @@ struct SharedCounts {
     std::atomic<int> nDone {0};
 };
 
-void simulateBlocks(
-    const Simulation& simulation, std::vector<RunOutcome>& outcomes, SharedCounts& counts)
+void simulateBlocks(Data data, const Simulation& simulation, std::vector<RunOutcome>& outcomes,
+    SharedCounts& counts)
 {
-    Data data = preparedRun(simulation);
     for (;;) {
         const int begin = counts.nTaken.fetch_add(blockSize);
         const int end = std::min(begin + blockSize, simulation.nRuns);
@@ -43,8 +42,9 @@ std::vector<RunOutcome> simulatedRuns(
     std::vector<std::future<void>> workers;
     workers.reserve(static_cast<size_t>(nThreads));
     for (int i = 0; i < nThreads; ++i) {
-        workers.push_back(std::async(std::launch::async,
-            [&simulation, &outcomes, &counts] { simulateBlocks(simulation, outcomes, counts); }));
+        // The record is made here: it asks the desktop for its folder.
+        workers.push_back(std::async(std::launch::async, simulateBlocks, preparedRun(simulation),
+            std::cref(simulation), std::ref(outcomes), std::ref(counts)));
     }
     for (const std::future<void>& worker : workers) {
         while (worker.wait_for(reportInterval) != std::future_status::ready) {

@@ -102,6 +102,7 @@ int main(int argc, char* argv[])
     }
     QTextStream out(stdout);
     writeSettings(out, options.simulation);
+    out.flush();
     bool isDone = true;
     if (options.sweptReversals.isEmpty()) {
         isDone = simulateOne(out, options);
