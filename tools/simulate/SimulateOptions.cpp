@@ -184,7 +184,7 @@ TrackTarget readTrack(const QCommandLineParser& parser, OptionReader& reader, in
 
 QString readPlotPath(const QCommandLineParser& parser, OptionReader& reader)
 {
-    const QString path = parser.value("plot");
+    QString path = parser.value("plot");
     if (parser.isSet("plot") && !pictureNameError(path).isEmpty()) {
         reader.fail("--plot: " + pictureNameError(path));
     }
@@ -219,7 +219,7 @@ SimulateOptions simulateOptions(const QStringList& arguments, QString& errorText
         reader.fail("unknown argument: " + parser.positionalArguments().constFirst());
     }
     const Simulation simulation = readSimulation(parser, reader);
-    const SimulateOptions options = {simulation, readSweep(parser, reader),
+    SimulateOptions options = {simulation, readSweep(parser, reader),
         reader.count(
             "threads", 1, mostThreads, qBound(1, QThread::idealThreadCount(), mostThreads)),
         readTrack(parser, reader, simulation.nRuns), readPlotPath(parser, reader)};

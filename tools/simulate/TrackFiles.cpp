@@ -41,7 +41,7 @@ QString writeTracks(const TrackTarget& target, const Simulation& simulation)
         data.sesNum = i + 1;
         const QString path
             = isFolder ? QDir(target.path).filePath(composedFileName(data)) : target.path;
-        const QString errorText = writeTrack(path, data);
+        QString errorText = writeTrack(path, data);
         if (!errorText.isEmpty()) {
             return errorText;
         }
