@@ -9,6 +9,26 @@ namespace {
 // Limits that are themselves multiples of the step count as inside in spite of their rounding.
 constexpr double slack = 1e-9;
 
+// Far enough from the ends of the doubles that room around the values fits in.
+constexpr double largestShown = 1e250;
+
+bool canShow(double value, Axis::Scale scale)
+{
+    return std::abs(value) <= largestShown
+        && (scale == Axis::Scale::linear || value >= 1 / largestShown);
+}
+
+double marginAround(double least, double greatest)
+{
+    constexpr double room = 0.04;
+    const double range = greatest - least;
+    const double magnitude = std::max(std::abs(least), std::abs(greatest));
+    if (range > magnitude * slack && range > 1 / largestShown) {
+        return range * room;
+    }
+    return magnitude > 1 / largestShown ? magnitude * room : room;
+}
+
 double niceStep(double range, int most)
 {
     const double rough = range / most;
@@ -26,9 +46,10 @@ QVector<double> linearTicks(double min, double max, int most)
     const double step = niceStep(max - min, most);
     const double first = std::ceil(min / step - slack);
     const double last = std::floor(max / step + slack);
+    const int n = static_cast<int>(last - first) + 1;
     QVector<double> ticks;
-    for (double i = first; i <= last; ++i) {
-        ticks.append(i * step);
+    for (int i = 0; i < n; ++i) {
+        ticks.append((first + i) * step);
     }
     return ticks;
 }
@@ -53,8 +74,8 @@ QVector<double> ticksOfDecades(double min, double max, const QVector<double>& fa
 
 } // namespace
 
-Axis::Axis(const QString& title, Scale scale, double min, double max)
-    : m_title(title)
+Axis::Axis(QString title, Scale scale, double min, double max)
+    : m_title(std::move(title))
     , m_scale(scale)
     , m_min(min)
     , m_max(max)
@@ -63,11 +84,10 @@ Axis::Axis(const QString& title, Scale scale, double min, double max)
 
 Axis Axis::covering(const QString& title, Scale scale, const QVector<double>& values)
 {
-    constexpr double room = 0.04;
     const bool isLogarithmic = scale == Scale::logarithmic;
     QVector<double> shown;
     for (const double value : values) {
-        if (std::isfinite(value) && (!isLogarithmic || value > 0)) {
+        if (canShow(value, scale)) {
             shown.append(isLogarithmic ? std::log10(value) : value);
         }
     }
@@ -75,8 +95,7 @@ Axis Axis::covering(const QString& title, Scale scale, const QVector<double>& va
     double high = 1.0;
     if (!shown.isEmpty()) {
         const auto [least, greatest] = std::minmax_element(shown.cbegin(), shown.cend());
-        const double range = *greatest - *least;
-        const double margin = range > 0 ? range * room : std::max(std::abs(*least), 1.0) * room;
+        const double margin = marginAround(*least, *greatest);
         low = *least - margin;
         high = *greatest + margin;
     }

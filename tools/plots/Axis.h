@@ -13,11 +13,11 @@ public:
     };
 
     /// @param min, max finite and min < max; above 0 on a logarithmic scale
-    Axis(const QString& title, Scale scale, double min, double max);
+    Axis(QString title, Scale scale, double min, double max);
 
     /// An axis that shows all of the values with a little room at both ends. Values that it cannot
-    /// show (not finite, or not above 0 on a logarithmic scale) are left out; without any other it
-    /// runs from 0 to 1, on a logarithmic scale from 1 to 10.
+    /// show (not finite or beyond 1e250, on a logarithmic scale also below 1e-250) are left out;
+    /// without any other it runs from 0 to 1, on a logarithmic scale from 1 to 10.
     static Axis covering(const QString& title, Scale scale, const QVector<double>& values);
 
     QString title() const { return m_title; }

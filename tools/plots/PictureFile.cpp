@@ -4,6 +4,7 @@
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
+#include <QLoggingCategory>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
@@ -30,6 +31,7 @@ bool paint(QPaintDevice& device, qreal scale, const QSize& size, const Drawing& 
     }
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(scale, scale);
+    painter.fillRect(QRect(QPoint(0, 0), size), Qt::white); // an SVG has no paper of its own
     draw(painter, size);
     return painter.end();
 }
@@ -37,7 +39,6 @@ bool paint(QPaintDevice& device, qreal scale, const QSize& size, const Drawing& 
 bool paintPng(QBuffer& buffer, const QSize& size, const Drawing& draw)
 {
     QImage image(size * pngScale, QImage::Format_RGB32);
-    image.fill(Qt::white);
     return paint(image, pngScale, size, draw) && image.save(&buffer, "PNG");
 }
 
@@ -74,6 +75,7 @@ bool paintKind(const QString& kind, QBuffer& buffer, const QSize& size, const Dr
 void drawWithoutDisplay()
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    QLoggingCategory::setFilterRules("default.warning=false");
 }
 
 QString pictureNameError(const QString& path)
@@ -87,7 +89,7 @@ QString pictureNameError(const QString& path)
 
 QString writePicture(const QString& path, const QSize& size, const Drawing& draw)
 {
-    const QString nameError = pictureNameError(path);
+    QString nameError = pictureNameError(path);
     if (!nameError.isEmpty()) {
         return nameError;
     }

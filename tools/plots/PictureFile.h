@@ -13,6 +13,8 @@ class QPainter;
 using Drawing = std::function<void(QPainter& painter, const QSize& size)>;
 
 /// Lets a program draw text without a display: to be called before its QGuiApplication is made.
+/// Silences Qt's own warnings, which would tell the user of a command line what is missing of a
+/// desktop.
 void drawWithoutDisplay();
 
 /// What is wrong with a picture file's name: empty if it ends in .png, .svg or .pdf, in any case.

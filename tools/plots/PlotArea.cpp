@@ -62,12 +62,12 @@ private:
 
 } // namespace
 
-PlotArea::PlotArea(QPainter& painter, const QRectF& outer, const Axis& x, const Axis& y)
+PlotArea::PlotArea(QPainter& painter, const QRectF& outer, Axis x, Axis y)
     : m_painter(painter)
     , m_outer(outer)
     , m_inside(outer.adjusted(roomLeft, roomTop, -roomRight, -roomBottom))
-    , m_x(x)
-    , m_y(y)
+    , m_x(std::move(x))
+    , m_y(std::move(y))
 {
 }
 

@@ -26,7 +26,7 @@ public:
     static constexpr int textPixels = 12;
 
     /// @param outer what the plot takes up with its title, its axes' titles and labels, pixels
-    PlotArea(QPainter& painter, const QRectF& outer, const Axis& x, const Axis& y);
+    PlotArea(QPainter& painter, const QRectF& outer, Axis x, Axis y);
 
     /// The title, both axes with ticks and labels, and a light grid. To be drawn first.
     void drawFrame(const QString& title);
