@@ -22,6 +22,11 @@ if(QUORIN_SANITIZE)
   target_link_options(quorin_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(QUORIN_BUILD_FUZZERS)
+  # All of our own code tells the fuzzer which of its branches were taken.
+  target_compile_options(quorin_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 if(QUORIN_COVERAGE)
   target_compile_options(quorin_options INTERFACE --coverage -fprofile-abs-path)
   target_link_options(quorin_options INTERFACE --coverage)

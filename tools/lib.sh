@@ -12,7 +12,7 @@ cores=$(nproc 2>/dev/null || echo 2)
 # The one list of Debian packages, by what needs them.
 build_packages=(
     g++ cmake ninja-build
-    qtbase5-dev qtmultimedia5-dev libqt5charts5-dev
+    qtbase5-dev qtmultimedia5-dev libqt5charts5-dev libqt5svg5-dev
     libqt5multimedia5-plugins # the sound backends, loaded at run time
 )
 test_packages=(
@@ -34,7 +34,7 @@ document_packages=(
 )
 check_packages=(
     git
-    clang-format-14 clang-tidy-14 libclang-rt-14-dev clazy cppcheck shellcheck
+    clang-format-14 clang-tidy-14 clang-14 libclang-rt-14-dev clazy cppcheck shellcheck
     valgrind libc6-dbg # valgrind replaces functions of the C library by their debug names
     gcovr
 )

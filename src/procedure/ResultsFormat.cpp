@@ -27,10 +27,15 @@ QString resultsHeader(int mainParameter)
     }
 }
 
+QString resultsNumber(double shown)
+{
+    return QString::number(shown, 'f', valueDecimals);
+}
+
 QString resultsValue(const Record& record, int mainParameter, double standardCarrier)
 {
     const double unit = mainParameter == carrierFrequencyParameter ? standardCarrier : percent;
-    return QString::number(record.value * unit, 'f', valueDecimals);
+    return resultsNumber(record.value * unit);
 }
 
 void writeResults(QTextStream& stream, const Data& data)

@@ -11,6 +11,10 @@ class Record;
 /// main parameter other than the two.
 QString resultsHeader(int mainParameter);
 
+/// A number of the first column: fixed notation with 6 decimals; nan, inf or -inf if it is none.
+/// @param shown frequency difference in Hz or modulation depth in percent
+QString resultsNumber(double shown);
+
 /// The first column of a record's line: the frequency difference in Hz or the modulation depth in
 /// percent, in fixed notation with 6 decimals.
 /// @param standardCarrier carrier frequency of the standard, Hz

@@ -56,6 +56,62 @@ private slots:
         QCOMPARE(data.fileName, QString("SUB001.txt"));
     }
 
+    void choices_areReadBack_fromTheirName_data() { name_isThis_whenTheChoicesAre_data(); }
+
+    void choices_areReadBack_fromTheirName()
+    {
+        QFETCH(QString, expected);
+        Data data;
+        QVERIFY(readFileName(expected, data));
+        QTEST(data.subCode, "subCode");
+        QTEST(data.sesType, "sesType");
+        QTEST(data.sesNum, "sesNum");
+        QTEST(data.soundType, "soundType");
+        QTEST(data.mainParameter, "mainParameter");
+    }
+
+    void subject_isReadBack_whenItLooksLikeAName()
+    {
+        Data data;
+        QVERIFY(readFileName(
+            "A_test001_noise_modulation depth.txt\n_practice2147483647_noise_modulation depth.txt",
+            data));
+        QCOMPARE(data.subCode, QString("A_test001_noise_modulation depth.txt\n"));
+        QCOMPARE(data.sesNum, 2147483647);
+    }
+
+    void otherNames_changeNothing_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("empty") << "";
+        QTest::newRow("another text") << "A.txt";
+        QTest::newRow("two digits") << "A_test01_noise_modulation depth.txt";
+        QTest::newRow("a zero too many") << "A_test0001_noise_modulation depth.txt";
+        QTest::newRow("number beyond an int") << "A_test2147483648_noise_modulation depth.txt";
+        QTest::newRow("no number") << "A_test_noise_modulation depth.txt";
+        QTest::newRow("sign only") << "A_test00-_noise_modulation depth.txt";
+        QTest::newRow("another session type") << "A_retest001_noise_modulation depth.txt";
+        QTest::newRow("another sound") << "A_test001_click_modulation depth.txt";
+        QTest::newRow("another parameter") << "A_test001_noise_level.txt";
+        QTest::newRow("another suffix") << "A_test001_noise_modulation depth.csv";
+        QTest::newRow("capitals") << "A_TEST001_noise_modulation depth.txt";
+        QTest::newRow("line end behind it") << "A_test001_noise_modulation depth.txt\n";
+        QTest::newRow("without a subject's separator") << "test001_noise_modulation depth.txt";
+    }
+
+    void otherNames_changeNothing()
+    {
+        QFETCH(QString, name);
+        Data data;
+        data.sesNum = 7;
+        QVERIFY(!readFileName(name, data));
+        QCOMPARE(data.subCode, QString("SUB001"));
+        QCOMPARE(data.sesNum, 7);
+        QCOMPARE(data.sesType, 0);
+        QCOMPARE(data.soundType, 0);
+        QCOMPARE(data.mainParameter, 0);
+    }
+
     void name_usesTheRecordsLists_whenTheyAreOthers()
     {
         Data data;

@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "demo/HeardTrial.h"
-#include "demo/PsychometricFunction.h"
 #include "support/QuietTest.h"
 
 #include <QtTest>
 
-#include <cmath>
-#include <limits>
-
 namespace {
 
-constexpr PsychometricFunction depthListener = {0.056, 2.5};
 constexpr int shortestSilence = 4;
 
 const QVector<float> silence(shortestSilence, 0.0F);
@@ -33,34 +28,6 @@ class TestDemoListener : public QuietTest {
     Q_OBJECT
 
 private slots:
-    void probability_isTwoThirds_atTheThreshold()
-    {
-        QCOMPARE(depthListener.probabilityRight(0.056), 2.0 / 3.0);
-        const PsychometricFunction steep = {0.002, 0.1};
-        QCOMPARE(steep.probabilityRight(0.002), 2.0 / 3.0);
-    }
-
-    void probability_followsTheLogisticFunction()
-    {
-        // One scale above the middle, which is the threshold raised by s ln 2 decibels.
-        const double value = 0.056 * std::pow(10.0, 2.5 * (std::log(2.0) + 1.0) / 20.0);
-        QCOMPARE(depthListener.probabilityRight(value), 0.5 + 0.5 / (1.0 + std::exp(-1.0)));
-    }
-
-    void probability_isChanceOrCertainty_atTheEnds()
-    {
-        QCOMPARE(depthListener.probabilityRight(0.0), 0.5);
-        QCOMPARE(depthListener.probabilityRight(std::numeric_limits<double>::infinity()), 1.0);
-        QVERIFY(std::isnan(depthListener.probabilityRight(std::nan(""))));
-    }
-
-    void fraction_isTheGeneratorsUpperBits()
-    {
-        std::mt19937_64 generator(5489); // its 10000th number is in the C++ standard
-        generator.discard(9999);
-        QCOMPARE(nextFraction(generator), double(9981545732273789042U >> 11U) / 9007199254740992.0);
-    }
-
     void deviant_isHeard_inTheIntervalThatDiffers()
     {
         QCOMPARE(heardTrial(recorded("sdss"), shortestSilence).deviant, 2);

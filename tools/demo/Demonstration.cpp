@@ -32,8 +32,8 @@ constexpr auto resultsName = "results.txt";
 constexpr auto soundName = "sound.wav";
 
 constexpr double slopeDb = 2.5;
-constexpr PsychometricFunction depthListener = {0.056, slopeDb};
-constexpr PsychometricFunction frequencyListener = {0.002, slopeDb};
+constexpr double depthThreshold = 0.056;
+constexpr double frequencyThreshold = 0.002;
 
 bool adaptsDepth(const DemoOptions& options)
 {
@@ -77,8 +77,9 @@ bool Demonstration::startSound()
     if (!m_recorder.start()) {
         return fail("no recording: " + m_recorder.errorText());
     }
+    const double threshold = adaptsDepth(m_options) ? depthThreshold : frequencyThreshold;
     m_listener = std::make_unique<Listener>(
-        m_recorder, adaptsDepth(m_options) ? depthListener : frequencyListener, m_options.seed);
+        m_recorder, logisticListener(threshold, slopeDb), m_options.seed);
     return true;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "demo/PsychometricFunction.h"
+#include "psychometrics/PsychometricFunction.h"
 
 #include <QString>
 

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "plots/PictureFile.h"
+#include "support/QuietTest.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+constexpr QSize size(200, 100);
+
+void drawBox(QPainter& painter, const QSize& given)
+{
+    painter.fillRect(QRect(0, 0, given.width() / 2, given.height()), Qt::red);
+    painter.drawText(10, 20, "text");
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
+}
+
+} // namespace
+
+class TestPictureFile : public QuietTest {
+    Q_OBJECT
+
+private slots:
+    void png_isTwiceAsFine()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("a.PNG");
+        QCOMPARE(writePicture(path, size, drawBox), QString());
+        const QImage image(path);
+        QCOMPARE(image.size(), QSize(400, 200));
+        QCOMPARE(image.pixelColor(190, 190), QColor(Qt::red));
+        QCOMPARE(image.pixelColor(210, 190), QColor(Qt::white));
+    }
+
+    void svg_hasTheSizeAsked()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("a.svg");
+        QCOMPARE(writePicture(path, size, drawBox), QString());
+        const QByteArray content = contentOf(path);
+        QVERIFY(content.contains("viewBox=\"0 0 200 100\""));
+        QVERIFY(content.contains(">text</text>"));
+        QVERIFY(content.contains("fill=\"#ffffff\""));
+        QVERIFY(content.trimmed().endsWith("</svg>"));
+    }
+
+    void pdf_isAPageOfTheSizeAsked()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("a.pdf");
+        QCOMPARE(writePicture(path, size, drawBox), QString());
+        const QByteArray content = contentOf(path);
+        QVERIFY(content.startsWith("%PDF-"));
+        QVERIFY(content.contains("/MediaBox [0 0 150.000000 75.000000]"));
+        QVERIFY(content.trimmed().endsWith("%%EOF"));
+    }
+
+    void name_tellsTheKind()
+    {
+        QCOMPARE(pictureNameError("a.b/c.d.svg"), QString());
+        QCOMPARE(pictureNameError("a.jpg"),
+            QString("a picture's name must end in .png, .svg or .pdf: a.jpg"));
+        QVERIFY(!pictureNameError("png").isEmpty());
+        QVERIFY(!pictureNameError("").isEmpty());
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("a.txt");
+        QCOMPARE(writePicture(path, size, drawBox), pictureNameError(path));
+        QVERIFY(!QFile::exists(path));
+    }
+
+    void nothingIsLeft_whenTheFolderIsMissing()
+    {
+        const QTemporaryDir folder;
+        const QString errorText = writePicture(folder.filePath("no/a.svg"), size, drawBox);
+        QVERIFY(errorText.startsWith("could not write " + folder.filePath("no/a.svg") + ": "));
+        QVERIFY(QDir(folder.path()).isEmpty());
+    }
+
+    void earlierFile_stays_whenNothingCanBeDrawn()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("a.png");
+        QCOMPARE(writePicture(path, size, drawBox), QString());
+        const QByteArray before = contentOf(path);
+        tolerateWarning(QRegularExpression("QPainter::begin|QImage"));
+        QCOMPARE(writePicture(path, QSize(), drawBox), "could not draw " + path);
+        QCOMPARE(contentOf(path), before);
+    }
+};
+
+QTEST_MAIN(TestPictureFile)
+#include "tst_picture_file.moc"

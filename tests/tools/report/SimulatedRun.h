@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "procedure/ResultsFormat.h"
+#include "procedure/RunResults.h"
+#include "procedure/StaircaseRule.h"
+#include "session/Data.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QTextStream>
+
+#include <random>
+
+/// A run by the application's own rules whose listener answers 3 of 4 trials rightly at random, in
+/// the units of the application, with its results.
+inline Data simulatedRun(int mainParameter, unsigned seed, int nReversals = 14)
+{
+    std::mt19937 random(seed);
+    Data data;
+    data.mainParameter = mainParameter;
+    data.cf[standard] = 1234.5;
+    data.nReversals = nReversals;
+    resetDeviant(data);
+    while (true) {
+        Record record;
+        record.value = adaptedValue(data);
+        record.stimulusPosition = random() % 2 == 0 ? 2 : 3;
+        record.correctness = random() % 4 != 0;
+        record.responsePosition
+            = record.correctness ? record.stimulusPosition : 5 - record.stimulusPosition;
+        record.reactionTime = static_cast<double>(random() % 3000);
+        data.records.append(record);
+        data.nTrials = data.records.size();
+        judgeCurrentRecord(data);
+        if (enoughReversals(data)) {
+            computeRunResults(data);
+            return data;
+        }
+        stepDeviant(data);
+    }
+}
+
+/// The results file that the application writes for a run.
+inline QByteArray resultsFile(const Data& data)
+{
+    QByteArray bytes;
+    QTextStream stream(&bytes);
+    writeResults(stream, data);
+    stream.flush();
+    return bytes;
+}
+
+/// Puts bytes into a file, which is made.
+inline void fillFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+        qFatal("the test's folder is not writable");
+    }
+}
+
+/// The bytes of a file; a remark when it cannot be read.
+inline QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
+}

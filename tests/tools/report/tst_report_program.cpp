@@ -1,0 +1,302 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "SimulatedRun.h"
+#include "report/Run.h"
+#include "report/RunTable.h"
+#include "support/QuietTest.h"
+
+#include <QDir>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+const QString depthName("A_test001_noise_modulation depth.txt");
+const QString differenceName("A_test001_sinusoid_carrier frequency.txt");
+
+// What the program did.
+struct Outcome {
+    int status;
+    QString output;
+    QStringList errors; // lines
+};
+
+// A folder with results files, in which the program is run.
+class Bench {
+public:
+    void addRun(const QString& name, int mainParameter, unsigned seed, int nReversals = 14)
+    {
+        QDir(path()).mkpath(QFileInfo(path(name)).path());
+        fillFile(path(name), resultsFile(simulatedRun(mainParameter, seed, nReversals)));
+    }
+
+    Outcome report(const QStringList& arguments, const QString& output = {}, bool inCLocale = false)
+    {
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove("XDG_RUNTIME_DIR"); // Qt must not complain of it
+        if (inCLocale) {
+            environment.insert("LC_ALL", "C");
+        }
+        program.setProcessEnvironment(environment);
+        program.setWorkingDirectory(path());
+        if (!output.isEmpty()) {
+            program.setStandardOutputFile(output);
+        }
+        program.start(REPORT_PROGRAM, arguments);
+        if (!program.waitForFinished() || program.exitStatus() != QProcess::NormalExit) {
+            return {-1, {}, {"the program crashed or hung"}};
+        }
+        const QString errors = QString::fromUtf8(program.readAllStandardError());
+        return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
+            errors.split('\n', Qt::SkipEmptyParts)};
+    }
+
+    QString path(const QString& name = {}) const { return m_folder.filePath(name); }
+
+    // All that is in a folder.
+    QStringList names(const QString& folder = {}) const
+    {
+        return QDir(path(folder)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+    // The run of a file in the folder, as the reader reads it.
+    Run runOf(const QString& name) const
+    {
+        Run run;
+        run.path = path(name);
+        readRun(run);
+        run.path = name;
+        return run;
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+class TestReportProgram : public QuietTest {
+    Q_OBJECT
+
+private slots:
+    void table_isPrinted()
+    {
+        Bench bench;
+        bench.addRun(depthName, modulationDepthParameter, 1);
+        const Outcome outcome = bench.report({depthName});
+        QCOMPARE(outcome.errors, QStringList());
+        QCOMPARE(outcome.output, runTable({bench.runOf(depthName)}));
+        QCOMPARE(outcome.status, 0);
+    }
+
+    void csv_isPrintedAlone_whenItGoesToStandardOutput()
+    {
+        Bench bench;
+        bench.addRun(depthName, modulationDepthParameter, 1);
+        bench.addRun(differenceName, carrierFrequencyParameter, 2);
+        const Outcome outcome
+            = bench.report({"--csv", "-", "--summary", depthName, differenceName});
+        QCOMPARE(outcome.output, runCsv({bench.runOf(depthName), bench.runOf(differenceName)}));
+        QCOMPARE(outcome.errors, QStringList());
+        QCOMPARE(outcome.status, 0);
+    }
+
+    void csv_isWritten_besideTheTable()
+    {
+        Bench bench;
+        bench.addRun(depthName, modulationDepthParameter, 1);
+        const Outcome outcome = bench.report({"--csv", "all.csv", depthName});
+        QCOMPARE(outcome.output, runTable({bench.runOf(depthName)}));
+        QCOMPARE(contentOf(bench.path("all.csv")), runCsv({bench.runOf(depthName)}).toUtf8());
+        QCOMPARE(outcome.status, 0);
+    }
+
+    void names_areUtf8_inAnyLocale()
+    {
+        Bench bench;
+        const QString name = QString::fromUtf8("\u00c4\u96ea_test001_noise_modulation depth.txt");
+        bench.addRun(name, modulationDepthParameter, 1);
+        const Outcome outcome = bench.report({name}, {}, true);
+        QCOMPARE(outcome.errors, QStringList());
+        QVERIFY(outcome.output.contains(QString::fromUtf8("\n\u00c4\u96ea       test001  noise")));
+        QCOMPARE(bench.report({"."}, {}, true).output, outcome.output);
+    }
+
+    void badFiles_areReported_andTheOthersProcessed()
+    {
+        Bench bench;
+        bench.addRun("good.txt", modulationDepthParameter, 1);
+        bench.addRun("short.txt", modulationDepthParameter, 1, 13);
+        bench.addRun("a\nb.txt", carrierFrequencyParameter, 1, 2);
+        fillFile(bench.path("empty.txt"), {});
+        fillFile(bench.path("letter.txt"), "Dear all,\n");
+        const QByteArray good = contentOf(bench.path("good.txt"));
+        fillFile(bench.path("damaged.txt"), QByteArray(good).replace("\r\n39.", "\r\n3,9"));
+        fillFile(bench.path("cut.txt"), good.chopped(1));
+        const int nLines = good.count('\n');
+        const Data shortRun = simulatedRun(modulationDepthParameter, 1, 13);
+        const Data shorterRun = simulatedRun(carrierFrequencyParameter, 1, 2);
+        const Outcome outcome = bench.report({".", "missing.txt", "--csv", "-"});
+        QCOMPARE(outcome.errors,
+            QStringList({QString("./a?b.txt:%1: the file ends after 2 reversals, 14 are needed")
+                             .arg(shorterRun.nTrials + 1),
+                QString("./cut.txt:%1: the line has no end: the file is cut short").arg(nLines),
+                "./damaged.txt:3: \"3,9716412\" is not a value with 6 decimals",
+                "./empty.txt:1: the file is empty",
+                "./letter.txt:1: not a results file: the first line is no header of one",
+                QString("./short.txt:%1: the file ends after 13 reversals, 14 are needed")
+                    .arg(shortRun.nTrials + 1),
+                "missing.txt: cannot be read: No such file or directory"}));
+        Run run = bench.runOf("good.txt");
+        run.path = "./good.txt";
+        QCOMPARE(outcome.output, runCsv({run}));
+        QCOMPARE(outcome.status, 1);
+    }
+
+    void rule_isThatOfTheOptions()
+    {
+        Bench bench;
+        bench.addRun("run.txt", modulationDepthParameter, 1, 20);
+        const Outcome twenty
+            = bench.report({"--reversals", "20", "--last", "12", "--csv", "-", "run.txt"});
+        Run run;
+        run.path = bench.path("run.txt");
+        run.data.nReversals = 20;
+        run.data.nReversalsToCalculate = 12;
+        QCOMPARE(readRun(run).text, QString());
+        run.path = "run.txt";
+        QCOMPARE(twenty.output, runCsv({run}));
+        QCOMPARE(twenty.errors, QStringList());
+        QVERIFY(bench.report({"--reversals", "5", "run.txt"})
+                    .output.startsWith("threshold: mean of the last 5 of 5 reversals;"));
+    }
+
+    void longRun_isNoted_butNotWrong()
+    {
+        Bench bench;
+        bench.addRun("run.txt", modulationDepthParameter, 1, 20);
+        const int line = bench.runOf("run.txt").reversalTrials[13] + 2;
+        const Outcome outcome = bench.report({"run.txt"});
+        QCOMPARE(outcome.errors,
+            QStringList(
+                QString("run.txt:%1: note: the run goes on after reversal 14, to 20").arg(line)));
+        QCOMPARE(outcome.status, 0);
+    }
+
+    void pictures_areOfTheirFormat_data()
+    {
+        QTest::addColumn<QString>("format");
+        QTest::addColumn<QByteArray>("begin");
+        QTest::newRow("png") << "png" << QByteArray("\x89PNG\r\n");
+        QTest::newRow("svg") << "svg" << QByteArray("<?xml version=\"1.0\"");
+        QTest::newRow("pdf") << "pdf" << QByteArray("%PDF-1.");
+    }
+
+    void pictures_areOfTheirFormat()
+    {
+        QFETCH(QString, format);
+        QFETCH(QByteArray, begin);
+        Bench bench;
+        bench.addRun(depthName, modulationDepthParameter, 1);
+        bench.addRun("other/" + depthName, modulationDepthParameter, 2);
+        bench.addRun("x.dat", carrierFrequencyParameter, 3);
+        const Outcome outcome = bench.report(
+            {"--plot", "deep/plots", "--format", format, "--summary", depthName, "other", "x.dat"});
+        QCOMPARE(outcome.errors, QStringList());
+        const QString base = depthName.chopped(4);
+        QStringList expected {base + '.' + format, base + "-2." + format, "A_summary." + format,
+            "x.dat." + format, "x.dat_summary." + format};
+        expected.sort();
+        QStringList found = bench.names("deep/plots");
+        found.sort();
+        QCOMPARE(found, expected);
+        for (const QString& name : qAsConst(expected)) {
+            QVERIFY(contentOf(bench.path("deep/plots/" + name)).startsWith(begin));
+        }
+        QCOMPARE(outcome.status, 0);
+    }
+
+    void nothingIsLeft_whenAnOutputCannotBeWritten()
+    {
+        Bench bench;
+        bench.addRun("run.txt", modulationDepthParameter, 1);
+        fillFile(bench.path("file"), "kept");
+        const Outcome csv = bench.report({"--csv", "missing/all.csv", "run.txt"});
+        QCOMPARE(csv.status, 1);
+        QCOMPARE(csv.errors.size(), 1);
+        QVERIFY(csv.errors[0].startsWith("missing/all.csv: cannot be written: "));
+        QVERIFY(!csv.output.isEmpty());
+
+        const Outcome plot = bench.report({"--plot", "file", "run.txt"});
+        QCOMPARE(plot.status, 1);
+        QCOMPARE(plot.errors, QStringList("file: the folder cannot be made"));
+        QCOMPARE(contentOf(bench.path("file")), QByteArray("kept"));
+        QCOMPARE(bench.names(), QStringList({"file", "run.txt"}));
+
+        const Outcome full = bench.report({"run.txt"}, "/dev/full");
+        QCOMPARE(full.status, 1);
+        QCOMPARE(full.errors, QStringList("standard output: cannot be written"));
+    }
+
+    void nothingIsWritten_withoutARun()
+    {
+        Bench bench;
+        const Outcome outcome = bench.report({"--csv", "all.csv", "."});
+        QCOMPARE(outcome.errors, QStringList(".: there is no results file (*.txt) in the folder"));
+        QCOMPARE(outcome.output, QString());
+        QCOMPARE(bench.names(), QStringList());
+        QCOMPARE(outcome.status, 1);
+    }
+
+    void helpAndVersion_arePrinted()
+    {
+        Bench bench;
+        QCOMPARE(bench.report({"--version"}).output, QString("quorin-report " QUORIN_VERSION "\n"));
+        QCOMPARE(bench.report({"--version"}).status, 0);
+        const Outcome help = bench.report({"--help"});
+        QCOMPARE(help.status, 0);
+        for (const QString option : {"--reversals <n>", "--last <n>", "--csv <file>",
+                 "--plot <folder>", "--format <format>", "--summary", "--help", "--version"}) {
+            QVERIFY2(help.output.contains(option), qPrintable(option));
+        }
+    }
+
+    void usage_isRefused_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("nothing") << QStringList() << "no files or folders are given";
+        QTest::newRow("unknown option")
+            << QStringList {"--colour", "run.txt"} << "Unknown option 'colour'.";
+        QTest::newRow("no reversals") << QStringList {"--reversals", "0", "run.txt"}
+                                      << "--reversals must be 1 to 100000, not \"0\"";
+        QTest::newRow("last of no number")
+            << QStringList {"--last", "8x", "run.txt"} << "--last must be 1 to 100000, not \"8x\"";
+        QTest::newRow("format") << QStringList {"--format", "gif", "run.txt"}
+                                << "--format is png, svg or pdf, not \"gif\"";
+        QTest::newRow("nameless table")
+            << QStringList {"--csv=", "run.txt"} << "--csv needs a name";
+        QTest::newRow("table over a results file")
+            << QStringList {"--csv", "run.txt", "run.txt"} << "--csv names a results file: run.txt";
+    }
+
+    void usage_isRefused()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, error);
+        Bench bench;
+        bench.addRun("run.txt", modulationDepthParameter, 1);
+        const QByteArray before = contentOf(bench.path("run.txt"));
+        const Outcome outcome = bench.report(arguments);
+        QCOMPARE(
+            outcome.errors, QStringList({"quorin-report: " + error, "Try quorin-report --help."}));
+        QCOMPARE(outcome.output, QString());
+        QCOMPARE(outcome.status, 2);
+        QCOMPARE(contentOf(bench.path("run.txt")), before);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestReportProgram)
+#include "tst_report_program.moc"

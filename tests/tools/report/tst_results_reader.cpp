@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "SimulatedRun.h"
+#include "procedure/Records.h"
+#include "report/ResultsReader.h"
+#include "support/QuietTest.h"
+
+#include <QBuffer>
+#include <QtTest>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+const QByteArray header("modulation depth (%)\tstimulus position\tresponse position\tcorrectness\t"
+                        "reaction time (ms)\r\n");
+const QByteArray otherHeader("frequency difference (Hz)\tstimulus position\tresponse position\t"
+                             "correctness\treaction time (ms)\r\n");
+const QByteArray good("50.000000\t2\t2\t1\t734\r\n");
+
+ResultsReading readingOf(QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return readResults(buffer);
+}
+
+// The complaint about a file as line and text; "0 " means that there is none.
+QString complaintOf(const QByteArray& bytes)
+{
+    const Complaint complaint = readingOf(bytes).complaint;
+    return QString::number(complaint.line) + ' ' + complaint.text;
+}
+
+} // namespace
+
+class TestResultsReader : public QuietTest {
+    Q_OBJECT
+
+private slots:
+    void records_areThoseOfTheFile()
+    {
+        const ResultsReading reading = readingOf(header + good + "25.125000\t3\t2\t0\t65.5\r\n");
+        QCOMPARE(reading.complaint.text, QString());
+        QCOMPARE(reading.complaint.line, 0);
+        QCOMPARE(reading.mainParameter, modulationDepthParameter);
+        QCOMPARE(reading.records.size(), 2);
+        QCOMPARE(reading.records[0].value, 50.0);
+        QCOMPARE(reading.records[0].stimulusPosition, 2);
+        QCOMPARE(reading.records[0].responsePosition, 2);
+        QCOMPARE(reading.records[0].correctness, true);
+        QCOMPARE(reading.records[0].reactionTime, 734.0);
+        QCOMPARE(reading.records[1].value, 25.125);
+        QCOMPARE(reading.records[1].stimulusPosition, 3);
+        QCOMPARE(reading.records[1].responsePosition, 2);
+        QCOMPARE(reading.records[1].correctness, false);
+        QCOMPARE(reading.records[1].reactionTime, 65.5);
+    }
+
+    void mainParameter_isThatOfTheHeader()
+    {
+        QCOMPARE(readingOf(otherHeader + good).mainParameter, carrierFrequencyParameter);
+    }
+
+    void lines_mayAllEndInLineFeeds()
+    {
+        const ResultsReading reading
+            = readingOf(QByteArray(header + good + good).replace("\r\n", "\n"));
+        QCOMPARE(reading.complaint.text, QString());
+        QCOMPARE(reading.records.size(), 2);
+    }
+
+    void whateverIsWritten_isRead_data()
+    {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<double>("reactionTime");
+        QTest::newRow("ordinary") << 0.123456789 << 734.0;
+        QTest::newRow("zero") << 0.0 << 0.0;
+        QTest::newRow("rounds to zero from below") << -1e-12 << 0.25;
+        QTest::newRow("negative") << -0.5 << 999999.0;
+        QTest::newRow("large") << 123456789.01234567 << 1e6;
+        QTest::newRow("beyond the digits of a double") << 1.7e22 << 1234567.0;
+        QTest::newRow("largest") << std::numeric_limits<double>::max() << 1e15;
+        QTest::newRow("not a number") << std::nan("") << 1234.567;
+        QTest::newRow("infinite") << std::numeric_limits<double>::infinity() << 1e-5;
+        QTest::newRow("negative infinite") << -std::numeric_limits<double>::infinity() << 1e300;
+    }
+
+    void whateverIsWritten_isRead()
+    {
+        QFETCH(double, value);
+        QFETCH(double, reactionTime);
+        Data data;
+        data.mainParameter = carrierFrequencyParameter;
+        data.cf[standard] = 1.0; // values are written as they are
+        data.records = {answered(false, value, reactionTime), answered(true, value, reactionTime)};
+        const QByteArray written = resultsFile(data);
+        const ResultsReading reading = readingOf(written);
+        QCOMPARE(reading.complaint.text, QString());
+
+        data.records = reading.records;
+        // -0.000000 is read as 0, which has no sign
+        QCOMPARE(resultsFile(data).replace("-0.000000", "0.000000"),
+            QByteArray(written).replace("-0.000000", "0.000000"));
+    }
+
+    void damage_isFound_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("complaint");
+        const auto line = [](const char* text) { return header + good + text + "\r\n" + good; };
+        const QByteArray noEnd = header + good + "25.000000\t2\t2\t1\t73";
+
+        QTest::newRow("empty") << QByteArray() << "1 the file is empty";
+        QTest::newRow("header only") << header << "1 there are no trials";
+        QTest::newRow("header cut short")
+            << header.chopped(2) << "1 the line has no end: the file is cut short";
+        QTest::newRow("another text") << QByteArray("Dear all,\r\n")
+                                      << "1 not a results file: the first line is no header of one";
+        QTest::newRow("byte order mark") << QByteArray("\xef\xbb\xbf") + header
+                + good << "1 not a results file: the first line is no header of one";
+        QTest::newRow("zeros") << QByteArray(100000, '\0')
+                               << "1 not a results file: the first line is no header of one";
+        QTest::newRow("without a header")
+            << good << "1 not a results file: the first line is no header of one";
+        QTest::newRow("last line cut short")
+            << noEnd << "3 the line has no end: the file is cut short";
+        QTest::newRow("second header of its kind") << header + good + header
+                + good << "3 a second header: there is more than one run in the file";
+        QTest::newRow("second header of the other kind") << header + good + otherHeader
+                + good << "3 a second header: there is more than one run in the file";
+        QTest::newRow("other line end") << header + good + "25.000000\t2\t2\t1\t73\n" + good
+                                        << "3 the line ends otherwise than the first";
+        QTest::newRow("empty line") << line("") << "3 5 columns are needed, not 1";
+        QTest::newRow("column missing")
+            << line("25.000000\t2\t2\t1") << "3 5 columns are needed, not 4";
+        QTest::newRow("column too many")
+            << line("25.000000\t2\t2\t1\t73\t") << "3 5 columns are needed, not 6";
+        QTest::newRow("blanks for tabs")
+            << line("25.000000 2 2 1 73") << "3 5 columns are needed, not 1";
+        QTest::newRow("value without decimals")
+            << line("25\t2\t2\t1\t73") << "3 \"25\" is not a value with 6 decimals";
+        QTest::newRow("value with a comma")
+            << line("25,000000\t2\t2\t1\t73") << "3 \"25,000000\" is not a value with 6 decimals";
+        QTest::newRow("value with an exponent")
+            << line("2.5e1\t2\t2\t1\t73") << "3 \"2.5e1\" is not a value with 6 decimals";
+        QTest::newRow("value in capitals")
+            << line("NAN\t2\t2\t1\t73") << "3 \"NAN\" is not a value with 6 decimals";
+        QTest::newRow("value with a blank")
+            << line(" 25.000000\t2\t2\t1\t73") << "3 \" 25.000000\" is not a value with 6 decimals";
+        QTest::newRow("no value") << line("\t2\t2\t1\t73")
+                                  << "3 \"\" is not a value with 6 decimals";
+        QTest::newRow("long value")
+            << line("123456789012345678901234567890123\t2\t2\t1\t73")
+            << "3 \"123456789012345678901234567890...\" is not a value with 6 decimals";
+        QTest::newRow("stimulus position 5")
+            << line("25.000000\t5\t2\t0\t73") << "3 \"5\" is not a position from 1 to 4";
+        QTest::newRow("response position 0")
+            << line("25.000000\t2\t0\t0\t73") << "3 \"0\" is not a position from 1 to 4";
+        QTest::newRow("position of two digits")
+            << line("25.000000\t02\t2\t1\t73") << "3 \"02\" is not a position from 1 to 4";
+        QTest::newRow("no position")
+            << line("25.000000\t2\t\t1\t73") << "3 \"\" is not a position from 1 to 4";
+        QTest::newRow("correct by word")
+            << line("25.000000\t2\t2\ttrue\t73") << "3 \"true\" is not a correctness, 0 or 1";
+        QTest::newRow("correct, though elsewhere")
+            << line("25.000000\t2\t3\t1\t73") << "3 the correctness contradicts the positions";
+        QTest::newRow("wrong, though at the same place")
+            << line("25.000000\t2\t2\t0\t73") << "3 the correctness contradicts the positions";
+        QTest::newRow("negative reaction time")
+            << line("25.000000\t2\t2\t1\t-73") << "3 \"-73\" is not a reaction time in ms";
+        QTest::newRow("infinite reaction time")
+            << line("25.000000\t2\t2\t1\tinf") << "3 \"inf\" is not a reaction time in ms";
+        QTest::newRow("seven digits")
+            << line("25.000000\t2\t2\t1\t1234567") << "3 \"1234567\" is not a reaction time in ms";
+        QTest::newRow("no reaction time")
+            << line("25.000000\t2\t2\t1\t") << "3 \"\" is not a reaction time in ms";
+        QTest::newRow("last line damaged") << header + good + "25.000000\t2\t2\t1\t7x\r\n"
+                                           << "3 \"7x\" is not a reaction time in ms";
+    }
+
+    void damage_isFound()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QString, complaint);
+        QCOMPARE(complaintOf(file), complaint);
+    }
+
+    void zeroByte_isDamage_inEveryColumn()
+    {
+        for (const int place : {0, 5, 10, 12, 14, 18}) {
+            QByteArray damaged = good;
+            damaged.insert(place, '\0');
+            QCOMPARE(readingOf(header + damaged).complaint.line, 2);
+        }
+    }
+
+    void line_isTooLong_beyond4096Bytes()
+    {
+        const QByteArray rest("\t2\t2\t1\t73\r\n");
+        const QByteArray longest = QByteArray(4096 - rest.size(), '1') + rest;
+        QVERIFY(complaintOf(header + longest).endsWith("is not a value with 6 decimals"));
+        QCOMPARE(
+            complaintOf(header + '1' + longest), QString("2 the line is longer than 4096 bytes"));
+    }
+
+    void trials_areTooMany_beyond100000()
+    {
+        QCOMPARE(complaintOf(header + good.repeated(100001)),
+            QString("100002 there are more than 100000 trials"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestResultsReader)
+#include "tst_results_reader.moc"

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "procedure/SilentRun.h"
+#include "simulate/Distribution.h"
+#include "support/WindowTest.h"
+#include "tools/simulate/Simulations.h"
+
+#include <QtTest>
+
+#include <cmath>
+
+Q_DECLARE_METATYPE(PsychometricFunction)
+Q_DECLARE_METATYPE(Simulation)
+
+namespace {
+
+// Figures of the staircase, each with 4.5 standard errors of a mean over 2000 runs.
+struct Expected {
+    double threshold;
+    double thresholdError;
+    double trials;
+    double trialsError;
+};
+
+bool areEqual(const std::vector<RunOutcome>& a, const std::vector<RunOutcome>& b)
+{
+    return std::equal(
+        a.begin(), a.end(), b.begin(), b.end(), [](const RunOutcome& one, const RunOutcome& other) {
+            return one.threshold == other.threshold && one.nTrials == other.nTrials
+                && one.nCorrect == other.nCorrect;
+        });
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Expected)
+
+class TestSimulatedRuns : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void means_areThoseOfTheStaircase_data()
+    {
+        QTest::addColumn<Simulation>("simulation");
+        QTest::addColumn<Expected>("expected");
+        QTest::newRow("logistic, depth") << simulationOf(logisticListener(depthThreshold, 2.5))
+                                         << Expected {0.05956, 0.00150, 40.11, 0.53};
+        QTest::newRow("Gaussian, frequency") << simulationOf(gaussianListener(0.002, 1),
+            carrierFrequencyParameter, 0.05) << Expected {0.002599, 0.000099, 44.96, 0.58};
+        QTest::newRow("chance, depth")
+            << simulationOf(constantListener(0.5)) << Expected {0.8113, 0.0147, 29.00, 0.53};
+    }
+
+    void means_areThoseOfTheStaircase()
+    {
+        QFETCH(Simulation, simulation);
+        QFETCH(Expected, expected);
+        const RunStatistics statistics = runStatistics(outcomesOf(simulation));
+        const double threshold = statistics.thresholds.mean();
+        const double trials = statistics.trials.mean();
+        qInfo("threshold %.6f, trials %.3f", threshold, trials);
+        QCOMPARE(statistics.nCut, 0);
+        QVERIFY(std::abs(threshold - expected.threshold) < expected.thresholdError);
+        QVERIFY(std::abs(trials - expected.trials) < expected.trialsError);
+    }
+
+    void trials_takeTheirClosedForm_forAConstantListener_data()
+    {
+        QTest::addColumn<double>("p");
+        QTest::addColumn<int>("nReversals");
+        QTest::newRow("0.5") << 0.5 << 14;
+        QTest::newRow("2/3") << 2.0 / 3.0 << 14;
+        QTest::newRow("0.9") << 0.9 << 14;
+        QTest::newRow("0.1") << 0.1 << 14;
+        QTest::newRow("many reversals") << 0.75 << 40;
+    }
+
+    // A streak of right answers lasts 1 / (1 - p) trials and one of wrong answers 1 / p, with
+    // variances p / (1 - p)^2 and (1 - p) / p^2; the run ends one trial into the last streak.
+    void trials_takeTheirClosedForm_forAConstantListener()
+    {
+        QFETCH(double, p);
+        QFETCH(int, nReversals);
+        Simulation simulation = simulationOf(constantListener(p));
+        simulation.nReversals = nReversals;
+        const RunStatistics statistics = runStatistics(outcomesOf(simulation));
+        const double half = nReversals / 2.0;
+        const double mean = 1 + half / p + half / (1 - p);
+        const double variance = half * (1 - p) / (p * p) + half * p / ((1 - p) * (1 - p));
+        const double tolerance = 4.5 * std::sqrt(variance / simulation.nRuns);
+        QVERIFY(std::abs(statistics.trials.mean() - mean) < tolerance);
+    }
+
+    void twoOfThreeAnswersAreRight_inTheLongRun_data()
+    {
+        QTest::addColumn<PsychometricFunction>("listener");
+        QTest::newRow("logistic") << logisticListener(depthThreshold, 2.5);
+        QTest::newRow("Weibull") << weibullListener(depthThreshold, 1.5);
+        QTest::newRow("Gaussian") << gaussianListener(depthThreshold, 1);
+        QTest::newRow("lapses") << logisticListener(depthThreshold, 2.5, 0.05);
+    }
+
+    // Of n trials with net steps of d dB in all, n / 3 - d / 3 are wrong: the value stays within
+    // some 40 dB of where it began, of 40000 trials that is a share of 0.0004.
+    void twoOfThreeAnswersAreRight_inTheLongRun()
+    {
+        QFETCH(PsychometricFunction, listener);
+        Simulation simulation = simulationOf(listener);
+        simulation.nReversals = 1000000;
+        simulation.mostTrials = 40000;
+        Data data = preparedRun(simulation);
+        const RunOutcome outcome = simulateRun(data, simulation, 0);
+        QCOMPARE(outcome.nTrials, 40000);
+        QVERIFY(std::abs(outcome.nCorrect / 40000.0 - 2.0 / 3.0) < 0.0004);
+    }
+
+    void outcomes_areTheSame_forAnyNumberOfThreads()
+    {
+        const Simulation simulation = simulationOf(weibullListener(depthThreshold, 1.5, 0.02));
+        const std::vector<RunOutcome> alone = outcomesOf(simulation, 1);
+        QCOMPARE(int(alone.size()), 2000);
+        QVERIFY(areEqual(outcomesOf(simulation, 2), alone));
+        QVERIFY(areEqual(outcomesOf(simulation, 7), alone));
+    }
+
+    void outcomes_differ_betweenSeedsAndBetweenRuns()
+    {
+        Simulation simulation = simulationOf(constantListener(0.75));
+        simulation.nRuns = 2;
+        const std::vector<RunOutcome> first = outcomesOf(simulation);
+        QVERIFY(first[0].threshold != first[1].threshold);
+        simulation.seed = 2;
+        QVERIFY(outcomesOf(simulation)[0].threshold != first[0].threshold);
+    }
+
+    void run_isTheSame_whateverWasSimulatedBefore()
+    {
+        const Simulation simulation = simulationOf(logisticListener(depthThreshold, 2.5));
+        Data fresh = preparedRun(simulation);
+        const double threshold = simulateRun(fresh, simulation, 5).threshold;
+        Data used = preparedRun(simulation);
+        simulateRun(used, simulation, 4);
+        QCOMPARE(simulateRun(used, simulation, 5).threshold, threshold);
+        QCOMPARE(used.threshold, threshold);
+    }
+
+    void run_isCut_whenItDoesNotEnd_data()
+    {
+        QTest::addColumn<double>("p");
+        QTest::newRow("always right") << 1.0;
+        QTest::newRow("always wrong") << 0.0;
+    }
+
+    void run_isCut_whenItDoesNotEnd()
+    {
+        QFETCH(double, p);
+        Simulation simulation = simulationOf(constantListener(p));
+        simulation.nRuns = 3;
+        const std::vector<RunOutcome> outcomes = outcomesOf(simulation);
+        QCOMPARE(outcomes[2].nTrials, 10000);
+        QVERIFY(std::isnan(outcomes[2].threshold));
+        const RunStatistics statistics = runStatistics(outcomes);
+        QCOMPARE(statistics.nCut, 3);
+        QCOMPARE(statistics.shareCorrect, p);
+        QVERIFY(std::isnan(statistics.trials.mean()));
+    }
+
+    void progress_endsWithAllRuns()
+    {
+        Simulation simulation = simulationOf(constantListener(0.5));
+        simulation.nRuns = 100;
+        int last = 0;
+        simulatedRuns(simulation, 3, [&last](int nRuns) {
+            QVERIFY(nRuns >= last);
+            last = nRuns;
+        });
+        QCOMPARE(last, 100);
+    }
+
+    void trial_lastsItsSoundsSilencesAndTheAnswer()
+    {
+        const Simulation simulation = simulationOf(constantListener(0.5));
+        QCOMPARE(secondsPerTrial(simulation), 4 * 1.6 + 0.6 + 0.5);
+    }
+
+    void windows_giveTheSameRun_whenAnsweredAlike_data()
+    {
+        QTest::addColumn<Simulation>("simulation");
+        QTest::newRow("depth") << simulationOf(logisticListener(depthThreshold, 2.5));
+        QTest::newRow("frequency")
+            << simulationOf(gaussianListener(0.002, 1), carrierFrequencyParameter, 0.05);
+    }
+
+    void windows_giveTheSameRun_whenAnsweredAlike()
+    {
+        QFETCH(Simulation, simulation);
+        Data data = preparedRun(simulation);
+        const RunOutcome outcome = simulateRun(data, simulation, 0);
+        QString answers;
+        for (const Record& record : qAsConst(data.records)) {
+            answers.append(record.correctness ? 'c' : 'w');
+        }
+        SilentRun run(simulation.mainParameter);
+        run.play(answers);
+        QCOMPARE(run.data.records.size(), outcome.nTrials);
+        for (int i = 0; i < outcome.nTrials; ++i) {
+            QVERIFY(run.data.records[i].value == data.records[i].value);
+        }
+        QVERIFY(run.data.threshold == outcome.threshold);
+        QCOMPARE(run.data.reversals, data.reversals);
+    }
+};
+
+QTEST_MAIN(TestSimulatedRuns)
+#include "tst_simulated_runs.moc"

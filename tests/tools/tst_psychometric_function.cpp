@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "psychometrics/PsychometricFunction.h"
+#include "support/QuietTest.h"
+
+#include <QtTest>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr double threshold = 0.056;
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+// The factor in the Gaussian function has six digits, and Phi's slope there is 0.36.
+constexpr double gaussianTolerance = 0.36 * 0.5e-6;
+
+void addListeners()
+{
+    QTest::addColumn<PsychometricFunction>("listener");
+    QTest::newRow("logistic") << logisticListener(threshold, 2.5);
+    QTest::newRow("steep logistic") << logisticListener(threshold, 0.1);
+    QTest::newRow("Weibull") << weibullListener(threshold, 1.5);
+    QTest::newRow("steep Weibull") << weibullListener(threshold, 4);
+    QTest::newRow("Gaussian") << gaussianListener(threshold, 1);
+    QTest::newRow("steep Gaussian") << gaussianListener(threshold, 3);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(PsychometricFunction)
+
+class TestPsychometricFunction : public QuietTest {
+    Q_OBJECT
+
+private slots:
+    void probability_isTwoThirds_atTheThreshold_data() { addListeners(); }
+    void probability_isTwoThirds_atTheThreshold()
+    {
+        QFETCH(PsychometricFunction, listener);
+        QVERIFY(std::abs(listener.probabilityRight(threshold) - 2.0 / 3.0) < gaussianTolerance);
+    }
+
+    void probability_isChanceOrCertainty_atTheEnds_data() { addListeners(); }
+    void probability_isChanceOrCertainty_atTheEnds()
+    {
+        QFETCH(PsychometricFunction, listener);
+        QCOMPARE(listener.probabilityRight(0.0), 0.5);
+        QCOMPARE(listener.probabilityRight(infinity), 1.0);
+        QVERIFY(std::isnan(listener.probabilityRight(std::nan(""))));
+    }
+
+    void logistic_isThreeQuarters_atItsMiddle()
+    {
+        const double middle = threshold * std::pow(10.0, 2.5 * std::log(2.0) / 20.0);
+        const PsychometricFunction listener = logisticListener(threshold, 2.5);
+        QCOMPARE(listener.probabilityRight(middle), 0.75);
+        QCOMPARE(listener.probabilityRight(middle * std::pow(10.0, 2.5 / 20.0)),
+            0.5 + 0.5 / (1.0 + std::exp(-1.0)));
+    }
+
+    void weibull_growsWithThePowerBeta()
+    {
+        const PsychometricFunction listener = weibullListener(threshold, 2.0);
+        // Twice the value is four times the exponent: (2/3)^4 of the range is missing.
+        QCOMPARE(listener.probabilityRight(2 * threshold), 1.0 - 0.5 * 16.0 / 81.0);
+    }
+
+    void gaussian_isTheNormalDistribution_ofThePowerK()
+    {
+        // Phi(1) and Phi(2) by their tabulated values.
+        const double phi1 = 0.84134474606854294859;
+        const double phi2 = 0.97724986805182079279;
+        QCOMPARE(gaussianListener(0.430727, 1).probabilityRight(1.0), phi1);
+        QCOMPARE(gaussianListener(0.430727, 1).probabilityRight(2.0), phi2);
+        const double value = threshold * std::sqrt(1 / 0.430727);
+        QCOMPARE(gaussianListener(threshold, 2).probabilityRight(value), phi1);
+    }
+
+    void constant_isTheSame_forEveryDeviant()
+    {
+        QCOMPARE(constantListener(0.7).probabilityRight(0.0), 0.7);
+        QCOMPARE(constantListener(0.7).probabilityRight(1.0), 0.7);
+        QVERIFY(std::isnan(constantListener(0.7).threshold));
+    }
+
+    void lapses_areAnsweredByChance()
+    {
+        QCOMPARE(logisticListener(threshold, 2.5, 0.1).probabilityRight(infinity), 0.95);
+        QCOMPARE(weibullListener(threshold, 2.5, 0.1).probabilityRight(0.0), 0.5);
+        QCOMPARE(gaussianListener(threshold, 1, 1.0).probabilityRight(infinity), 0.5);
+        QCOMPARE(constantListener(1.0, 0.2).probabilityRight(0.0), 0.9);
+    }
+
+    void fraction_isTheGeneratorsUpperBits()
+    {
+        std::mt19937_64 generator(5489); // its 10000th number is in the C++ standard
+        generator.discard(9999);
+        QCOMPARE(nextFraction(generator), double(9981545732273789042U >> 11U) / 9007199254740992.0);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestPsychometricFunction)
+#include "tst_psychometric_function.moc"

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QSize>
+#include <QString>
+
+#include <functional>
+
+class QPainter;
+
+/// Draws one picture. The painter's units are pixels of 1/96 inch with the origin at the top left,
+/// whatever the kind of file; fonts want setPixelSize().
+using Drawing = std::function<void(QPainter& painter, const QSize& size)>;
+
+/// Lets a program draw text without a display: to be called before its QGuiApplication is made.
+/// Silences Qt's own warnings, which would tell the user of a command line what is missing of a
+/// desktop.
+void drawWithoutDisplay();
+
+/// What is wrong with a picture file's name: empty if it ends in .png, .svg or .pdf, in any case.
+QString pictureNameError(const QString& path);
+
+/// Draws into a picture file of the kind that its suffix tells. The file appears whole or, after a
+/// failure, not at all; one of the same name stays as it was until then. Needs a QGuiApplication.
+/// @param size of the picture, pixels; a PNG has twice as many in each direction
+/// @return what went wrong; empty if the file was written
+QString writePicture(const QString& path, const QSize& size, const Drawing& draw);

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "report/Report.h"
+
+#include "plots/PictureFile.h"
+#include "report/ResultsSearch.h"
+#include "report/RunPicture.h"
+#include "report/RunTable.h"
+#include "report/SubjectPicture.h"
+#include "report/Texts.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QTextStream>
+
+#include <utility>
+
+Report::Report(ReportOptions options, QTextStream& output, QTextStream& errors)
+    : m_options(std::move(options))
+    , m_output(output)
+    , m_errors(errors)
+{
+}
+
+bool Report::make()
+{
+    findFiles();
+    makeFolder();
+    for (const QString& path : qAsConst(m_paths)) {
+        readFile(path);
+    }
+    if (!m_runs.isEmpty()) {
+        writeTables();
+    }
+    m_output.flush();
+    if (m_output.status() != QTextStream::Ok) {
+        complain("standard output: cannot be written");
+    }
+    m_errors.flush();
+    return m_isGood;
+}
+
+void Report::findFiles()
+{
+    const ResultsFiles files = resultsFiles(m_options.inputs);
+    m_paths = files.paths;
+    for (const QString& complaint : files.complaints) {
+        complain(complaint);
+    }
+}
+
+void Report::makeFolder()
+{
+    if (!m_options.plotFolder.isEmpty() && !QDir().mkpath(m_options.plotFolder)) {
+        complain(m_options.plotFolder + ": the folder cannot be made");
+        m_options.plotFolder.clear();
+    }
+}
+
+void Report::readFile(const QString& path)
+{
+    Run run;
+    run.path = path;
+    run.data.nReversals = m_options.nReversals;
+    run.data.nReversalsToCalculate = m_options.nLast;
+    const Complaint complaint = readRun(run);
+    if (!complaint.text.isEmpty()) {
+        complain((complaint.line > 0 ? path + ':' + QString::number(complaint.line) : path) + ": "
+            + complaint.text);
+        return;
+    }
+    noteLongRun(run);
+    if (!m_options.plotFolder.isEmpty()) {
+        plot(run);
+    }
+    run.data.records.clear(); // the tables need the results only
+    m_runs.append(run);
+}
+
+// The application would have ended the run there: it was made with another number of reversals.
+void Report::noteLongRun(const Run& run)
+{
+    if (run.data.reversalCount > run.data.nReversals) {
+        const int line
+            = run.reversalTrials[run.data.nReversals - 1] + 2; // after the header, from 1
+        m_errors << onOneLine(run.path) << ':' << line << ": note: the run goes on after reversal "
+                 << run.data.nReversals << ", to " << run.data.reversalCount << '\n';
+    }
+}
+
+void Report::plot(const Run& run)
+{
+    QString name = QFileInfo(run.path).fileName();
+    if (name.endsWith(".txt")) {
+        name.chop(4);
+    }
+    const QString error = writePicture(picturePath(name), runPictureSize,
+        [&run](QPainter& painter, const QSize& size) { drawRun(painter, size, run); });
+    if (!error.isEmpty()) {
+        complain(run.path + ": " + error);
+    }
+}
+
+// Files of the same name in different folders, and subjects, get pictures of their own.
+QString Report::picturePath(const QString& name)
+{
+    QString unique = name;
+    for (int i = 2; m_pictureNames.contains(unique); ++i) {
+        unique = name + '-' + QString::number(i);
+    }
+    m_pictureNames.insert(unique);
+    return m_options.plotFolder + '/' + unique + '.' + m_options.format;
+}
+
+void Report::writeTables()
+{
+    if (m_options.csvPath == "-") {
+        m_output << runCsv(m_runs);
+    } else {
+        m_output << runTable(m_runs);
+    }
+    if (!m_options.csvPath.isEmpty() && m_options.csvPath != "-") {
+        writeCsv();
+    }
+    if (m_options.hasSummary) {
+        writeSummary();
+    }
+}
+
+void Report::writeCsv()
+{
+    QSaveFile file(m_options.csvPath);
+    const QByteArray csv = runCsv(m_runs).toUtf8();
+    if (!file.open(QIODevice::WriteOnly) || file.write(csv) != csv.size() || !file.commit()) {
+        complain(m_options.csvPath + ": cannot be written: " + file.errorString());
+    }
+}
+
+void Report::writeSummary()
+{
+    for (const Subject& subject : bySubject(m_runs)) {
+        if (m_options.csvPath != "-") {
+            m_output << summaryPage(subject);
+        }
+        if (!m_options.plotFolder.isEmpty()) {
+            const QString error = writePicture(picturePath(subject.name + "_summary"),
+                subjectPictureSize, [&subject](QPainter& painter, const QSize& size) {
+                    drawSubject(painter, size, subject);
+                });
+            if (!error.isEmpty()) {
+                complain("subject " + subject.name + ": " + error);
+            }
+        }
+    }
+}
+
+void Report::complain(const QString& what)
+{
+    m_errors << onOneLine(what) << '\n';
+    m_isGood = false;
+}

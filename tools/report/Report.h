@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "report/ReportOptions.h"
+#include "report/Run.h"
+
+#include <QSet>
+
+class QTextStream;
+
+/// Reads the results files that the options name, and writes the tables and pictures. What is wrong
+/// with a file becomes one line of the errors, "file:line: what", and the file is left out.
+/// Pictures need a QGuiApplication.
+class Report {
+public:
+    Report(ReportOptions options, QTextStream& output, QTextStream& errors);
+
+    /// Reads and writes everything.
+    /// @return whether every file could be used and everything was written
+    bool make();
+
+private:
+    void findFiles();
+    void makeFolder();
+    void readFile(const QString& path);
+    void noteLongRun(const Run& run);
+    void plot(const Run& run);
+    void writeTables();
+    void writeCsv();
+    void writeSummary();
+    void complain(const QString& what);
+    QString picturePath(const QString& name);
+
+    ReportOptions m_options;
+    QTextStream& m_output;
+    QTextStream& m_errors;
+    QStringList m_paths;
+    QVector<Run> m_runs;
+    QSet<QString> m_pictureNames;
+    bool m_isGood = true;
+};

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "report/SubjectPicture.h"
+
+#include "plots/PlotArea.h"
+#include "report/PlotParts.h"
+#include "report/Texts.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+using Points = QVector<QPointF>;
+
+Axis runAxis(const QVector<Run>& runs)
+{
+    return {"run (by sound, practice before test, session)", Axis::Scale::linear, 0.0,
+        runs.size() + 1.0};
+}
+
+// A line from mean - SD to mean + SD for each run.
+QVector<Points> spreadsOf(const QVector<Run>& runs)
+{
+    QVector<Points> spreads;
+    for (int i = 0; i < runs.size(); ++i) {
+        const QPointF mean(i + 1, runs[i].data.threshold);
+        const QPointF deviation(0, runs[i].standardDeviation);
+        spreads.append(Points {mean - deviation, mean, mean + deviation});
+    }
+    return spreads;
+}
+
+const QColor& colorOf(const Run& run)
+{
+    const bool isNoise = run.isNamed && run.data.soundType == noiseCarrier;
+    return isNoise ? thresholdColor : correctColor;
+}
+
+PlotArea::Mark markOf(const Run& run)
+{
+    constexpr int practice = 0;
+    const bool isPractice = run.isNamed && run.data.sesType == practice;
+    return isPractice ? PlotArea::Mark::ring : PlotArea::Mark::dot;
+}
+
+void drawThresholds(QPainter& painter, const QRectF& outer, const QVector<Run>& runs)
+{
+    const QVector<Points> spreads = spreadsOf(runs);
+    PlotArea area(painter, outer, runAxis(runs),
+        axisOfValues("threshold: " + adaptedQuantity(runs.constFirst().data), valuesOf(spreads)));
+    area.drawFrame("");
+    for (int i = 0; i < runs.size(); ++i) {
+        area.drawLine(spreads[i], QPen(trackColor, 1.5));
+        area.drawMarks({spreads[i][1]}, markOf(runs[i]), colorOf(runs[i]));
+    }
+    drawKey(painter, area.inside(),
+        {{"\u25cb practice", reversalColor}, {"\u2022 test", reversalColor},
+            {"sinusoid", correctColor}, {"noise", thresholdColor},
+            {"| \u00b1 SD of the reversals", reversalColor}});
+}
+
+void drawMeanTimes(QPainter& painter, const QRectF& outer, const QVector<Run>& runs)
+{
+    Points correct;
+    Points wrong;
+    for (int i = 0; i < runs.size(); ++i) {
+        correct.append(QPointF(i + 1, runs[i].data.meanReactionTimeCorrect));
+        wrong.append(QPointF(i + 1, runs[i].data.meanReactionTimeIncorrect));
+    }
+    drawReactionTimes(painter, outer, runAxis(runs), correct, wrong);
+}
+
+QVector<QVector<Run>> byParameter(const QVector<Run>& runs)
+{
+    QVector<QVector<Run>> columns;
+    for (const int parameter : {carrierFrequencyParameter, modulationDepthParameter}) {
+        QVector<Run> column;
+        std::copy_if(runs.cbegin(), runs.cend(), std::back_inserter(column),
+            [parameter](const Run& run) { return run.data.mainParameter == parameter; });
+        if (!column.isEmpty()) {
+            columns.append(column);
+        }
+    }
+    return columns;
+}
+
+} // namespace
+
+void drawSubject(QPainter& painter, const QSize& size, const Subject& subject)
+{
+    constexpr qreal shareOfThresholds = 0.6;
+    const QRectF below = drawHeading(painter, size, "Subject " + onOneLine(subject.name),
+        QString("runs: %1;   %2")
+            .arg(QString::number(subject.runs.size()), ruleOf(subject.runs.constFirst().data)));
+    const QVector<QVector<Run>> columns = byParameter(subject.runs);
+    const qreal width = below.width() / columns.size();
+    const qreal height = below.height() * shareOfThresholds;
+    for (int i = 0; i < columns.size(); ++i) {
+        const QRectF column(below.left() + i * width, below.top(), width, below.height());
+        drawThresholds(painter, QRectF(column.topLeft(), QSizeF(width, height)), columns[i]);
+        drawMeanTimes(painter, column.adjusted(0, height, 0, 0), columns[i]);
+    }
+}

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "simulate/Simulation.h"
+
+#include "app/TrialSequence.h"
+#include "procedure/RunResults.h"
+#include "procedure/StaircaseRule.h"
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr double msPerSecond = 1000.0;
+constexpr int soundsPerTrial = 4;
+
+// SplitMix64: its outputs for numbers in a row are unrelated. Steele, Lea and Flood (2014), Fast
+// splittable pseudorandom number generators, OOPSLA.
+quint64 mixed(quint64 number)
+{
+    number = (number ^ (number >> 30U)) * 0xbf58476d1ce4e5b9U;
+    number = (number ^ (number >> 27U)) * 0x94d049bb133111ebU;
+    return number ^ (number >> 31U);
+}
+
+quint64 seedOfRun(quint64 seed, int index)
+{
+    constexpr quint64 goldenGamma = 0x9e3779b97f4a7c15U;
+    return mixed(mixed(seed) + static_cast<quint64>(index) * goldenGamma);
+}
+
+void startAt(Data& data, double value)
+{
+    if (data.mainParameter == modulationDepthParameter) {
+        data.md[deviant] = value;
+    } else {
+        data.fd[deviant] = value;
+        data.cf[deviant] = (1 - value) * data.cf[standard];
+    }
+}
+
+Record answeredTrial(const Data& data, const Simulation& simulation, std::mt19937_64& generator)
+{
+    constexpr int otherOfTwoAndThree = 5;
+    Record record;
+    record.value = adaptedValue(data);
+    record.stimulusPosition = data.deviantPosition;
+    record.correctness
+        = nextFraction(generator) < simulation.listener.probabilityRight(record.value);
+    record.responsePosition = record.correctness ? record.stimulusPosition
+                                                 : otherOfTwoAndThree - record.stimulusPosition;
+    record.reactionTime = simulation.reactionMs;
+    return record;
+}
+
+} // namespace
+
+Data preparedRun(const Simulation& simulation)
+{
+    Data data;
+    data.mainParameter = simulation.mainParameter;
+    // What the main parameter goes with: noise has no frequency to tell apart.
+    data.soundType
+        = simulation.mainParameter == modulationDepthParameter ? noiseCarrier : sinusoidCarrier;
+    data.sesType = 1;
+    data.nReversals = simulation.nReversals;
+    data.nReversalsToCalculate = simulation.nReversalsToCalculate;
+    data.cf.fill(simulation.standardCarrier);
+    data.dur.fill(simulation.soundMs / msPerSecond);
+    data.silentInterval = simulation.silenceMs / msPerSecond;
+    return data;
+}
+
+RunOutcome simulateRun(Data& data, const Simulation& simulation, int index)
+{
+    std::mt19937_64 generator(seedOfRun(simulation.seed, index));
+    clearRun(data);
+    resetDeviant(data);
+    startAt(data, simulation.startValue);
+    int nCorrect = 0;
+    while (data.nTrials < simulation.mostTrials) {
+        data.deviantPosition = nextFraction(generator) < 0.5 ? 2 : 3;
+        ++data.nTrials;
+        const Record record = answeredTrial(data, simulation, generator);
+        nCorrect += record.correctness ? 1 : 0;
+        data.records.append(record);
+        judgeCurrentRecord(data);
+        if (enoughReversals(data)) {
+            computeRunResults(data);
+            return {data.threshold, data.nTrials, nCorrect};
+        }
+        stepDeviant(data);
+    }
+    return {std::numeric_limits<double>::quiet_NaN(), data.nTrials, nCorrect};
+}
+
+double secondsPerTrial(const Simulation& simulation)
+{
+    const double sound = simulation.soundMs / msPerSecond;
+    const int periodMs = trialPeriodMs(simulation.silenceMs / msPerSecond, {sound, sound});
+    return (soundsPerTrial * double(periodMs) + simulation.soundMs + simulation.reactionMs)
+        / msPerSecond;
+}
+
+QString shownUnit(const Simulation& simulation)
+{
+    return simulation.mainParameter == modulationDepthParameter ? "%" : "Hz";
+}
+
+double shownPerFraction(const Simulation& simulation)
+{
+    constexpr double percent = 100.0;
+    return simulation.mainParameter == modulationDepthParameter ? percent
+                                                                : simulation.standardCarrier;
+}
