@@ -52,3 +52,16 @@ function(quorin_add_test name source)
     ENVIRONMENT "${environment}"
   )
 endfunction()
+
+# quorin_repeat_test(NAME ORIGINAL VARIABLE=VALUE...)
+#
+# Adds the test NAME: the program of the test ORIGINAL, of the same folder, in an environment with
+# other or more variables.
+function(quorin_repeat_test name original)
+  add_test(NAME ${name} COMMAND ${QUORIN_TEST_LAUNCHER} $<TARGET_FILE:tst_${original}>)
+  foreach(property LABELS TIMEOUT RUN_SERIAL WORKING_DIRECTORY ENVIRONMENT)
+    get_property(value TEST ${original} PROPERTY ${property})
+    set_property(TEST ${name} PROPERTY ${property} "${value}")
+  endforeach()
+  set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT ${ARGN})
+endfunction()

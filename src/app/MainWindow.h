@@ -4,6 +4,7 @@
 // Where the operations of MainWindow are defined:
 //   app/MainWindow.cpp                construction, destruction, the small slots
 //   app/MainWindowLayout.cpp          grids, sizes, texts and geometry of the window
+//   app/PanelHelp.cpp                 tool tips, accessible names and the order of the Tab key
 //   app/TrialRunLoop.cpp              Go, the four sounds of a trial, the answer, the end of a run
 //   session/ParameterPanel.cpp        the panel's controls to and from the session record
 //   session/OutputFileNaming.cpp      the name of the results file
@@ -17,6 +18,7 @@
 //   charts/TrendChart.cpp             the trend chart
 // The rules and the arithmetic under them are pure functions in the files beside these.
 
+#include "charts/ChartParts.h"
 #include "session/Data.h"
 
 #include <QAudio>
@@ -25,7 +27,6 @@
 #include <QMainWindow>
 #include <QPointF>
 #include <QVector>
-#include <QtCharts/QChartGlobal>
 
 class QAudioOutput;
 class QBuffer;
@@ -39,14 +40,6 @@ class QLineEdit;
 class QPushButton;
 class QTimer;
 class SubjectWindow;
-struct ChartMembers;
-
-QT_CHARTS_BEGIN_NAMESPACE
-class QChart;
-class QChartView;
-class QLineSeries;
-class QValueAxis;
-QT_CHARTS_END_NAMESPACE
 
 /// The experimenter's window: the parameter panel, the charts and the controller of the experiment.
 /// It owns the session record and everything that a run needs. All of it runs on the user-interface
@@ -190,10 +183,9 @@ private:
     void makeConnections();
     void deleteCharts();
     void deleteWidgets();
-
-    // app/MainWindowLayout.cpp
+    // app/MainWindowLayout.cpp, app/PanelHelp.cpp
     void fillParameterGrid();
-
+    void describePanel();
     // app/TrialRunLoop.cpp
     void setPlaybackRate();
     void checkPlaybackFormat() const;
@@ -204,7 +196,6 @@ private:
     static void silence(const Sound& sound);
     void deleteAllSounds();
     void startReactionTimer();
-
     // session/ParameterPanel.cpp
     void fillComboBoxes();
     void fillLineEdits();
@@ -214,25 +205,19 @@ private:
     void showDeviantDepth();
     void showDeviantDifference();
     void showDeviantCarrier();
-
     // signal/StimulusBuilder.cpp
     void refreshWavePoints(
         QVector<QPointF>& points, const QVector<double>& sound, int nPointsToPlot);
-
     // signal/SpectrumAnalysis.cpp
     void analyse(int stimulus, const QVector<double>& sound, QVector<double>& amplitude,
         QVector<double>& phase);
-
     // procedure/AdaptiveStaircase.cpp
     void widenTrend();
-
     // charts/
     void showWaveChart(const ChartMembers& members, const QString& title, int stimulus,
         const QVector<double>& range);
     void showSpectrumChart(const ChartMembers& members, const QString& title, int stimulus,
         const QVector<double>& range);
-    void makeTrendSeries();
-    void makeTrendAxisX();
     void makeOrNameTrendAxisY();
 
     // --- Widgets of the parameter panel ---

@@ -36,11 +36,12 @@ void MainWindow::setupGUIMainWindow()
         heading->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
         heading->setMinimumWidth(leastWidth);
     }
+    describePanel();
 }
 
 void MainWindow::fillParameterGrid()
 {
-    const GridPlace places[] = {
+    const std::initializer_list<GridPlace> places = {
         {labelSesType, 0, 0, 1, 1},
         {comboBoxSesType, 0, 1, 1, 2},
         {labelSoundType, 1, 0, 1, 1},

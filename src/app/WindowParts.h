@@ -3,7 +3,10 @@
 
 #include <QSize>
 
+#include <initializer_list>
+
 class QGridLayout;
+class QLabel;
 class QWidget;
 
 /// Gives an object its member's name, for tests and accessibility tools; returns it.
@@ -29,16 +32,21 @@ struct GridPlace {
     int columnSpan;
 };
 
-/// Adds one widget to its cell of the grid.
-void placeInGrid(QGridLayout* grid, const GridPlace& place);
-
 /// Adds every widget of a table to its cell of the grid.
-template <typename Places> void placeAllInGrid(QGridLayout* grid, const Places& places)
-{
-    for (const GridPlace& place : places) {
-        placeInGrid(grid, place);
-    }
-}
+void placeAllInGrid(QGridLayout* grid, std::initializer_list<GridPlace> places);
+
+/// What helps to use a control without knowing it or without seeing it.
+struct ControlHelp {
+    QWidget* control;
+    QLabel* label; ///< null: the control shows its name itself
+    const QLabel* heading; ///< of the column, where a label stands for two controls; else null
+    const char* toolTip; ///< what it means, with its unit
+};
+
+/// Gives every control of a table its tool tip and ties it to its label, or names it after label
+/// and heading, for accessibility tools. The table's order becomes that of the Tab key. All
+/// controls are in one window.
+void describeInTabOrder(std::initializer_list<ControlHelp> controls);
 
 /// Size of the primary screen's available area, pixels.
 QSize availableScreenSize();

@@ -75,6 +75,8 @@ void completeChart(const ChartMembers& members, const ChartSettings& settings, Q
     if (members.view == nullptr) {
         members.view = named(new QChartView(members.chart), members.viewName);
         members.view->setRenderHint(QPainter::Antialiasing);
+        members.view->setAccessibleName(settings.title);
+        members.view->setFocusPolicy(Qt::NoFocus); // no key does anything here
         grid->addWidget(members.view, settings.row, settings.column, 1, settings.columnSpan);
     }
 }

@@ -8,31 +8,19 @@
 void MainWindow::displayTrend()
 {
     constexpr int leastWidth = 400;
-    makeTrendSeries();
-    makeTrendAxisX();
+    if (trendSeries == nullptr) {
+        trendSeries = new QtCharts::QLineSeries;
+        trendSeries->setName("trend");
+        trendSeries->setPointsVisible(true);
+    }
+    if (trendAxisX == nullptr) {
+        trendAxisX = makeAxis("Number of Trials", fontAxisLabels, fontAxisTitle);
+        trendAxisX->setLabelsVisible(false);
+        trendAxisX->setTickCount(2);
+    }
     makeOrNameTrendAxisY();
     completeChart({trendSeries, trendAxisX, trendAxisY, trendChart, trendView, "trendView"},
         {"Response Trend", fontChartTitle, leastWidth, trendRow, 0, 2}, gridLayoutCharts);
-}
-
-void MainWindow::makeTrendSeries()
-{
-    if (trendSeries != nullptr) {
-        return;
-    }
-    trendSeries = new QtCharts::QLineSeries;
-    trendSeries->setName("trend");
-    trendSeries->setPointsVisible(true);
-}
-
-void MainWindow::makeTrendAxisX()
-{
-    if (trendAxisX != nullptr) {
-        return;
-    }
-    trendAxisX = makeAxis("Number of Trials", fontAxisLabels, fontAxisTitle);
-    trendAxisX->setLabelsVisible(false);
-    trendAxisX->setTickCount(2);
 }
 
 // A new axis is named after the modulation depth whatever the main parameter; later calls correct

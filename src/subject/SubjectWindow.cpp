@@ -7,6 +7,7 @@
 
 #include <QCloseEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -24,6 +25,15 @@ constexpr auto hoverStyle
 
 constexpr int readyResponse = 0;
 constexpr int answerState = -1;
+
+// The style sheets say nothing of the numbers: in the colours of a dark desktop, or in the usual
+// ones of what is disabled, they could not be read.
+QPalette choicePalette()
+{
+    QPalette palette(QColor(240, 240, 240));
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(90, 90, 90));
+    return palette;
+}
 
 } // namespace
 
@@ -69,7 +79,7 @@ void SubjectWindow::setupGUISubjectWindow()
     setWindowTitle("Quorin Lab | Frequency Discrimination and Modulation Detection (v062) | "
                    "Subject Window");
 
-    const GridPlace places[] = {
+    const std::initializer_list<GridPlace> places = {
         {pushButtonChoice1, 0, 0, 1, 1},
         {pushButtonChoice2, 0, 1, 1, 1},
         {pushButtonChoice3, 0, 2, 1, 1},
@@ -84,6 +94,9 @@ void SubjectWindow::setupGUISubjectWindow()
 
     for (QPushButton* button : choiceButtons()) {
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        button->setPalette(choicePalette());
+        // A focus frame would favour one of the two answers, and Space would give it.
+        button->setFocusPolicy(Qt::NoFocus);
         button->hide();
     }
     labelThreshold->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -91,6 +104,11 @@ void SubjectWindow::setupGUISubjectWindow()
     labelThreshold->setTextInteractionFlags(Qt::TextSelectableByMouse);
     labelThreshold->hide();
     pushButtonDone->hide();
+
+    // The interval buttons have none: it would cover their lights, and could pass for a hint.
+    pushButtonIAmReady->setToolTip(
+        "Start the run (Return); answer with the buttons or keys 2 and 3");
+    pushButtonDone->setToolTip("Close this window (Return)");
 }
 
 void SubjectWindow::centerAndResizeSubjectWindow(bool center, double widthPart, double heightPart)
@@ -180,6 +198,36 @@ void SubjectWindow::disableAllChoiceButtons()
 std::array<QPushButton*, 4> SubjectWindow::choiceButtons() const
 {
     return {pushButtonChoice1, pushButtonChoice2, pushButtonChoice3, pushButtonChoice4};
+}
+
+QPushButton* SubjectWindow::buttonOfKey(int key) const
+{
+    switch (key) {
+    case Qt::Key_2:
+        return pushButtonChoice2;
+    case Qt::Key_3:
+        return pushButtonChoice3;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return pushButtonDone->isVisible() ? pushButtonDone : pushButtonIAmReady;
+    default:
+        return nullptr;
+    }
+}
+
+// Not by shortcuts of the buttons: those show the press first and answer 100 ms late. Shift is let
+// pass, some keyboards have their digits there.
+void SubjectWindow::keyPressEvent(QKeyEvent* event)
+{
+    const bool isCommand
+        = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+    QPushButton* const button
+        = isCommand || event->isAutoRepeat() ? nullptr : buttonOfKey(event->key());
+    if (button != nullptr && button->isVisible()) {
+        button->click();
+    } else {
+        QMainWindow::keyPressEvent(event);
+    }
 }
 
 void SubjectWindow::closeEvent(QCloseEvent* event)

@@ -47,6 +47,9 @@ public:
     void disableAllChoiceButtons();
 
 protected:
+    /// The keys 2 and 3 answer, Return and Enter press "I am ready" or "Done": at once, and only
+    /// while the button can be pressed. A held key presses once, Ctrl, Alt and Meta none.
+    void keyPressEvent(QKeyEvent* event) override;
     /// Asks for confirmation; only Yes closes the window.
     void closeEvent(QCloseEvent* event) override;
 
@@ -54,6 +57,7 @@ private:
     friend struct MainWindowProbe;
 
     std::array<QPushButton*, 4> choiceButtons() const;
+    QPushButton* buttonOfKey(int key) const;
 
     QPushButton* pushButtonChoice1;
     QPushButton* pushButtonChoice2;

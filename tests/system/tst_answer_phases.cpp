@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/RunDriver.h"
+#include "support/ShownRun.h"
 #include "support/WindowTest.h"
 
 #include <QPushButton>
@@ -25,7 +25,6 @@ void press(SubjectWindow& subject, QPushButton* button, Means means)
     }
     button->setFocus();
     QTest::keyClick(window, Qt::Key_Space);
-    QTest::keyClick(window, Qt::Key_Return);
 }
 
 void pressAll(SubjectWindow& subject, Means means)
@@ -36,25 +35,6 @@ void pressAll(SubjectWindow& subject, Means means)
         press(subject, button, means);
     }
 }
-
-// A run in a window that is on the screen and has the keyboard.
-class ShownRun {
-public:
-    ShownRun()
-        : driver(window)
-        , subject(driver.open())
-    {
-        QApplication::setActiveWindow(&subject);
-        isShown = QTest::qWaitForWindowActive(&subject);
-    }
-
-    const QVector<Record>& records() { return Probe::data(window).records; }
-
-    MainWindow window;
-    RunDriver driver;
-    SubjectWindow& subject;
-    bool isShown;
-};
 
 } // namespace
 
@@ -80,9 +60,6 @@ private slots:
         for (const int eighths : {1, 3, 5, 7}) {
             QTest::mouseClick(window, Qt::LeftButton, {},
                 QPoint(run.subject.width() * eighths / 8, run.subject.height() / 10));
-        }
-        for (const Qt::Key key : {Qt::Key_2, Qt::Key_3, Qt::Key_Return}) {
-            QTest::keyClick(window, key);
         }
         QVERIFY(run.records().isEmpty());
         QCOMPARE(Probe::data(run.window).nTrials, 0);

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/ShownRun.h"
+
+#include "support/MainWindowProbe.h"
+
+#include <QApplication>
+#include <QtTest>
+
+ShownRun::ShownRun()
+    : driver(window)
+    , subject(driver.open())
+{
+    QApplication::setActiveWindow(&subject);
+    isShown = QTest::qWaitForWindowActive(&subject);
+}
+
+const QVector<Record>& ShownRun::records()
+{
+    return MainWindowProbe::data(window).records;
+}
