@@ -27,7 +27,6 @@ void setFont(QPainter& painter, int pixels, bool isBold)
 QRectF drawHeading(QPainter& painter, const QSize& size, const QString& title, const QString& text)
 {
     const QRectF line(margin, margin / 2, size.width() - 2 * margin, lineHeight);
-        QRect(QPoint(), size), Qt::white); // vector pictures have no paper of their own
     painter.setPen(Qt::black);
     setFont(painter, PlotArea::titlePixels, true);
     painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, title);

@@ -151,7 +151,7 @@ QString readRecords(Lines& lines, QVector<Record>& records)
     QByteArray line;
     while (lines.next(line)) {
         Record record;
-        const QString error = records.size() < mostTrials
+        QString error = records.size() < mostTrials
             ? readRecord(line, record)
             : QString("there are more than %1 trials").arg(mostTrials);
         if (!error.isEmpty()) {

@@ -155,6 +155,22 @@ private slots:
         QCOMPARE(outcome.status, 1);
     }
 
+    void tracksOfTheSimulator_areRead()
+    {
+        Bench bench;
+        QProcess simulator;
+        simulator.start(SIMULATE_PROGRAM,
+            {"--runs", "20", "--tracks", "20", "--track", bench.path(), "--subject", "T",
+                "--reversals", "10", "--last", "4"});
+        QVERIFY(simulator.waitForFinished());
+        QCOMPARE(simulator.exitCode(), 0);
+        const Outcome outcome
+            = bench.report({"--reversals", "10", "--last", "4", "--csv", "-", "."});
+        QCOMPARE(outcome.errors, QStringList());
+        QCOMPARE(outcome.output.count("txt,T,test,"), 20);
+        QCOMPARE(outcome.status, 0);
+    }
+
     void rule_isThatOfTheOptions()
     {
         Bench bench;
