@@ -113,6 +113,42 @@ private slots:
         QVERIFY(std::abs(outcome.nCorrect / 40000.0 - 2.0 / 3.0) < 0.0004);
     }
 
+    void deviants_areInEitherPosition_andWrongAnswersNameTheOther()
+    {
+        Simulation simulation = simulationOf(constantListener(0.75));
+        simulation.nReversals = 1000000;
+        simulation.mostTrials = 40000;
+        Data data = preparedRun(simulation);
+        simulateRun(data, simulation, 0);
+        int nSecond = 0;
+        int nSecondRight = 0;
+        for (const Record& record : qAsConst(data.records)) {
+            QVERIFY(record.stimulusPosition == 2 || record.stimulusPosition == 3);
+            const int other = 5 - record.stimulusPosition;
+            QCOMPARE(record.responsePosition, record.correctness ? record.stimulusPosition : other);
+            QCOMPARE(record.reactionTime, 500.0);
+            nSecond += record.stimulusPosition == 2 ? 1 : 0;
+            nSecondRight += record.stimulusPosition == 2 && record.correctness ? 1 : 0;
+        }
+        // 4.5 standard errors of a share of 1/2 and of one of 3/4.
+        QVERIFY(std::abs(nSecond - 20000) < 450);
+        QVERIFY(std::abs(nSecondRight - 0.75 * nSecond) < 275);
+    }
+
+    void run_startsFromTheValueAsked()
+    {
+        Simulation simulation = simulationOf(constantListener(0.5), carrierFrequencyParameter, 0.2);
+        simulation.standardCarrier = 500;
+        simulation.mostTrials = 1;
+        Data data = preparedRun(simulation);
+        simulateRun(data, simulation, 0);
+        QCOMPARE(data.records[0].value, 0.2);
+        simulation.mainParameter = modulationDepthParameter;
+        data = preparedRun(simulation);
+        simulateRun(data, simulation, 0);
+        QCOMPARE(data.records[0].value, 0.2);
+    }
+
     void outcomes_areTheSame_forAnyNumberOfThreads()
     {
         const Simulation simulation = simulationOf(weibullListener(depthThreshold, 1.5, 0.02));
