@@ -156,6 +156,11 @@ private slots:
         QCOMPARE(int(alone.size()), 2000);
         QVERIFY(areEqual(outcomesOf(simulation, 2), alone));
         QVERIFY(areEqual(outcomesOf(simulation, 7), alone));
+        Data data = preparedRun(simulation);
+        for (const int i : {0, 63, 64, 1999}) {
+            const RunOutcome outcome = simulateRun(data, simulation, i);
+            QVERIFY(areEqual({alone[static_cast<size_t>(i)]}, {outcome}));
+        }
     }
 
     void outcomes_differ_betweenSeedsAndBetweenRuns()
@@ -166,6 +171,11 @@ private slots:
         QVERIFY(first[0].threshold != first[1].threshold);
         simulation.seed = 2;
         QVERIFY(outcomesOf(simulation)[0].threshold != first[0].threshold);
+        // Seeds that are as far apart as the runs' own do not share runs.
+        simulation.seed = 0;
+        const double second = outcomesOf(simulation)[1].threshold;
+        simulation.seed = 0x9e3779b97f4a7c15U;
+        QVERIFY(outcomesOf(simulation)[0].threshold != second);
     }
 
     void run_isTheSame_whateverWasSimulatedBefore()
