@@ -142,7 +142,8 @@ QVector<int> readSweep(const QCommandLineParser& parser, OptionReader& reader)
         }
     }
     QVector<int> numbers;
-    for (const QString& part : parser.value("sweep").split(':')) {
+    const QStringList parts = parser.value("sweep").split(':');
+    for (const QString& part : parts) {
         bool isNumber = false;
         const int number = part.toInt(&isNumber);
         numbers.append(isNumber && number <= mostReversals ? number : 0);

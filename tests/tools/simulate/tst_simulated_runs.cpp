@@ -113,6 +113,42 @@ private slots:
         QVERIFY(std::abs(outcome.nCorrect / 40000.0 - 2.0 / 3.0) < 0.0004);
     }
 
+    void deviants_areInEitherPosition_andWrongAnswersNameTheOther()
+    {
+        Simulation simulation = simulationOf(constantListener(0.75));
+        simulation.nReversals = 1000000;
+        simulation.mostTrials = 40000;
+        Data data = preparedRun(simulation);
+        simulateRun(data, simulation, 0);
+        int nSecond = 0;
+        int nSecondRight = 0;
+        for (const Record& record : qAsConst(data.records)) {
+            QVERIFY(record.stimulusPosition == 2 || record.stimulusPosition == 3);
+            const int other = 5 - record.stimulusPosition;
+            QCOMPARE(record.responsePosition, record.correctness ? record.stimulusPosition : other);
+            QCOMPARE(record.reactionTime, 500.0);
+            nSecond += record.stimulusPosition == 2 ? 1 : 0;
+            nSecondRight += record.stimulusPosition == 2 && record.correctness ? 1 : 0;
+        }
+        // 4.5 standard errors of a share of 1/2 and of one of 3/4.
+        QVERIFY(std::abs(nSecond - 20000) < 450);
+        QVERIFY(std::abs(nSecondRight - 0.75 * nSecond) < 275);
+    }
+
+    void run_startsFromTheValueAsked()
+    {
+        Simulation simulation = simulationOf(constantListener(0.5), carrierFrequencyParameter, 0.2);
+        simulation.standardCarrier = 500;
+        simulation.mostTrials = 1;
+        Data data = preparedRun(simulation);
+        simulateRun(data, simulation, 0);
+        QCOMPARE(data.records[0].value, 0.2);
+        simulation.mainParameter = modulationDepthParameter;
+        data = preparedRun(simulation);
+        simulateRun(data, simulation, 0);
+        QCOMPARE(data.records[0].value, 0.2);
+    }
+
     void outcomes_areTheSame_forAnyNumberOfThreads()
     {
         const Simulation simulation = simulationOf(weibullListener(depthThreshold, 1.5, 0.02));
@@ -120,6 +156,11 @@ private slots:
         QCOMPARE(int(alone.size()), 2000);
         QVERIFY(areEqual(outcomesOf(simulation, 2), alone));
         QVERIFY(areEqual(outcomesOf(simulation, 7), alone));
+        Data data = preparedRun(simulation);
+        for (const int i : {0, 63, 64, 1999}) {
+            const RunOutcome outcome = simulateRun(data, simulation, i);
+            QVERIFY(areEqual({alone[static_cast<size_t>(i)]}, {outcome}));
+        }
     }
 
     void outcomes_differ_betweenSeedsAndBetweenRuns()
@@ -130,6 +171,11 @@ private slots:
         QVERIFY(first[0].threshold != first[1].threshold);
         simulation.seed = 2;
         QVERIFY(outcomesOf(simulation)[0].threshold != first[0].threshold);
+        // Seeds that are as far apart as the runs' own do not share runs.
+        simulation.seed = 0;
+        const double second = outcomesOf(simulation)[1].threshold;
+        simulation.seed = 0x9e3779b97f4a7c15U;
+        QVERIFY(outcomesOf(simulation)[0].threshold != second);
     }
 
     void run_isTheSame_whateverWasSimulatedBefore()
