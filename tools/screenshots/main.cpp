@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MainWindow.h"
+#include "demo/PsychometricFunction.h"
+#include "session/Data.h"
+#include "subject/SubjectWindow.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QLoggingCategory>
+#include <QPixmap>
+#include <QPushButton>
+#include <QTextStream>
+#include <QTimer>
+
+#include <cstdlib>
+#include <random>
+
+// The windows' friend: tells the listener what the sounds would.
+struct MainWindowProbe {
+    static int deviantPosition(const MainWindow& window) { return window.data.deviantPosition; }
+};
+
+namespace {
+
+// A listener whose answers are the same every time.
+constexpr quint64 seed = 20;
+constexpr PsychometricFunction listener = {0.056, 2.5};
+// Answers that take no time have a mean reaction time of nearly 0; a listener's is shown instead.
+constexpr double shownReactionTime = 734.5;
+
+template <typename Object> Object& objectNamed(const char* name)
+{
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* const found = window->findChild<Object*>(name)) {
+            return *found;
+        }
+    }
+    qFatal("there is no %s", name);
+}
+
+void click(const char* button)
+{
+    objectNamed<QPushButton>(button).click();
+}
+
+/// Takes the pictures of one run. The run is silent and does not wait: the sounds start and end by
+/// calls of the main window's slots.
+class Guide {
+public:
+    /// @param folder of the pictures
+    explicit Guide(const QDir& folder);
+
+    /// @return whether all pictures were written
+    bool take();
+
+private:
+    void takeMainWindow();
+    void takeFirstTrial();
+    void playToTheEnd();
+    void playSounds(int count);
+    void answer();
+    void takeSaveDialog();
+    void save(QWidget& widget, const QString& name);
+    void save(QWidget& widget, const QString& name, const QRect& part);
+
+    QDir m_folder;
+    MainWindow m_window;
+    QTimer m_look;
+    std::mt19937_64 m_generator;
+    double m_threshold = -1.0; // below 0 until the run has ended
+    bool m_isWritten = true;
+};
+
+Guide::Guide(const QDir& folder)
+    : m_folder(folder)
+    , m_generator(seed)
+{
+    QObject::connect(&m_window, &MainWindow::doneDataCollection, &m_window,
+        [this](double threshold) { m_threshold = threshold; });
+    QObject::connect(&m_look, &QTimer::timeout, &m_window, [this] { takeSaveDialog(); });
+}
+
+bool Guide::take()
+{
+    takeMainWindow();
+    takeFirstTrial();
+    playToTheEnd();
+    return m_isWritten;
+}
+
+void Guide::takeMainWindow()
+{
+    m_window.show();
+    save(m_window, "main-start");
+    objectNamed<QCheckBox>("checkBoxSaveData").setChecked(true);
+    click("pushButtonView");
+    constexpr int margin = 6;
+    save(m_window, "parameters",
+        objectNamed<QGridLayout>("gridLayoutParameters")
+            .geometry()
+            .adjusted(-margin, -margin, margin, margin));
+    save(m_window, "after-view");
+}
+
+void Guide::takeFirstTrial()
+{
+    constexpr auto anHour = "3600000.00"; // nothing may tick by itself
+    objectNamed<QLineEdit>("lineEditSilentInterval").setText(anHour);
+    click("pushButtonGo");
+    auto& subject = *m_window.findChild<SubjectWindow*>();
+    save(subject, "subject-start");
+    click("pushButtonIAmReady");
+    save(subject, "subject-ready");
+    playSounds(1);
+    m_window.playOneSound();
+    save(subject, "subject-sound");
+    m_window.handleStateChanged(QAudio::IdleState);
+    playSounds(2);
+    save(subject, "subject-wait");
+    answer();
+    save(subject, "subject-feedback");
+}
+
+void Guide::playToTheEnd()
+{
+    constexpr int soundsPerTrial = 4;
+    constexpr int lookEveryMs = 500; // the save dialog lists its folder meanwhile
+    m_look.start(lookEveryMs);
+    while (m_threshold < 0.0) {
+        playSounds(soundsPerTrial);
+        answer();
+    }
+    auto& subject = *m_window.findChild<SubjectWindow*>();
+    subject.finishExperiment(m_threshold, shownReactionTime, modulationDepthParameter, 0.0);
+    save(subject, "result");
+}
+
+void Guide::playSounds(int count)
+{
+    for (int i = 0; i < count; ++i) {
+        m_window.playOneSound();
+        m_window.handleStateChanged(QAudio::IdleState);
+    }
+}
+
+void Guide::answer()
+{
+    constexpr double percent = 100.0;
+    const double depth = objectNamed<QLineEdit>("lineEditDevModDepth").text().toDouble() / percent;
+    const bool isRight = nextFraction(m_generator) < listener.probabilityRight(depth);
+    const bool isSecond = MainWindowProbe::deviantPosition(m_window) == 2;
+    click(isRight == isSecond ? "pushButtonChoice2" : "pushButtonChoice3");
+}
+
+void Guide::takeSaveDialog()
+{
+    if (auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+        save(*dialog, "save");
+        static_cast<QDialog*>(dialog)->accept();
+    }
+}
+
+void Guide::save(QWidget& widget, const QString& name)
+{
+    save(widget, name, widget.rect());
+}
+
+void Guide::save(QWidget& widget, const QString& name, const QRect& part)
+{
+    QApplication::processEvents(); // the layout follows what was shown and hidden
+    const QString path = m_folder.filePath("guide-" + name + ".png");
+    constexpr int best = 0; // of PNG's compression
+    if (!widget.grab(part).save(path, "PNG", best)) {
+        QTextStream(stderr) << "quorin-screenshots: not written: " << path << Qt::endl;
+        m_isWritten = false;
+    }
+}
+
+void makeDark()
+{
+    QPalette palette(QColor(49, 54, 59), QColor(35, 38, 41));
+    palette.setColor(QPalette::Base, QColor(27, 30, 32));
+    QApplication::setPalette(palette);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication application(argc, argv);
+    QApplication::setCursorFlashTime(0);
+    QLoggingCategory::setFilterRules("default.debug=false");
+    QStringList arguments = QApplication::arguments().mid(1);
+    if (arguments.removeAll("--dark") > 0) {
+        makeDark();
+    }
+    if (arguments.size() != 1) {
+        QTextStream(stderr) << "usage: quorin-screenshots [--dark] FOLDER" << Qt::endl;
+        return EXIT_FAILURE;
+    }
+    return Guide(QDir(arguments.constFirst())).take() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
