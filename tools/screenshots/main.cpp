@@ -18,7 +18,6 @@
 
 #include <cstdlib>
 #include <random>
-#include <utility>
 
 // The windows' friend: tells the listener what the sounds would.
 struct MainWindowProbe {
@@ -33,7 +32,7 @@ constexpr PsychometricFunction listener = {0.056, 2.5};
 // Answers that take no time have a mean reaction time of nearly 0; a listener's is shown instead.
 constexpr double shownReactionTime = 734.5;
 
-template <typename Object> Object& named(const char* name)
+template <typename Object> Object& objectNamed(const char* name)
 {
     for (const QWidget* window : QApplication::topLevelWidgets()) {
         if (auto* const found = window->findChild<Object*>(name)) {
@@ -45,7 +44,7 @@ template <typename Object> Object& named(const char* name)
 
 void click(const char* button)
 {
-    named<QPushButton>(button).click();
+    objectNamed<QPushButton>(button).click();
 }
 
 /// Takes the pictures of one run. The run is silent and does not wait: the sounds start and end by
@@ -53,7 +52,7 @@ void click(const char* button)
 class Guide {
 public:
     /// @param folder of the pictures
-    explicit Guide(QDir folder);
+    explicit Guide(const QDir& folder);
 
     /// @return whether all pictures were written
     bool take();
@@ -76,8 +75,8 @@ private:
     bool m_isWritten = true;
 };
 
-Guide::Guide(QDir folder)
-    : m_folder(std::move(folder))
+Guide::Guide(const QDir& folder)
+    : m_folder(folder)
     , m_generator(seed)
 {
     QObject::connect(&m_window, &MainWindow::doneDataCollection, &m_window,
@@ -97,11 +96,11 @@ void Guide::takeMainWindow()
 {
     m_window.show();
     save(m_window, "main-start");
-    named<QCheckBox>("checkBoxSaveData").setChecked(true);
+    objectNamed<QCheckBox>("checkBoxSaveData").setChecked(true);
     click("pushButtonView");
     constexpr int margin = 6;
     save(m_window, "parameters",
-        named<QGridLayout>("gridLayoutParameters")
+        objectNamed<QGridLayout>("gridLayoutParameters")
             .geometry()
             .adjusted(-margin, -margin, margin, margin));
     save(m_window, "after-view");
@@ -110,7 +109,7 @@ void Guide::takeMainWindow()
 void Guide::takeFirstTrial()
 {
     constexpr auto anHour = "3600000.00"; // nothing may tick by itself
-    named<QLineEdit>("lineEditSilentInterval").setText(anHour);
+    objectNamed<QLineEdit>("lineEditSilentInterval").setText(anHour);
     click("pushButtonGo");
     auto& subject = *m_window.findChild<SubjectWindow*>();
     save(subject, "subject-start");
@@ -151,7 +150,7 @@ void Guide::playSounds(int count)
 void Guide::answer()
 {
     constexpr double percent = 100.0;
-    const double depth = named<QLineEdit>("lineEditDevModDepth").text().toDouble() / percent;
+    const double depth = objectNamed<QLineEdit>("lineEditDevModDepth").text().toDouble() / percent;
     const bool isRight = nextFraction(m_generator) < listener.probabilityRight(depth);
     const bool isSecond = MainWindowProbe::deviantPosition(m_window) == 2;
     click(isRight == isSecond ? "pushButtonChoice2" : "pushButtonChoice3");
