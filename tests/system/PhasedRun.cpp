@@ -4,20 +4,22 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCryptographicHash>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTimer>
 #include <QtCharts/QLineSeries>
 
 using Probe = MainWindowProbe;
 
 namespace {
 
-// Three reversals, at steps of both sizes.
-const QString answers("ccwwcw");
+// Three reversals, and steps of both sizes.
+const QString answers("ccwcw");
 constexpr int soundsPerTrial = 4;
 
 QString exact(double value)
@@ -90,6 +92,16 @@ const QVector<Phase>& phasesOfARun()
     return phases;
 }
 
+// Each window that closes asks the application to quit once more. What is left of that would end
+// the loops of later boxes; a program has none.
+void runToTheQuit(MainWindow& window)
+{
+    window.show();
+    QTimer::singleShot(0, &window, SLOT(close()));
+    QApplication::exec();
+    QCoreApplication::removePostedEvents(qApp, QEvent::Quit);
+}
+
 PhasedRun::PhasedRun(MainWindow& window, ModalBoxes& boxes, Kind kind)
     : m_window(window)
     , m_boxes(boxes)
@@ -134,8 +146,7 @@ void PhasedRun::playOn()
     const Data& data = Probe::data(m_window);
     if (data.nTrials == 0) {
         m_driver.beReady();
-    }
-    if (Probe::audioOutput(m_window) != nullptr) {
+    } else if (Probe::audioOutput(m_window) != nullptr) {
         endSound();
     }
     while (data.records.size() < answers.size()) {

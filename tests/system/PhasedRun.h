@@ -24,6 +24,9 @@ struct Phase {
 /// Every phase of a PhasedRun, in order, from the opened subject window to the shown result.
 const QVector<Phase>& phasesOfARun();
 
+/// Closes the main window as Quit does and runs the event loop to its end, as the program does.
+void runToTheQuit(MainWindow& window);
+
 /// A run of known answers that saves its trials. It is driven by slots and buttons, without
 /// waiting, and can be left at every phase. The generator is where a new program has it and the
 /// reaction times are 0, so that two such runs have the same outcome whatever came before them.
