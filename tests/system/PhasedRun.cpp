@@ -107,6 +107,7 @@ PhasedRun::PhasedRun(MainWindow& window, ModalBoxes& boxes, Kind kind)
     , m_boxes(boxes)
     , m_driver(window)
     , m_states(&window, SIGNAL(soundPlaying(int)))
+    , m_path(m_folder.filePath("run.txt"))
 {
     choose(window, kind);
     Probe::lineEditStdDuration(window)->setText("10");
@@ -180,7 +181,7 @@ void PhasedRun::answer()
     }
     clock.invalidate();
     if (trial == answers.size() - 1) {
-        m_boxes.chooseFile(m_folder.filePath("run.txt"));
+        m_boxes.chooseFile(m_path);
     }
     m_driver.answerRightly(answers[trial] == 'c');
 }
@@ -203,7 +204,7 @@ QStringList PhasedRun::outcome()
     lines += exact(Probe::standardSound(m_window));
     lines += exact(Probe::deviantSound(m_window));
     lines += Probe::labelThreshold(*Probe::subjectWindow(m_window))->text();
-    QFile file(m_folder.filePath("run.txt"));
+    QFile file(m_path);
     file.open(QIODevice::ReadOnly);
     lines += QString::fromLatin1(file.readAll()).split('\n');
     return lines;

@@ -37,6 +37,9 @@ public:
     /// Sets the panel. Window and boxes must outlive the run.
     PhasedRun(MainWindow& window, ModalBoxes& boxes, Kind kind);
 
+    /// Answers the save dialog by another path than one of its own; an empty one cancels it.
+    void saveTo(const QString& path) { m_path = path; }
+
     /// Presses View and Go.
     void open();
     /// Opens the run and plays it up to a phase.
@@ -59,6 +62,7 @@ private:
     RunDriver m_driver;
     QSignalSpy m_states;
     QTemporaryDir m_folder;
+    QString m_path;
     QElapsedTimer m_sinceEnd;
     int m_foreignClocks = 0;
 };

@@ -4,6 +4,7 @@
 #include "support/WindowTest.h"
 #include "system/PhasedRun.h"
 
+#include <QApplication>
 #include <QAudioOutput>
 #include <QCloseEvent>
 #include <QMap>
@@ -122,6 +123,9 @@ private slots:
     // The first windows of the process: what they leave is what a new program would leave.
     void initTestCase()
     {
+        const int nPhases = phasesOfARun().size();
+        const int nActions = static_cast<int>(std::size(actions));
+        qInfo("%d phases x %d actions = %d cases", nPhases, nActions, nPhases * nActions);
         for (const PhasedRun::Kind kind :
             {PhasedRun::noiseAndDepth, PhasedRun::sinusoidAndDifference}) {
             Scene scene;
@@ -139,10 +143,9 @@ private slots:
         QTest::addColumn<int>("phase");
         QTest::addColumn<int>("action");
         for (int phase = 0; phase < phasesOfARun().size(); ++phase) {
-            for (int action = 0; action < int(std::size(actions)); ++action) {
+            for (int action = 0; action < static_cast<int>(std::size(actions)); ++action) {
                 QTest::addRow("%s: %s", phasesOfARun()[phase].name, actions[action].name)
                     << phase << action;
-                ++m_nCases;
             }
         }
     }
@@ -174,10 +177,53 @@ private slots:
         playNext(scene, kind, oldOutput);
     }
 
-    void cleanupTestCase()
+    // Only the listener's window is left then; the program ends with it.
+    void program_endsWithTheListener_whenQuitIsRefused()
     {
-        qInfo("%d phases x %d actions = %d cases", phasesOfARun().size(), int(std::size(actions)),
-            m_nCases);
+        Scene scene;
+        PhasedRun run(*scene.window, scene.boxes, PhasedRun::noiseAndDepth);
+        run.playTo(phasesOfARun().last());
+        scene.boxes.answerNext(QMessageBox::No);
+        scene.boxes.answerNext(QMessageBox::Yes);
+        bool wasLeftOpen = false;
+        QTimer endedByTheListener;
+        connect(&endedByTheListener, &QTimer::timeout, this, [&] {
+            if (scene.boxes.messages().size() == 1
+                && QApplication::activeModalWidget() == nullptr) {
+                wasLeftOpen = subjectOf(scene).isVisible() && !scene.window->isVisible();
+                Probe::pushButtonDone(subjectOf(scene))->click();
+            }
+        });
+        endedByTheListener.start(1);
+        runToTheQuit(*scene.window);
+        QVERIFY(wasLeftOpen);
+        QCOMPARE(run.outcome(), m_expected[PhasedRun::noiseAndDepth]);
+        QVERIFY(!subjectOf(scene).isVisible());
+    }
+
+    void nextRun_isUntouched_byASaveThatFailed_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::newRow("cancelled") << QString();
+        QTest::newRow("full disk") << QString("/dev/full");
+        QTest::newRow("missing folder") << m_folder.filePath("missing/run.txt");
+    }
+
+    void nextRun_isUntouched_byASaveThatFailed()
+    {
+        QFETCH(QString, path);
+        tolerateWarning(QRegularExpression("^QFSFileEngine::open: No file name specified$"));
+        Scene scene;
+        PhasedRun run(*scene.window, scene.boxes, PhasedRun::noiseAndDepth);
+        run.saveTo(path);
+        run.open();
+        run.playOn();
+        QCOMPARE(scene.boxes.messages().size(), 1);
+        QVERIFY(scene.boxes.messages().constFirst().text.startsWith("could not open file"));
+        leaveTheResult(scene);
+        playNext(scene, PhasedRun::noiseAndDepth, nullptr);
+        QCOMPARE(scene.boxes.fileChoices().at(1).fileName,
+            QString("SUB001_test001_noise_modulation depth.txt"));
     }
 
 private:
@@ -206,8 +252,8 @@ private:
         }
     }
 
+    const QTemporaryDir m_folder;
     QMap<PhasedRun::Kind, QStringList> m_expected;
-    int m_nCases = 0;
 };
 
 QTEST_MAIN(TestAbandonedRuns)
