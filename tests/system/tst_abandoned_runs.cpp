@@ -239,6 +239,7 @@ private:
     {
         PhasedRun next(*scene.window, scene.boxes, kind);
         next.open();
+        QVERIFY(!Probe::timerPlay(*scene.window)->isActive());
         if (!oldOutput.isNull()) {
             emit oldOutput->stateChanged(QAudio::IdleState);
         }
