@@ -25,7 +25,7 @@ int countAlive(const QVector<QPointer<QObject>>& objects)
 
 } // namespace
 
-AliveSounds soundsLeftBy(MainWindow& window, ModalBoxes& boxes, int nRuns)
+QString pileAfterRuns(MainWindow& window, ModalBoxes& boxes, int nRuns)
 {
     QVector<QPointer<QObject>> outputs;
     QVector<QPointer<QObject>> buffers;
@@ -42,5 +42,14 @@ AliveSounds soundsLeftBy(MainWindow& window, ModalBoxes& boxes, int nRuns)
         subject.close();
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    return {countAlive(outputs), countAlive(buffers)};
+    const int nOutputs = countAlive(outputs);
+    const int nBuffers = countAlive(buffers);
+    const int nChildren = window.findChildren<QAudioOutput*>().size();
+    if (nOutputs == 1 && nBuffers == 1 && nChildren == 1) {
+        return {};
+    }
+    return QString("%1 outputs, %2 of them the window's, %3 buffers")
+        .arg(nOutputs)
+        .arg(nChildren)
+        .arg(nBuffers);
 }

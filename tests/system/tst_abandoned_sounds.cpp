@@ -105,9 +105,7 @@ private slots:
         Probe::lineEditStdDuration(window)->setText("10");
         Probe::lineEditDevDuration(window)->setText("10");
         Probe::lineEditSamplingRate(window)->setText("1000000");
-        const AliveSounds left = soundsLeftBy(window, boxes, nRuns);
-        QCOMPARE(left.outputs, 1);
-        QCOMPARE(left.buffers, 1);
+        QCOMPARE(pileAfterRuns(window, boxes, nRuns), QString());
         QCOMPARE(messages().count(stopped), nRuns * ticksPerRepeatedRun);
 
         PhasedRun next(window, boxes, PhasedRun::sinusoidAndDifference);
