@@ -19,7 +19,7 @@ using Probe = MainWindowProbe;
 namespace {
 
 // Three reversals, and steps of both sizes.
-const QString answers("ccwcw");
+const QString answers("cwcw");
 constexpr int soundsPerTrial = 4;
 
 QString exact(double value)

@@ -169,6 +169,8 @@ private slots:
             run.playOn();
             QCOMPARE(run.outcome(), m_expected[kind]);
             leaveTheResult(scene);
+            playNext(scene, other, nullptr);
+            return;
         }
         if (scene.window == nullptr) {
             scene.window = std::make_unique<MainWindow>();
