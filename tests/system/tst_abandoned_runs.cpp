@@ -175,8 +175,8 @@ private slots:
         if (scene.window == nullptr) {
             scene.window = std::make_unique<MainWindow>();
         }
-        playNext(scene, other, isEven ? oldOutput : nullptr);
-        playNext(scene, kind, oldOutput);
+        playNext(scene, other, isEven ? oldOutput.data() : nullptr);
+        playNext(scene, kind, oldOutput.data());
     }
 
     // Only the listener's window is left then; the program ends with it.
@@ -237,12 +237,12 @@ private:
     }
 
     // The end of a sound of an earlier run may be reported when the next run is open, or never.
-    void playNext(Scene& scene, PhasedRun::Kind kind, const QPointer<QAudioOutput>& oldOutput)
+    void playNext(Scene& scene, PhasedRun::Kind kind, QAudioOutput* oldOutput)
     {
         PhasedRun next(*scene.window, scene.boxes, kind);
         next.open();
         QVERIFY(!Probe::timerPlay(*scene.window)->isActive());
-        if (!oldOutput.isNull()) {
+        if (oldOutput != nullptr) {
             emit oldOutput->stateChanged(QAudio::IdleState);
         }
         next.playOn();
