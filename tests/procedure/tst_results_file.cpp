@@ -4,7 +4,9 @@
 #include "support/WindowTest.h"
 
 #include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QtTest>
 
 #include <cmath>
@@ -14,6 +16,19 @@ using Probe = MainWindowProbe;
 namespace {
 
 constexpr auto unnamedFile = "QFSFileEngine::open: No file name specified";
+
+/// The characters from the first to the last one, but the slash, which parts folders, and the
+/// quotation mark, between which Qt's dialog takes several names.
+QString charactersFrom(ushort first, ushort last)
+{
+    QString characters;
+    for (ushort code = first; code <= last; ++code) {
+        if (code != '/' && code != '"') {
+            characters += QChar(code);
+        }
+    }
+    return characters;
+}
 
 /// A run that ends at the second answer, if that one is wrong.
 void askForOneReversal(SilentRun& run, bool saveData)
@@ -151,6 +166,11 @@ private slots:
         QTest::newRow("other scripts") << QString::fromUtf8("\u5b9f\u9a13 \u05d0\u05d1.txt");
         QTest::newRow("emoji") << QString::fromUtf8("\U0001F3A7.txt");
         QTest::newRow("control characters") << QString("a\tb\nc\x01.txt");
+        QTest::newRow("every ASCII character") << charactersFrom(0x01, 0x7f);
+        QTest::newRow("every other Latin-1 character") << charactersFrom(0x80, 0xfe);
+        QTest::newRow("invisible characters") << charactersFrom(0x2000, 0x202f) + QChar(0xfeff);
+        QTest::newRow("blanks and dots at the end") << QString("run.. . ");
+        QTest::newRow("another user's home") << QString("~root");
         QTest::newRow("255 bytes") << QString(255, 'x');
         QTest::newRow("255 bytes in other script") << QString(85, QChar(0x5b9f));
     }
@@ -165,6 +185,32 @@ private slots:
         QCOMPARE(SavedRun::contentOf(run.path(name)), SavedRun::expectedBytes());
         QCOMPARE(run.data.outputDir, run.path(name));
         QCOMPARE(run.data.fileName, name);
+    }
+
+    // The subject code goes into the offered name as it is.
+    void file_isWritten_underTheOfferedName_data()
+    {
+        QTest::addColumn<QString>("subject");
+        QTest::newRow("empty") << QString();
+        QTest::newRow("every ASCII character") << charactersFrom(0x01, 0x7f);
+        QTest::newRow("emoji") << QString::fromUtf8("\U0001F3A7");
+        QTest::newRow("255 bytes in all") << QString(220, 'x');
+    }
+
+    void file_isWritten_underTheOfferedName()
+    {
+        QFETCH(QString, subject);
+        const QString name = subject + "_test001_noise_modulation depth.txt";
+        SavedRun run;
+        Probe::lineEditSubCode(run.window)->setText(subject);
+        run.boxes.onOpen([](QWidget* box) {
+            auto* const buttons = box->findChild<QDialogButtonBox*>("buttonBox");
+            buttons->button(QDialogButtonBox::Save)->click();
+        });
+        run.window.writeDataToTxt();
+        QCOMPARE(run.names(), QStringList {name});
+        QCOMPARE(SavedRun::contentOf(run.path(name)), SavedRun::expectedBytes());
+        QVERIFY(run.boxes.messages().isEmpty());
     }
 
     void listener_seesTheResult_beforeTheDialogOpens()

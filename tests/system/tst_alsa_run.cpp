@@ -2,14 +2,11 @@
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
 #include "support/ScriptedListener.h"
+#include "system/AlsaAlone.h"
 
 #include <QAudioDeviceInfo>
-#include <QDir>
-#include <QFile>
 #include <QLabel>
-#include <QLibraryInfo>
 #include <QLineEdit>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using Probe = MainWindowProbe;
@@ -18,33 +15,17 @@ namespace {
 
 constexpr int runTimeoutMs = 30000; // for valgrind
 
-// ALSA's null device takes every sample at once: a sound's end comes from inside the backend. It is
-// all of ALSA's configuration, since Qt takes the first device that has a description.
+// ALSA's null device takes every sample at once: a sound's end comes from inside the backend.
 constexpr auto configuration
     = "pcm.default { type null hint { show on description \"discards all sound\" } }\n";
 
 } // namespace
 
-// Where Qt's PulseAudio backend is installed, it is the default one even if there is no server. So
-// Qt gets a folder of plugins with ALSA's backend alone.
 class TestAlsaRun : public QuietTest {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        QFile settings(m_folder.filePath("alsa.conf"));
-        QVERIFY(settings.open(QIODevice::WriteOnly));
-        QVERIFY(settings.write(configuration) > 0);
-        settings.close();
-        qputenv("ALSA_CONFIG_PATH", QFile::encodeName(settings.fileName()));
-
-        const QString backend("/audio/libqtaudio_alsa.so");
-        QVERIFY(QDir(m_folder.path()).mkdir("audio"));
-        QVERIFY(QFile::link(QLibraryInfo::location(QLibraryInfo::PluginsPath) + backend,
-            m_folder.path() + backend));
-        QCoreApplication::setLibraryPaths({m_folder.path()});
-    }
+    void initTestCase() { QVERIFY(m_alsa.isMade()); }
 
     void run_ends_whenAlsaPlaysTheSounds()
     {
@@ -66,7 +47,7 @@ private slots:
     }
 
 private:
-    QTemporaryDir m_folder;
+    AlsaAlone m_alsa {configuration};
 };
 
 QTEST_MAIN(TestAlsaRun)

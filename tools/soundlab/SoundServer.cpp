@@ -63,6 +63,16 @@ void SoundServer::kill()
     m_process.waitForFinished();
 }
 
+void SoundServer::removeSink()
+{
+    answerTo({"unload-module", "module-null-sink"});
+}
+
+void SoundServer::addSink()
+{
+    answerTo(QStringList("load-module") + sinkModule().split(' '));
+}
+
 bool SoundServer::isRunning() const
 {
     return m_process.state() == QProcess::Running;
@@ -93,28 +103,37 @@ QProcessEnvironment SoundServer::environment() const
     return variables;
 }
 
+QString SoundServer::sinkModule() const
+{
+    return QString("module-null-sink sink_name=%1 rate=%2 channels=%3 format=%4 norewinds=%5")
+        .arg(sinkName)
+        .arg(m_settings.rate)
+        .arg(m_settings.channels)
+        .arg(m_settings.format)
+        .arg(m_settings.mayRewind ? 0 : 1);
+}
+
 QStringList SoundServer::arguments() const
 {
-    const QString sink = QString("module-null-sink sink_name=%1 rate=%2 channels=%3 format=%4 "
-                                 "norewinds=%5")
-                             .arg(sinkName)
-                             .arg(m_settings.rate)
-                             .arg(m_settings.channels)
-                             .arg(m_settings.format)
-                             .arg(m_settings.mayRewind ? 0 : 1);
     const QString protocol = QString("module-native-protocol-unix socket=%1 auth-anonymous=1")
                                  .arg(m_folder.filePath("pulse.sock"));
     return {"-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--disallow-exit",
-        "--high-priority=no", "--realtime=no", "--log-target=stderr", "-L", sink, "-L", protocol};
+        "--high-priority=no", "--realtime=no", "--log-target=stderr", "-L", sinkModule(), "-L",
+        protocol};
 }
 
 QByteArray SoundServer::description() const
 {
     if (!QFileInfo::exists(m_folder.filePath("pulse.sock")))
         return {};
+    return answerTo({"info"});
+}
+
+QByteArray SoundServer::answerTo(const QStringList& command) const
+{
     ChildProcess query;
     query.setProcessEnvironment(environment());
-    query.start("pactl", {"--server", address(), "info"});
+    query.start("pactl", QStringList({"--server", address()}) + command);
     if (!query.waitForFinished(queryTimeoutMs) || query.exitCode() != 0)
         return {};
     return query.readAllStandardOutput();

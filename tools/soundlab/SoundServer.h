@@ -39,6 +39,10 @@ public:
     void stop();
     /// Kills the server, as in a crash.
     void kill();
+    /// Takes the sink away from the running server, as when a sound card is pulled out.
+    void removeSink();
+    /// Gives the running server its sink again.
+    void addSink();
 
     bool isRunning() const;
     /// What the server or its failed start said.
@@ -52,8 +56,10 @@ public:
     QProcessEnvironment environment() const;
 
 private:
+    QString sinkModule() const;
     QStringList arguments() const;
     QByteArray description() const;
+    QByteArray answerTo(const QStringList& command) const;
 
     Settings m_settings;
     QTemporaryDir m_folder;

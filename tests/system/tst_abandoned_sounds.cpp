@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/MainWindowProbe.h"
+#include "support/ModalBoxes.h"
+#include "support/QuietTest.h"
+#include "system/PhasedRun.h"
+#include "system/RepeatedRuns.h"
+#include "system/SoundLab.h"
+
+#include <QAudioOutput>
+#include <QLineEdit>
+#include <QPointer>
+#include <QtTest>
+
+#include <memory>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+constexpr int timeoutMs = 60000;
+
+enum Way { destruction, quit, goAtOnce, goAfterTheSound };
+
+struct NamedWay {
+    const char* name;
+    Way way;
+};
+
+constexpr NamedWay ways[] = {
+    {"destroyed", destruction},
+    {"quit", quit},
+    {"Go at once", goAtOnce},
+    {"Go, and the old sound ends before the new one", goAfterTheSound},
+};
+
+} // namespace
+
+// The sounds that are left here really sound.
+class TestAbandonedSounds : public QuietTest {
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_lab.start());
+        ModalBoxes boxes;
+        m_window = std::make_unique<MainWindow>();
+        PhasedRun run(*m_window, boxes, PhasedRun::sinusoidAndDifference);
+        run.open();
+        run.playOn();
+        m_expected = run.outcome();
+    }
+
+    void nextRun_isUntouched_data()
+    {
+        QTest::addColumn<int>("phase");
+        QTest::addColumn<int>("way");
+        for (int phase = 0; phase < phasesOfARun().size(); ++phase) {
+            for (const NamedWay& way : ways) {
+                if (phasesOfARun()[phase].isSounding) {
+                    QTest::addRow("%s: %s", phasesOfARun()[phase].name, way.name)
+                        << phase << int(way.way);
+                }
+            }
+        }
+    }
+
+    void nextRun_isUntouched()
+    {
+        QFETCH(int, phase);
+        QFETCH(int, way);
+        ModalBoxes boxes;
+        m_window = std::make_unique<MainWindow>();
+        PhasedRun run(*m_window, boxes, PhasedRun::noiseAndDepth);
+        Probe::lineEditStdDuration(*m_window)->setText("1000");
+        Probe::lineEditDevDuration(*m_window)->setText("1000");
+        run.playTo(phasesOfARun()[phase]);
+        const QPointer<QAudioOutput> sound(Probe::audioOutput(*m_window));
+        QCOMPARE(sound->state(), QAudio::ActiveState);
+
+        leave(static_cast<Way>(way), boxes);
+        QCOMPARE(sound.isNull(), way == destruction || way == quit);
+        PhasedRun next(*m_window, boxes, PhasedRun::sinusoidAndDifference);
+        next.open();
+        if (way == goAfterTheSound) {
+            QTRY_VERIFY_WITH_TIMEOUT(sound.isNull(), timeoutMs);
+        }
+        next.playOn();
+        QCOMPARE(next.outcome(), m_expected);
+        QTRY_VERIFY_WITH_TIMEOUT(m_window->findChildren<QAudioOutput*>().isEmpty(), timeoutMs);
+        QVERIFY(Probe::soundsAside(*m_window).isEmpty());
+        QCOMPARE(next.outcome(), m_expected);
+    }
+
+    // The server takes rates up to 768 kHz.
+    void refusedRate_isLogged_andNothingPilesUp()
+    {
+        constexpr int nRuns = 10;
+        const QString notSupported("Raw audio format not supported by backend, cannot play audio.");
+        const QString stopped("Audio stopped unexpectedly");
+        announceWarning(notSupported);
+        tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
+        ModalBoxes boxes;
+        MainWindow window;
+        Probe::lineEditStdDuration(window)->setText("10");
+        Probe::lineEditDevDuration(window)->setText("10");
+        Probe::lineEditSamplingRate(window)->setText("1000000");
+        QCOMPARE(pileAfterRuns(window, boxes, nRuns), QString());
+        QCOMPARE(messages().count(stopped), nRuns * ticksPerRepeatedRun);
+
+        PhasedRun next(window, boxes, PhasedRun::sinusoidAndDifference);
+        next.open();
+        next.playOn();
+        QCOMPARE(next.outcome(), m_expected);
+        QCOMPARE(messages().count(stopped), nRuns * ticksPerRepeatedRun);
+    }
+
+private:
+    void leave(Way way, ModalBoxes& boxes)
+    {
+        boxes.answerNext(QMessageBox::Yes);
+        if (way == goAtOnce || way == goAfterTheSound) {
+            QVERIFY(Probe::subjectWindow(*m_window)->close());
+            return;
+        }
+        if (way == quit) {
+            runToTheQuit(*m_window);
+        }
+        m_window.reset();
+        m_window = std::make_unique<MainWindow>();
+    }
+
+    SoundLab m_lab;
+    std::unique_ptr<MainWindow> m_window;
+    QStringList m_expected;
+};
+
+QTEST_MAIN(TestAbandonedSounds)
+#include "tst_abandoned_sounds.moc"

@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/MainWindowProbe.h"
+#include "support/ModalBoxes.h"
+#include "support/QuietTest.h"
+#include "support/TrialRecording.h"
+#include "system/PhasedRun.h"
+#include "system/RepeatedRuns.h"
+#include "system/SoundLab.h"
+
+#include <QAudioDeviceInfo>
+#include <QAudioOutput>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+
+#include <memory>
+#include <vector>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+constexpr int timeoutMs = 60000;
+const QString stopped("Audio stopped unexpectedly");
+const QString notConnected("PulseAudioService: pa_context_connect() failed");
+
+// A window of its own with a run that has come to a phase. Its sounds are long, and at a low rate,
+// so that they still play when the server goes.
+struct PhaseInAWindow {
+    PhaseInAWindow(const Phase& phase, ModalBoxes& boxes)
+        : run(window, boxes, PhasedRun::noiseAndDepth)
+    {
+        Probe::lineEditStdDuration(window)->setText("10000");
+        Probe::lineEditDevDuration(window)->setText("10000");
+        Probe::lineEditSamplingRate(window)->setText("8000");
+        run.playTo(phase);
+    }
+
+    MainWindow window;
+    PhasedRun run;
+};
+
+QStringList outcomeOfARun(MainWindow& window, ModalBoxes& boxes, PhasedRun::Kind kind)
+{
+    PhasedRun run(window, boxes, kind);
+    run.open();
+    run.playOn();
+    return run.outcome();
+}
+
+} // namespace
+
+class TestLostSoundServer : public QuietTest {
+    Q_OBJECT
+
+protected slots:
+    void init() override
+    {
+        QuietTest::init();
+        tolerateWarning(QRegularExpression("^\"Stream error: "));
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_lab->start());
+        MainWindow window;
+        ModalBoxes boxes;
+        m_expected = outcomeOfARun(window, boxes, PhasedRun::noiseAndDepth);
+        m_format = Probe::audioFormat(window);
+    }
+
+    void everyPhase_survivesTheLoss()
+    {
+        prepareSuccessor();
+        ModalBoxes boxes;
+        std::vector<std::unique_ptr<PhaseInAWindow>> phases;
+        int nSounding = 0;
+        for (const Phase& phase : phasesOfARun()) {
+            phases.push_back(std::make_unique<PhaseInAWindow>(phase, boxes));
+            if (phase.isSounding) {
+                ++nSounding;
+                announceWarning(stopped);
+            }
+        }
+        loseTheServer();
+        QCOMPARE(messages().count(stopped), nSounding);
+        for (const auto& phase : phases) {
+            QVERIFY(Probe::subjectWindow(phase->window)->isVisible());
+            QVERIFY(phase->window.findChildren<QAudioOutput*>().size() <= 1);
+        }
+        waitForTheSuccessor();
+        for (const auto& phase : phases) {
+            boxes.answerNext(QMessageBox::Yes);
+            QVERIFY(Probe::subjectWindow(phase->window)->close());
+            QCOMPARE(outcomeOfARun(phase->window, boxes, PhasedRun::noiseAndDepth), m_expected);
+        }
+        QCOMPARE(messages().count(stopped), nSounding);
+    }
+
+    void run_goesOn_whenTheServerComesBack_data()
+    {
+        QTest::addColumn<int>("nSounds");
+        QTest::addColumn<bool>("isSounding");
+        QTest::addColumn<QString>("durationMs");
+        QTest::newRow("before the first sound") << 0 << false << "40";
+        QTest::newRow("during a sound") << 2 << true << "500";
+        QTest::newRow("between two trials") << 4 << false << "40";
+    }
+
+    void run_goesOn_whenTheServerComesBack()
+    {
+        QFETCH(int, nSounds);
+        QFETCH(bool, isSounding);
+        QFETCH(QString, durationMs);
+        prepareSuccessor();
+        MainWindow window;
+        RunDriver driver(window);
+        Probe::lineEditStdDuration(window)->setText(durationMs);
+        Probe::lineEditDevDuration(window)->setText(durationMs);
+        driver.open();
+        driver.beReady();
+        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
+        for (int sound = 1; sound < nSounds; ++sound) {
+            playSound(window);
+        }
+        if (isSounding) {
+            announceWarning(stopped);
+            driver.startSound();
+            QCOMPARE(Probe::audioOutput(window)->state(), QAudio::ActiveState);
+        } else if (nSounds > 0) {
+            playSound(window);
+        }
+        loseTheServer();
+        QCOMPARE(messages().count(stopped), isSounding ? 1 : 0);
+        waitForTheSuccessor();
+        for (int sound = nSounds + 1; sound <= 4; ++sound) {
+            playSound(window);
+        }
+        QCOMPARE(told, (QList<QVariantList> {{1}, {2}, {3}, {4}, {-1}}));
+        driver.answer(2);
+        compareTrialWithRecording(window);
+        QCOMPARE(Probe::data(window).records.size(), 1);
+        QVERIFY(Probe::subjectWindow(window)->isEnabled());
+    }
+
+    // A sound card that is pulled out while the server runs: Qt reports nothing.
+    void nextRun_sounds_afterTheDeviceWasPulledOut()
+    {
+        MainWindow window;
+        ModalBoxes boxes;
+        RunDriver driver(window);
+        Probe::lineEditStdDuration(window)->setText("40");
+        Probe::lineEditDevDuration(window)->setText("40");
+        driver.open();
+        driver.beReady();
+        driver.startSound();
+        m_lab->server.removeSink();
+        QTRY_VERIFY_WITH_TIMEOUT(QAudioDeviceInfo::defaultOutputDevice().isNull(), timeoutMs);
+        announceWarning("using null output device, none available");
+        driver.startSound();
+        QCOMPARE(Probe::audioOutput(window)->error(), QAudio::OpenError);
+        QVERIFY(Probe::subjectWindow(window)->close());
+
+        m_lab->server.addSink();
+        QTRY_VERIFY_WITH_TIMEOUT(!QAudioDeviceInfo::defaultOutputDevice().isNull(), timeoutMs);
+        driver.open();
+        driver.beReady();
+        compareTrialWithRecording(window);
+        QVERIFY(Probe::subjectWindow(window)->isEnabled());
+    }
+
+    // Stays the last: Qt looks for a server once, 3 s after it lost one, and then never again.
+    void nothingPilesUp_whenTheServerStaysAway()
+    {
+        constexpr int nRuns = 50;
+        MainWindow window;
+        ModalBoxes boxes;
+        announceWarning(notConnected);
+        watchTheServer();
+        loseTheServer();
+        QTRY_VERIFY_WITH_TIMEOUT(messages().contains(notConnected), timeoutMs);
+        tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
+        QCOMPARE(pileAfterRuns(window, boxes, nRuns), QString());
+        QCOMPARE(messages().count(stopped), nRuns * ticksPerRepeatedRun);
+        QCOMPARE(outcomeOfARun(window, boxes, PhasedRun::noiseAndDepth), m_expected);
+    }
+
+private:
+    // Qt looks for a server 3 s after it lost one. The successor is there in time, however busy the
+    // machine is.
+    void prepareSuccessor()
+    {
+        m_successor = std::make_unique<SoundLab>();
+        QVERIFY(m_successor->start());
+        watchTheServer();
+    }
+
+    void watchTheServer()
+    {
+        m_watch = std::make_unique<QAudioOutput>(m_format);
+        m_watch->start();
+        QCOMPARE(m_watch->state(), QAudio::IdleState);
+    }
+
+    // Returns when Qt has noticed: an output that is opened before waits for good.
+    void loseTheServer()
+    {
+        m_lab->server.kill();
+        QTRY_COMPARE_WITH_TIMEOUT(m_watch->state(), QAudio::StoppedState, timeoutMs);
+    }
+
+    void waitForTheSuccessor()
+    {
+        const auto canPlay = [this] {
+            m_watch->start();
+            return m_watch->state() != QAudio::StoppedState;
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(canPlay(), timeoutMs);
+        m_watch.reset();
+        m_lab = std::move(m_successor);
+    }
+
+    static void playSound(MainWindow& window)
+    {
+        window.playOneSound();
+        QTRY_VERIFY_WITH_TIMEOUT(Probe::audioOutput(window) == nullptr, timeoutMs);
+    }
+
+    void compareTrialWithRecording(MainWindow& window)
+    {
+        QVERIFY(m_lab->recorder.start());
+        for (int sound = 1; sound <= 4; ++sound) {
+            playSound(window);
+        }
+        const ScriptedListener::Trial trial = {Probe::standardSound(window),
+            Probe::deviantSound(window), Probe::data(window).deviantPosition, true};
+        QCOMPARE(differenceFromRecording({trial}, m_lab->recorder.stop()), QString());
+    }
+
+    std::unique_ptr<SoundLab> m_lab = std::make_unique<SoundLab>();
+    std::unique_ptr<SoundLab> m_successor;
+    std::unique_ptr<QAudioOutput> m_watch; ///< stops when Qt notices that the server is gone
+    QAudioFormat m_format;
+    QStringList m_expected;
+};
+
+QTEST_MAIN(TestLostSoundServer)
+#include "tst_lost_sound_server.moc"

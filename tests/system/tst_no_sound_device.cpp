@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/MainWindowProbe.h"
+#include "support/ModalBoxes.h"
+#include "support/QuietTest.h"
+#include "system/RepeatedRuns.h"
+
+#include <QApplication>
+#include <QAudioDeviceInfo>
+#include <QAudioOutput>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+const QString notSupported("Raw audio format not supported by backend, cannot play audio.");
+const QString stopped("Audio stopped unexpectedly");
+const QString nullDevice("using null output device, none available");
+
+} // namespace
+
+// There is no sound server: Qt has no default device.
+class TestNoSoundDevice : public QuietTest {
+    Q_OBJECT
+
+protected slots:
+    void init() override
+    {
+        QuietTest::init();
+        tolerateWarning(QRegularExpression("^PulseAudioService: pa_context_connect\\(\\) failed$"));
+        if (!QAudioDeviceInfo::defaultOutputDevice().isNull()) {
+            QSKIP("this machine has a sound device without a sound server");
+        }
+        announceWarning(notSupported); // by the one window of each test
+    }
+
+private slots:
+    // With nothing between the sounds the fourth comes soon; then the timer waits longer.
+    void trial_isSilentAndDoesNotEnd()
+    {
+        MainWindow window;
+        ModalBoxes boxes;
+        Probe::lineEditStdDuration(window)->setText("10");
+        Probe::lineEditDevDuration(window)->setText("10");
+        Probe::lineEditSilentInterval(window)->setText("0");
+        for (int sound = 1; sound <= 4; ++sound) {
+            announceWarning(nullDevice);
+        }
+        Probe::pushButtonView(window)->click();
+        Probe::pushButtonGo(window)->click();
+        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
+        SubjectWindow& subject = *Probe::subjectWindow(window);
+        Probe::pushButtonIAmReady(subject)->click();
+        QTRY_COMPARE(told, (QList<QVariantList> {{1}, {2}, {3}, {4}}));
+        QCOMPARE(Probe::timerPlay(window)->interval(), 5010);
+        QVERIFY(Probe::timerPlay(window)->isActive());
+        QVERIFY(!Probe::timerReaction(window)->isValid());
+        QVERIFY(!subject.isEnabled());
+        QCOMPARE(Probe::audioOutput(window)->error(), QAudio::OpenError);
+
+        QVERIFY(subject.close());
+        QVERIFY(window.isEnabled());
+        Probe::pushButtonView(window)->click();
+        QVERIFY(Probe::pushButtonGo(window)->isEnabled());
+        QVERIFY(!messages().contains(stopped));
+    }
+
+    void nothingPilesUp()
+    {
+        constexpr int nRuns = 50;
+        tolerateWarning(QRegularExpression("^using null output device, none available$"));
+        MainWindow window;
+        ModalBoxes boxes;
+        QCOMPARE(pileAfterRuns(window, boxes, nRuns), QString());
+        QCOMPARE(messages().count(nullDevice), nRuns * ticksPerRepeatedRun);
+        QVERIFY(!messages().contains(stopped));
+    }
+
+    void program_endsCleanly()
+    {
+        tolerateWarning(QRegularExpression("^using null output device, none available$"));
+        MainWindow window;
+        window.show();
+        ModalBoxes boxes;
+        QCOMPARE(pileAfterRuns(window, boxes, 1), QString());
+        QTimer::singleShot(0, Probe::pushButtonQuit(window), SLOT(click()));
+        QCOMPARE(QApplication::exec(), 0);
+        QVERIFY(!window.isVisible());
+    }
+};
+
+QTEST_MAIN(TestNoSoundDevice)
+#include "tst_no_sound_device.moc"

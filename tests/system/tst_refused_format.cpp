@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/MainWindowProbe.h"
+#include "support/ModalBoxes.h"
+#include "support/QuietTest.h"
+#include "support/RunDriver.h"
+#include "system/AlsaAlone.h"
+#include "system/RepeatedRuns.h"
+
+#include <QAudioDeviceInfo>
+#include <QAudioOutput>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QtTest>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+const QString notSupported("Raw audio format not supported by backend, cannot play audio.");
+const QString stopped("Audio stopped unexpectedly");
+
+// A device of whole numbers that converts between sizes of them, and takes no floats.
+constexpr auto configuration = "pcm.default { type linear slave { pcm { type null } format S16_LE }"
+                               " hint { show on description \"takes no floats\" } }\n";
+
+} // namespace
+
+class TestRefusedFormat : public QuietTest {
+    Q_OBJECT
+
+protected slots:
+    void init() override
+    {
+        QuietTest::init();
+        announceWarning(notSupported); // by the one window of each test
+        tolerateWarning(QRegularExpression("snd_pcm_hw_params_set_format: err = "));
+    }
+
+private slots:
+    void initTestCase() { QVERIFY(m_alsa.isMade()); }
+
+    void refusal_isLogged_forEverySound()
+    {
+        MainWindow window;
+        const QAudioDeviceInfo device = QAudioDeviceInfo::defaultOutputDevice();
+        QCOMPARE(device.realm(), QString("alsa"));
+        QVERIFY(!device.isFormatSupported(Probe::audioFormat(window)));
+        RunDriver driver(window);
+        const SubjectWindow& subject = driver.open();
+        driver.beReady();
+        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
+        for (int sound = 1; sound <= 4; ++sound) {
+            announceWarning(stopped);
+            driver.startSound();
+            QCOMPARE(messages().count(stopped), sound);
+        }
+        QCOMPARE(Probe::audioOutput(window)->error(), QAudio::OpenError);
+        QCOMPARE(told, (QList<QVariantList> {{1}, {2}, {3}, {4}}));
+        QVERIFY(Probe::timerPlay(window)->isActive());
+        QVERIFY(!subject.isEnabled());
+    }
+
+    void refusal_isLogged_forEveryOtherRate()
+    {
+        MainWindow window;
+        ModalBoxes boxes;
+        RunDriver driver(window);
+        QVERIFY(driver.open().close());
+        QCOMPARE(messages().count(notSupported), 1);
+        Probe::lineEditSamplingRate(window)->setText("22050");
+        announceWarning(notSupported);
+        driver.open();
+        QCOMPARE(messages().count(notSupported), 2);
+    }
+
+    void nothingPilesUp()
+    {
+        constexpr int nRuns = 50;
+        tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
+        MainWindow window;
+        ModalBoxes boxes;
+        QCOMPARE(pileAfterRuns(window, boxes, nRuns), QString());
+        QCOMPARE(messages().count(stopped), nRuns * ticksPerRepeatedRun);
+        QVERIFY(window.isEnabled());
+        Probe::pushButtonView(window)->click();
+        QVERIFY(Probe::pushButtonGo(window)->isEnabled());
+    }
+
+private:
+    AlsaAlone m_alsa {configuration};
+};
+
+QTEST_MAIN(TestRefusedFormat)
+#include "tst_refused_format.moc"
