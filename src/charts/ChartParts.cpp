@@ -75,6 +75,9 @@ void completeChart(const ChartMembers& members, const ChartSettings& settings, Q
     if (members.view == nullptr) {
         members.view = named(new QChartView(members.chart), members.viewName);
         members.view->setRenderHint(QPainter::Antialiasing);
+        // A refresh changes nearly every item: keeping account of their regions costs more than it
+        // saves, and leaves out the rim of a point that stands alone.
+        members.view->setViewportUpdateMode(QGraphicsView::FullViewportUpdate);
         grid->addWidget(members.view, settings.row, settings.column, 1, settings.columnSpan);
     }
 }
