@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# Shared by run, test and check: where the checkout is, the packages, and what to say on a failure.
+# Shared by run, test, check and bench: where the checkout is, the packages, and what to say on a failure.
 # The scripts that source it use what looks unused here:
 # shellcheck disable=SC2034
 
@@ -31,6 +31,9 @@ package_check_packages=(
 )
 document_packages=(
     r-base-core python3 # the examples of the user guide
+)
+bench_packages=(
+    libbenchmark-dev libfftw3-dev libkissfft-dev python3
 )
 check_packages=(
     git

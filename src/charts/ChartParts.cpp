@@ -18,6 +18,9 @@ namespace {
 QChart* makeChart(const ChartMembers& members, const ChartSettings& settings)
 {
     auto* const chart = new QChart;
+    // While the chart is empty: each of the two has it laid out at once.
+    chart->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
+    chart->setMinimumWidth(settings.leastWidth);
     chart->addSeries(members.series);
     chart->addAxis(members.axisX, Qt::AlignBottom);
     chart->addAxis(members.axisY, Qt::AlignLeft);
@@ -27,8 +30,6 @@ QChart* makeChart(const ChartMembers& members, const ChartSettings& settings)
     chart->setTitle(settings.title);
     chart->legend()->hide();
     chart->setMargins(QMargins(0, 0, 0, 0));
-    chart->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
-    chart->setMinimumWidth(settings.leastWidth);
     return chart;
 }
 
@@ -77,6 +78,9 @@ void completeChart(const ChartMembers& members, const ChartSettings& settings, Q
         members.view->setRenderHint(QPainter::Antialiasing);
         members.view->setAccessibleName(settings.title);
         members.view->setFocusPolicy(Qt::NoFocus); // no key does anything here
+        // A refresh changes nearly every item: keeping account of their regions costs more than it
+        // saves, and leaves out the rim of a point that stands alone.
+        members.view->setViewportUpdateMode(QGraphicsView::FullViewportUpdate);
         grid->addWidget(members.view, settings.row, settings.column, 1, settings.columnSpan);
     }
 }

@@ -24,13 +24,16 @@ void MainWindow::updateTrend()
     } else if (data.mainParameter == carrierFrequencyParameter) {
         trendY.append(data.fd[deviant] * data.cf[standard]);
     }
+    // The ticks come before the range, or the labels between would be made for fractions; the axis
+    // comes before the point, so that the chart is laid out before it is painted, not between two
+    // paintings.
+    trendAxisX->setTickCount(data.nTrials + 1);
+    trendAxisX->setLabelFormat("%g");
+    trendAxisX->setRange(0, data.nTrials);
+    widenTrend();
     if (!trendY.isEmpty()) {
         trendSeries->append(trendX.last(), trendY.last());
     }
-    trendAxisX->setRange(0, data.nTrials);
-    trendAxisX->setLabelFormat("%g");
-    trendAxisX->setTickCount(data.nTrials + 1);
-    widenTrend();
 }
 
 // One point alone leaves the axis as it was; from the second on the range only ever widens.

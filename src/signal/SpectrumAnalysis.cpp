@@ -34,16 +34,19 @@ void MainWindow::analyse(
     overwriteFrequencies(frequencyAxis, amplitude.size(), frequencyResolution[stimulus]);
 }
 
+// As with the waveforms, the axes move under empty series.
 void MainWindow::updateFFT()
 {
     overwritePoints(standardSpectrumPoints, frequencyAxis, standardAmplitude,
         std::min(data.nFreqPointsToPlot[standard], standardSpectrumPoints.size()));
     overwritePoints(deviantSpectrumPoints, frequencyAxis, deviantAmplitude,
         std::min(data.nFreqPointsToPlot[deviant], deviantSpectrumPoints.size()));
-    standardSpectrumSeries->replace(standardSpectrumPoints);
-    deviantSpectrumSeries->replace(deviantSpectrumPoints);
     standardAmplitudeRange = amplitudeRange(standardAmplitude);
     deviantAmplitudeRange = amplitudeRange(deviantAmplitude);
+    standardSpectrumSeries->clear();
+    deviantSpectrumSeries->clear();
     setAxisRange(standardSpectrumAxisY, standardAmplitudeRange);
     setAxisRange(deviantSpectrumAxisY, deviantAmplitudeRange);
+    standardSpectrumSeries->replace(standardSpectrumPoints);
+    deviantSpectrumSeries->replace(deviantSpectrumPoints);
 }

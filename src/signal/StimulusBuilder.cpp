@@ -22,19 +22,23 @@ void MainWindow::genWav()
     }
 }
 
+// The axes move under empty series: with the points in place, each new range would have their lines
+// built anew.
 void MainWindow::updateWav()
 {
     updateNPointsToPlot();
     refreshWavePoints(standardPoints, standardSound, data.nPointsToPlot[standard]);
     refreshWavePoints(deviantPoints, deviantSound, data.nPointsToPlot[deviant]);
-    standardWaveSeries->replace(standardPoints);
-    deviantWaveSeries->replace(deviantPoints);
     standardRange = amplitudeRange(standardSound);
     deviantRange = amplitudeRange(deviantSound);
+    standardWaveSeries->clear();
+    deviantWaveSeries->clear();
     standardWaveAxisX->setRange(0, sampleTime(data.nPointsToPlot[standard], data.fs));
     deviantWaveAxisX->setRange(0, sampleTime(data.nPointsToPlot[deviant], data.fs));
     setAxisRange(standardWaveAxisY, standardRange);
     setAxisRange(deviantWaveAxisY, deviantRange);
+    standardWaveSeries->replace(standardPoints);
+    deviantWaveSeries->replace(deviantPoints);
 }
 
 // The list and the time axis are lengthened where the sound to plot outgrew them, never shortened.

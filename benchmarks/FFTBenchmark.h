@@ -4,6 +4,7 @@
 #include "signal/FFTTestSignals.h"
 
 #include <benchmark/benchmark.h>
+#include <map>
 
 /// The lengths at which the transforms are compared.
 inline void fftLengths(benchmark::internal::Benchmark* benchmark)
@@ -20,12 +21,16 @@ inline std::size_t lengthOf(const benchmark::State& state)
 }
 
 /// Adds the counter "rms": the error of bins 0 ... n / 2 of the spectrum of x against long double,
-/// relative to the spectrum.
+/// relative to the spectrum. Every benchmark of a length must transform the same samples.
 /// @param bin gives bin k as a complex number
 template <class Bin>
 void countError(benchmark::State& state, const fftTest::Samples& x, const Bin& bin)
 {
-    const auto expected = definingSum::spectrum(x, definingSum::roots(x.size()));
+    // In long double it takes its time: once for each length, since the samples are the same.
+    static std::map<std::size_t, std::vector<definingSum::Complex>> spectra;
+    auto& expected = spectra[x.size()];
+    if (expected.empty())
+        expected = definingSum::spectrum(x, definingSum::roots(x.size()));
     fftTest::Samples f(x.size());
     for (std::size_t k = 0; k <= x.size() / 2; ++k) {
         f[k] = double(bin(k).real());

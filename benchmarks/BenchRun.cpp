@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "BenchRun.h"
+
+#include "support/MainWindowProbe.h"
+
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+
+#include <chrono>
+
+namespace {
+
+using Probe = MainWindowProbe;
+using Clock = std::chrono::steady_clock;
+
+double secondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+// The second call finds what the first one posted.
+void comeToRest()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+}
+
+} // namespace
+
+BenchRun::BenchRun(const RunSettings& settings)
+{
+    Probe::comboBoxSoundType(m_window)->setCurrentIndex(settings.soundType);
+    Probe::comboBoxMainParameter(m_window)->setCurrentIndex(settings.mainParameter);
+    for (QLineEdit* field :
+        {Probe::lineEditStdDuration(m_window), Probe::lineEditDevDuration(m_window)}) {
+        field->setText(QString::number(settings.duration));
+    }
+    Probe::lineEditSamplingRate(m_window)->setText(QString::number(settings.rate));
+    Probe::lineEditNReversals(m_window)->setText("1000000");
+    Probe::lineEditSilentInterval(m_window)->setText("3600000"); // no tick comes in between
+    if (settings.isShown) {
+        m_window.setGeometry(QGuiApplication::primaryScreen()->geometry());
+        m_window.show();
+    }
+    comeToRest();
+    Probe::pushButtonView(m_window)->click();
+    Probe::pushButtonGo(m_window)->click();
+    m_window.updateMainwindow(0);
+    comeToRest();
+}
+
+void BenchRun::respond()
+{
+    const Data& data = Probe::data(m_window);
+    const bool isCorrect = data.nTrials % 5 != 0;
+    const int other = 5 - data.deviantPosition;
+    m_window.updateMainwindow(isCorrect ? data.deviantPosition : other);
+}
+
+void BenchRun::advanceTo(int trial)
+{
+    while (Probe::data(m_window).nTrials < trial) {
+        respond();
+    }
+    comeToRest();
+}
+
+BenchRun::Turnaround BenchRun::answer()
+{
+    Turnaround turnaround = {};
+    const Clock::time_point computingStart = Clock::now();
+    m_window.genWav();
+    m_window.genFFT();
+    turnaround.computing = secondsSince(computingStart);
+    const Clock::time_point start = Clock::now();
+    respond();
+    turnaround.armed = secondsSince(start);
+    comeToRest();
+    turnaround.free = secondsSince(start);
+    return turnaround;
+}

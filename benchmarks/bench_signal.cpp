@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "BenchRun.h"
+#include "signal/FFTReal.h"
+#include "signal/SignalConstants.h"
+#include "support/MainWindowProbe.h"
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <cmath>
+
+namespace {
+
+using Probe = MainWindowProbe;
+
+RunSettings settingsOf(int soundType)
+{
+    RunSettings settings;
+    settings.soundType = soundType;
+    settings.mainParameter
+        = soundType == noiseCarrier ? modulationDepthParameter : carrierFrequencyParameter;
+    settings.isShown = false;
+    return settings;
+}
+
+// A trial's: the deviant, and the standard's level.
+void genWav(benchmark::State& state, int soundType)
+{
+    BenchRun run(settingsOf(soundType));
+    for (auto _ : state) {
+        run.window().genWav();
+        benchmark::ClobberMemory();
+    }
+}
+BENCHMARK_CAPTURE(genWav, noise, noiseCarrier)->Name("genWav/noise");
+BENCHMARK_CAPTURE(genWav, sinusoid, sinusoidCarrier)->Name("genWav/sinusoid");
+
+// The library calls of a sound and nothing else: one of the carrier and one cos a sample.
+template <typename Carrier> void bareLoop(benchmark::State& state, const Carrier& carrier)
+{
+    const Data data;
+    const double fs = data.fs;
+    const double modulation = data.mf[deviant] * twoPi;
+    const double phase = data.mfPhase[deviant];
+    QVector<double> calls(data.nSamples[deviant]);
+    double* const call = calls.data();
+    for (auto _ : state) {
+        for (int k = 0; k < calls.size(); ++k) {
+            call[k] = carrier(k) * std::cos(k * modulation / fs + phase);
+        }
+        benchmark::ClobberMemory();
+    }
+}
+
+void bareNoise(benchmark::State& state)
+{
+    bareLoop(state, [](int /*k*/) { return double(qrand()); });
+}
+BENCHMARK(bareNoise)->Name("bare loop/noise");
+
+void bareSinusoid(benchmark::State& state)
+{
+    const Data data;
+    bareLoop(state,
+        [fs = data.fs, frequency = data.cf[deviant] * twoPi, phase = data.cfPhase[deviant]](
+            int k) { return std::sin(k * frequency / fs + phase); });
+}
+BENCHMARK(bareSinusoid)->Name("bare loop/sinusoid");
+
+void genFFT(benchmark::State& state)
+{
+    BenchRun run(settingsOf(noiseCarrier));
+    for (auto _ : state) {
+        run.window().genFFT();
+        benchmark::ClobberMemory();
+    }
+}
+BENCHMARK(genFFT);
+
+// What genFFT is made of: for each sound a transform, built and done, and for each bin one square
+// root and one arc tangent.
+void spectrumParts(benchmark::State& state)
+{
+    BenchRun run(settingsOf(noiseCarrier));
+    MainWindow& window = run.window();
+    const qint64 length = Probe::fftLength(window)[deviant];
+    const int half = int(length / 2);
+    QVector<double> blocks[] = {Probe::standardSound(window), Probe::deviantSound(window)};
+    QVector<double> f(half * 2);
+    QVector<double> amplitude(half);
+    QVector<double> phase(half);
+    for (QVector<double>& block : blocks) {
+        block.resize(half * 2);
+    }
+    for (auto _ : state) {
+        for (const QVector<double>& block : blocks) {
+            const FFTReal<double> transform(length);
+            transform.do_fft(f.data(), block.constData());
+            const double* const real = f.constData();
+            const double* const imaginary = real + half;
+            std::transform(real, imaginary, amplitude.begin(),
+                [](double x) { return std::sqrt(std::abs(x)); });
+            std::transform(imaginary, imaginary + half, real, phase.begin(),
+                [](double y, double x) { return std::atan2(y, x); });
+            benchmark::ClobberMemory();
+        }
+    }
+}
+BENCHMARK(spectrumParts)->Name("genFFT/parts");
+
+} // namespace

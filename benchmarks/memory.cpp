@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/MainWindowProbe.h"
+#include "support/RunDriver.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QLoggingCategory>
+
+#include <iostream>
+
+namespace {
+
+using Probe = MainWindowProbe;
+
+// Resident memory of this process and what of it is shared with the display, KiB.
+void writeMemory()
+{
+    QFile status("/proc/self/status");
+    status.open(QIODevice::ReadOnly);
+    const QString text = QString::fromLatin1(status.readAll());
+    for (const char* const field : {"VmRSS:", "RssShmem:"}) {
+        std::cout << text.section(field, 1).section("kB", 0, 0).toLongLong() << ' ';
+    }
+    std::cout << '\n';
+}
+
+// Alternate answers are the shortest way to the last reversal.
+void playRun(MainWindow& window)
+{
+    window.refreshMainWindow();
+    RunDriver run(window);
+    run.open();
+    run.beReady();
+    const Data& data = Probe::data(window);
+    while (data.reversalCount < data.nReversals) {
+        run.playTrial();
+        run.answerRightly(data.nTrials % 2 == 0);
+    }
+    QCoreApplication::processEvents();
+    Probe::subjectWindow(window)->hide();
+}
+
+} // namespace
+
+// Writes the memory after start-up and after each run, a line each.
+int main(int argc, char* argv[])
+{
+    const QApplication application(argc, argv);
+    QLoggingCategory::setFilterRules("*.debug=false");
+    MainWindow window;
+    window.show();
+    QCoreApplication::processEvents();
+    writeMemory();
+    constexpr int nRuns = 100;
+    for (int i = 0; i < nRuns; ++i) {
+        playRun(window);
+        writeMemory();
+    }
+    return 0;
+}

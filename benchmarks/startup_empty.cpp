@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FirstPaint.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QScreen>
+#include <QtCharts/QChart>
+#include <QtCharts/QChartView>
+
+// The least that a program with five charts can be: empty ones, in a window of the same size.
+int main(int argc, char* argv[])
+{
+    const QApplication application(argc, argv);
+    QWidget window;
+    QGridLayout grid(&window);
+    constexpr int nCharts = 5;
+    for (int i = 0; i < nCharts; ++i) {
+        auto* const view = new QtCharts::QChartView(new QtCharts::QChart);
+        view->setRenderHint(QPainter::Antialiasing);
+        const bool isLast = i == nCharts - 1;
+        grid.addWidget(view, i / 2, i % 2, 1, isLast ? 2 : 1);
+    }
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    window.resize(screen.width() * 8 / 10, screen.height() * 9 / 10);
+    const FirstPaint firstPaint(window);
+    window.show();
+    return QApplication::exec();
+}
