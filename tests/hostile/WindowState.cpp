@@ -71,7 +71,8 @@ Numbers signalsOf(MainWindow& window)
         {"time axis", Probe::timeAxis(window)},
         {"standard", Probe::standardSound(window)},
         {"deviant", Probe::deviantSound(window)},
-        {"ranges", Probe::standardRange(window) + Probe::deviantRange(window)},
+        {"standard's range", Probe::standardRange(window)},
+        {"deviant's range", Probe::deviantRange(window)},
         {"transform lengths", {lengths.begin(), lengths.end()}},
         {"transform durations", Probe::fftDuration(window)},
         {"resolutions", Probe::frequencyResolution(window)},
@@ -80,9 +81,10 @@ Numbers signalsOf(MainWindow& window)
         {"deviant's amplitudes", Probe::deviantAmplitude(window)},
         {"standard's phases", Probe::standardPhase(window)},
         {"deviant's phases", Probe::deviantPhase(window)},
-        {"amplitude ranges",
-            Probe::standardAmplitudeRange(window) + Probe::deviantAmplitudeRange(window)},
-        {"trend", Probe::trendX(window) + Probe::trendY(window)},
+        {"standard's amplitude range", Probe::standardAmplitudeRange(window)},
+        {"deviant's amplitude range", Probe::deviantAmplitudeRange(window)},
+        {"trend's trials", Probe::trendX(window)},
+        {"trend's values", Probe::trendY(window)},
         {"trend's limits", {Probe::trendYMin(window), Probe::trendYMax(window)}},
     };
 }
@@ -129,9 +131,14 @@ Numbers controlsOf(MainWindow& window)
 WindowState stateOf(MainWindow& window)
 {
     const Data& data = Probe::data(window);
-    WindowState state = {recordOf(data) + signalsOf(window) + chartsOf(window) + controlsOf(window),
+    WindowState state = {{},
         {data.outputDir, data.subCode, data.fileName, Probe::lineEditFilePath(window)->text(),
             Probe::lineEditFileName(window)->text(), Probe::trendAxisY(window)->titleText()}};
+    for (const Numbers& group :
+        {recordOf(data), signalsOf(window), chartsOf(window), controlsOf(window)}) {
+        for (const auto& entry : group)
+            state.numbers.append(entry);
+    }
     for (const PanelField& field : panelFields())
         state.texts.append(textOf(window, field.name));
     return state;
