@@ -40,6 +40,9 @@ void MainWindow::on_pushButtonGo_clicked()
     soundIndex = 0;
     setPlaybackRate();
 
+    if (subjectWindow != nullptr) {
+        subjectWindow->giveUpPicture(); // 1.4 MB a run at 1920 x 1080
+    }
     subjectWindow = new SubjectWindow(this);
     connect(subjectWindow, SIGNAL(subjectResponded(int)), this, SLOT(updateMainwindow(int)));
     connect(subjectWindow, SIGNAL(subjectWindowClosed()), this, SLOT(refreshMainWindow()));

@@ -195,6 +195,13 @@ void SubjectWindow::disableAllChoiceButtons()
     }
 }
 
+void SubjectWindow::giveUpPicture()
+{
+    if (!isVisible()) {
+        destroy();
+    }
+}
+
 std::array<QPushButton*, 4> SubjectWindow::choiceButtons() const
 {
     return {pushButtonChoice1, pushButtonChoice2, pushButtonChoice3, pushButtonChoice4};

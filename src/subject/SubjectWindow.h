@@ -45,6 +45,9 @@ public:
     void centerAndResizeSubjectWindow(bool center, double widthPart, double heightPart);
     /// Disables the four interval buttons.
     void disableAllChoiceButtons();
+    /// Gives back what the window system keeps for a hidden window, its picture above all. Does
+    /// nothing while the window is shown; showing it makes all of that anew.
+    void giveUpPicture();
 
 protected:
     /// The keys 2 and 3 answer, Return and Enter press "I am ready" or "Done": at once, and only

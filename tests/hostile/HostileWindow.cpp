@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "hostile/HostileWindow.h"
+
+#include "hostile/ProcessUse.h"
+#include "support/MainWindowProbe.h"
+#include "support/WindowWidgets.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QPushButton>
+
+using Probe = MainWindowProbe;
+
+HostileWindow::HostileWindow(bool isShown, int transformLength)
+    : m_driver(m_window)
+{
+    Probe::fftLength(m_window) = {transformLength, transformLength};
+    m_window.setVisible(isShown);
+}
+
+void HostileWindow::type(const PanelField& field, const HostileText& text)
+{
+    Probe::checkBoxResetMdFd(m_window)->setChecked(false);
+    step(field.name, [&] { ::type(m_window, field.name, text.text); });
+    perform('V');
+    perform('E');
+}
+
+void HostileWindow::undergo(const Combination& combination)
+{
+    choose(combination);
+    for (const auto& entry : combination.texts) {
+        step(entry.first.name, [&] { ::type(m_window, entry.first.name, entry.second.text); });
+    }
+    for (const QChar letter : combination.steps)
+        perform(letter);
+}
+
+void HostileWindow::choose(const Combination& combination)
+{
+    Probe::comboBoxSesType(m_window)->setCurrentIndex(combination.sesType);
+    Probe::comboBoxSoundType(m_window)->setCurrentIndex(combination.soundType);
+    Probe::comboBoxMainParameter(m_window)->setCurrentIndex(combination.mainParameter);
+    Probe::checkBoxResetMdFd(m_window)->setChecked(combination.resetsDeviant);
+    Probe::checkBoxSaveData(m_window)->setChecked(combination.saves);
+}
+
+void HostileWindow::perform(QChar letter)
+{
+    step(letter, [&] {
+        switch (letter.unicode()) {
+        case 'V':
+            Probe::pushButtonView(m_window)->click();
+            break;
+        case 'G':
+            Probe::pushButtonGo(m_window)->click();
+            break;
+        case 'E':
+            QCoreApplication::processEvents();
+            break;
+        default:
+            performInRun(letter);
+        }
+    });
+}
+
+void HostileWindow::performInRun(QChar letter)
+{
+    switch (letter.unicode()) {
+    case 'R':
+        m_driver.beReady();
+        break;
+    case 't':
+        m_driver.startSound();
+        break;
+    case 'i':
+        m_driver.endSound();
+        break;
+    case 's':
+        m_window.handleStateChanged(QAudio::StoppedState);
+        break;
+    case 'N':
+        closeSubject(QMessageBox::No);
+        break;
+    case 'C':
+        closeSubject(QMessageBox::Yes);
+        break;
+    default:
+        m_driver.answer(letter.digitValue());
+    }
+}
+
+void HostileWindow::closeSubject(QMessageBox::StandardButton answer)
+{
+    m_boxes.answerNext(answer);
+    Probe::subjectWindow(m_window)->close();
+}
+
+WindowState HostileWindow::stateWhenMended()
+{
+    typeGoodTexts(m_window);
+    qsrand(1);
+    perform('V');
+    return stateOf(m_window);
+}
+
+WindowState HostileWindow::stateAfterATrial()
+{
+    stateWhenMended();
+    perform('G');
+    perform('R');
+    m_driver.playTrial();
+    Probe::timerReaction(m_window)->invalidate(); // the answer counts 0 ms
+    m_driver.answerRightly(true);
+    const WindowState state = stateOf(m_window);
+    perform('C');
+    return state;
+}
+
+void HostileWindow::step(const QString& name, const std::function<void()>& action)
+{
+    const double start = processorSeconds();
+    action();
+    const double seconds = processorSeconds() - start;
+    if (seconds > m_longestStep) {
+        m_longestStep = seconds;
+        m_longestStepName = name;
+    }
+}

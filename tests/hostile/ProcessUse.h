@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QtGlobal>
+
+// What the running program takes of the machine. The figures that the kernel gives are read from
+// its own account of the process.
+
+/// The processor's time that the program has had so far, s. Other programs do not add to it.
+double processorSeconds();
+
+/// Memory in use, bytes: pages in memory; with the address sanitizer, which keeps freed memory for
+/// a while, what is allocated.
+qint64 memoryInUse();
+
+/// The most pages that were in memory at one time, bytes.
+qint64 peakMemory();
+
+/// Files, sockets and pipes that are open.
+int openDescriptors();
+
+/// How much more time and memory this build may take than an optimised one without sanitizers.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr int allowanceForTheBuild = 3;
+#elif !defined(__OPTIMIZE__)
+constexpr int allowanceForTheBuild = 5;
+#else
+constexpr int allowanceForTheBuild = 1;
+#endif
