@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-/// The longest sound in samples: 105 s at 40 kHz. Whatever is typed, memory stays bounded and View
-/// takes less than 2 s.
-constexpr int longestSound = 1 << 22;
+/// The longest sound in samples: 209 s at 40 kHz. Whatever is typed, memory and time stay bounded.
+constexpr int longestSound = 1 << 23;
 
 /// The most points that a chart plots of a sound; with more the charts stop answering.
 constexpr int mostPlottedPoints = 100000;

@@ -58,9 +58,9 @@ private slots:
         QTest::newRow("no rate") << 0.0 << 0.6 << 0;
         QTest::newRow("negative duration") << 40000.0 << -0.01 << -400;
         QTest::newRow("negative part of a sample") << 3.0 << -0.5 << -2;
-        QTest::newRow("longest") << 4194304.0 << 1.0 << 4194304;
-        QTest::newRow("longer than the longest") << 4194305.0 << 1.0 << 4194304;
-        QTest::newRow("infinite") << infinity << 1.0 << 4194304;
+        QTest::newRow("longest") << 8388608.0 << 1.0 << 8388608;
+        QTest::newRow("longer than the longest") << 8388609.0 << 1.0 << 8388608;
+        QTest::newRow("infinite") << infinity << 1.0 << 8388608;
         QTest::newRow("not a number") << infinity << 0.0 << 0;
         QTest::newRow("minus infinite") << -infinity << 1.0 << lowest;
     }
@@ -85,8 +85,8 @@ private slots:
         QTest::newRow("no sound") << 40000.0 << 0.05 << 0 << 0;
         QTest::newRow("negative count of samples") << 40000.0 << 0.05 << -400 << -400;
         QTest::newRow("negative rate") << -40000.0 << 0.05 << 24000 << -2000;
-        QTest::newRow("as many as a chart takes") << 2000000.0 << 0.05 << 4194304 << 100000;
-        QTest::newRow("more than a chart takes") << 2000020.0 << 0.05 << 4194304 << 100000;
+        QTest::newRow("as many as a chart takes") << 2000000.0 << 0.05 << 8388608 << 100000;
+        QTest::newRow("more than a chart takes") << 2000020.0 << 0.05 << 8388608 << 100000;
         QTest::newRow("not a number") << notANumber << 0.05 << 24000 << 0;
     }
 
