@@ -110,18 +110,17 @@ private slots:
     void toolTip_namesTheUnit_ofANumber_data()
     {
         QTest::addColumn<QString>("unit");
-        const auto row = [](const char* widget, const char* unit) {
-            QTest::newRow(widget) << QString("\\b%1(?!\\w)").arg(unit);
-        };
+        const auto row
+            = [](const char* widget, const char* unit) { QTest::newRow(widget) << QString(unit); };
         for (const char* widget : {"lineEditStdCarrierFreq", "lineEditDevCarrierFreq",
                  "lineEditStdModFreq", "lineEditDevModFreq", "lineEditStdFreqDiff",
                  "lineEditDevFreqDiff", "lineEditSamplingRate"})
-            row(widget, "Hz");
+            row(widget, "in Hz");
         for (const char* widget : {"lineEditStdModDepth", "lineEditDevModDepth"})
-            QTest::newRow(widget) << "in %,";
+            row(widget, "in %");
         for (const char* widget :
             {"lineEditStdDuration", "lineEditDevDuration", "lineEditSilentInterval"})
-            row(widget, "ms");
+            row(widget, "in ms");
         for (const char* widget :
             {"lineEditNReversals", "lineEditNReversalsToCalc", "lineEditSesNum"})
             row(widget, "Number of");
@@ -132,7 +131,7 @@ private slots:
         QFETCH(QString, unit);
         const MainWindow window;
         const QString toolTip = widgetOf<QLineEdit>(window, QTest::currentDataTag())->toolTip();
-        QVERIFY2(toolTip.contains(QRegularExpression(unit)), qPrintable(toolTip));
+        QVERIFY2(toolTip.contains(unit, Qt::CaseInsensitive), qPrintable(toolTip));
     }
 
     void accessibleName_isThatOfTheLabels_data()

@@ -34,7 +34,8 @@ constexpr double shownReactionTime = 734.5;
 
 template <typename Object> Object& objectNamed(const char* name)
 {
-    for (const QWidget* window : QApplication::topLevelWidgets()) {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (const QWidget* window : windows) {
         if (auto* const found = window->findChild<Object*>(name)) {
             return *found;
         }
