@@ -26,9 +26,9 @@ void MainWindow::genFFT()
 void MainWindow::analyse(
     int stimulus, const QVector<double>& sound, QVector<double>& amplitude, QVector<double>& phase)
 {
-    const Spectrum spectrum = spectrumOf(sound, fftLength[stimulus], data.nSamples[stimulus]);
-    amplitude = spectrum.amplitude;
-    phase = spectrum.phase;
+    Spectrum spectrum = spectrumOf(sound, fftLength[stimulus], data.nSamples[stimulus]);
+    amplitude.swap(spectrum.amplitude);
+    phase.swap(spectrum.phase);
     fftDuration[stimulus] = static_cast<double>(fftLength[stimulus]) / data.fs;
     frequencyResolution[stimulus] = 1 / fftDuration[stimulus];
     overwriteFrequencies(frequencyAxis, amplitude.size(), frequencyResolution[stimulus]);

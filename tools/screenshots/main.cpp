@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
-#include "demo/PsychometricFunction.h"
+#include "psychometrics/PsychometricFunction.h"
 #include "session/Data.h"
 #include "subject/SubjectWindow.h"
 
@@ -28,7 +28,8 @@ namespace {
 
 // A listener whose answers are the same every time.
 constexpr quint64 seed = 20;
-constexpr PsychometricFunction listener = {0.056, 2.5};
+constexpr double listenerThreshold = 0.056;
+constexpr double listenerSlopeDb = 2.5;
 // Answers that take no time have a mean reaction time of nearly 0; a listener's is shown instead.
 constexpr double shownReactionTime = 734.5;
 
@@ -152,7 +153,8 @@ void Guide::answer()
 {
     constexpr double percent = 100.0;
     const double depth = objectNamed<QLineEdit>("lineEditDevModDepth").text().toDouble() / percent;
-    const bool isRight = nextFraction(m_generator) < listener.probabilityRight(depth);
+    const bool isRight = nextFraction(m_generator)
+        < logisticListener(listenerThreshold, listenerSlopeDb).probabilityRight(depth);
     const bool isSecond = MainWindowProbe::deviantPosition(m_window) == 2;
     click(isRight == isSecond ? "pushButtonChoice2" : "pushButtonChoice3");
 }
