@@ -26,7 +26,7 @@ struct Scene {
     ModalBoxes boxes;
 };
 
-SubjectWindow& subjectOf(Scene& scene)
+SubjectWindow& subjectOf(const Scene& scene)
 {
     return *Probe::subjectWindow(*scene.window);
 }
