@@ -138,7 +138,8 @@ void Report::writeCsv()
 
 void Report::writeSummary()
 {
-    for (const Subject& subject : bySubject(m_runs)) {
+    const QVector<Subject> subjects = bySubject(m_runs);
+    for (const Subject& subject : subjects) {
         if (m_options.csvPath != "-") {
             m_output << summaryPage(subject);
         }

@@ -25,13 +25,14 @@ struct Outcome {
 // A folder with results files, in which the program is run.
 class Bench {
 public:
-    void addRun(const QString& name, int mainParameter, unsigned seed, int nReversals = 14)
+    void addRun(const QString& name, int mainParameter, unsigned seed, int nReversals = 14) const
     {
         QDir(path()).mkpath(QFileInfo(path(name)).path());
         fillFile(path(name), resultsFile(simulatedRun(mainParameter, seed, nReversals)));
     }
 
-    Outcome report(const QStringList& arguments, const QString& output = {}, bool inCLocale = false)
+    Outcome report(
+        const QStringList& arguments, const QString& output = {}, bool inCLocale = false) const
     {
         QProcess program;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -83,7 +84,7 @@ class TestReportProgram : public QuietTest {
 private slots:
     void table_isPrinted()
     {
-        Bench bench;
+        const Bench bench;
         bench.addRun(depthName, modulationDepthParameter, 1);
         const Outcome outcome = bench.report({depthName});
         QCOMPARE(outcome.errors, QStringList());
@@ -93,7 +94,7 @@ private slots:
 
     void csv_isPrintedAlone_whenItGoesToStandardOutput()
     {
-        Bench bench;
+        const Bench bench;
         bench.addRun(depthName, modulationDepthParameter, 1);
         bench.addRun(differenceName, carrierFrequencyParameter, 2);
         const Outcome outcome
@@ -105,7 +106,7 @@ private slots:
 
     void csv_isWritten_besideTheTable()
     {
-        Bench bench;
+        const Bench bench;
         bench.addRun(depthName, modulationDepthParameter, 1);
         const Outcome outcome = bench.report({"--csv", "all.csv", depthName});
         QCOMPARE(outcome.output, runTable({bench.runOf(depthName)}));
@@ -115,7 +116,7 @@ private slots:
 
     void names_areUtf8_inAnyLocale()
     {
-        Bench bench;
+        const Bench bench;
         const QString name = QString::fromUtf8("\u00c4\u96ea_test001_noise_modulation depth.txt");
         bench.addRun(name, modulationDepthParameter, 1);
         const Outcome outcome = bench.report({name}, {}, true);
@@ -126,7 +127,7 @@ private slots:
 
     void badFiles_areReported_andTheOthersProcessed()
     {
-        Bench bench;
+        const Bench bench;
         bench.addRun("good.txt", modulationDepthParameter, 1);
         bench.addRun("short.txt", modulationDepthParameter, 1, 13);
         bench.addRun("a\nb.txt", carrierFrequencyParameter, 1, 2);
@@ -157,7 +158,7 @@ private slots:
 
     void tracksOfTheSimulator_areRead()
     {
-        Bench bench;
+        const Bench bench;
         QProcess simulator;
         simulator.start(SIMULATE_PROGRAM,
             {"--runs", "20", "--tracks", "20", "--track", bench.path(), "--subject", "T",
@@ -173,7 +174,7 @@ private slots:
 
     void rule_isThatOfTheOptions()
     {
-        Bench bench;
+        const Bench bench;
         bench.addRun("run.txt", modulationDepthParameter, 1, 20);
         const Outcome twenty
             = bench.report({"--reversals", "20", "--last", "12", "--csv", "-", "run.txt"});
@@ -191,7 +192,7 @@ private slots:
 
     void longRun_isNoted_butNotWrong()
     {
-        Bench bench;
+        const Bench bench;
         bench.addRun("run.txt", modulationDepthParameter, 1, 20);
         const int line = bench.runOf("run.txt").reversalTrials[13] + 2;
         const Outcome outcome = bench.report({"run.txt"});
@@ -214,7 +215,7 @@ private slots:
     {
         QFETCH(QString, format);
         QFETCH(QByteArray, begin);
-        Bench bench;
+        const Bench bench;
         bench.addRun(depthName, modulationDepthParameter, 1);
         bench.addRun("other/" + depthName, modulationDepthParameter, 2);
         bench.addRun("x.dat", carrierFrequencyParameter, 3);
@@ -236,7 +237,7 @@ private slots:
 
     void nothingIsLeft_whenAnOutputCannotBeWritten()
     {
-        Bench bench;
+        const Bench bench;
         bench.addRun("run.txt", modulationDepthParameter, 1);
         fillFile(bench.path("file"), "kept");
         const Outcome csv = bench.report({"--csv", "missing/all.csv", "run.txt"});
@@ -258,7 +259,7 @@ private slots:
 
     void nothingIsWritten_withoutARun()
     {
-        Bench bench;
+        const Bench bench;
         const Outcome outcome = bench.report({"--csv", "all.csv", "."});
         QCOMPARE(outcome.errors, QStringList(".: there is no results file (*.txt) in the folder"));
         QCOMPARE(outcome.output, QString());
@@ -268,13 +269,14 @@ private slots:
 
     void helpAndVersion_arePrinted()
     {
-        Bench bench;
+        const Bench bench;
         QCOMPARE(bench.report({"--version"}).output, QString("quorin-report " QUORIN_VERSION "\n"));
         QCOMPARE(bench.report({"--version"}).status, 0);
         const Outcome help = bench.report({"--help"});
         QCOMPARE(help.status, 0);
-        for (const QString option : {"--reversals <n>", "--last <n>", "--csv <file>",
-                 "--plot <folder>", "--format <format>", "--summary", "--help", "--version"}) {
+        const QStringList options {"--reversals <n>", "--last <n>", "--csv <file>",
+            "--plot <folder>", "--format <format>", "--summary", "--help", "--version"};
+        for (const QString& option : options) {
             QVERIFY2(help.output.contains(option), qPrintable(option));
         }
     }
@@ -302,7 +304,7 @@ private slots:
     {
         QFETCH(QStringList, arguments);
         QFETCH(QString, error);
-        Bench bench;
+        const Bench bench;
         bench.addRun("run.txt", modulationDepthParameter, 1);
         const QByteArray before = contentOf(bench.path("run.txt"));
         const Outcome outcome = bench.report(arguments);

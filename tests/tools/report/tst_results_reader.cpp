@@ -104,7 +104,7 @@ private slots:
             QByteArray(written).replace("-0.000000", "0.000000"));
     }
 
-    void damage_isFound_data()
+    void damagedFile_isRefused_data()
     {
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QString>("complaint");
@@ -138,6 +138,23 @@ private slots:
             << line("25.000000\t2\t2\t1\t73\t") << "3 5 columns are needed, not 6";
         QTest::newRow("blanks for tabs")
             << line("25.000000 2 2 1 73") << "3 5 columns are needed, not 1";
+        QTest::newRow("last line damaged") << header + good + "25.000000\t2\t2\t1\t7x\r\n"
+                                           << "3 \"7x\" is not a reaction time in ms";
+    }
+
+    void damagedFile_isRefused()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QString, complaint);
+        QCOMPARE(complaintOf(file), complaint);
+    }
+
+    void damagedField_isRefused_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("complaint");
+        const auto line = [](const char* text) { return header + good + text + "\r\n" + good; };
+
         QTest::newRow("value without decimals")
             << line("25\t2\t2\t1\t73") << "3 \"25\" is not a value with 6 decimals";
         QTest::newRow("value with a comma")
@@ -175,16 +192,9 @@ private slots:
             << line("25.000000\t2\t2\t1\t1234567") << "3 \"1234567\" is not a reaction time in ms";
         QTest::newRow("no reaction time")
             << line("25.000000\t2\t2\t1\t") << "3 \"\" is not a reaction time in ms";
-        QTest::newRow("last line damaged") << header + good + "25.000000\t2\t2\t1\t7x\r\n"
-                                           << "3 \"7x\" is not a reaction time in ms";
     }
 
-    void damage_isFound()
-    {
-        QFETCH(QByteArray, file);
-        QFETCH(QString, complaint);
-        QCOMPARE(complaintOf(file), complaint);
-    }
+    void damagedField_isRefused() { damagedFile_isRefused(); }
 
     void zeroByte_isDamage_inEveryColumn()
     {
