@@ -128,9 +128,9 @@ private slots:
         MainWindow window;
         window.show();
         shortenSounds(window);
-        type(window, "lineEditNReversals", "6");
+        type(window, "lineEditNReversals", "4");
         const RunOutcome first = play(window, answers);
-        QCOMPARE(Probe::data(window).reversalCount, 6);
+        QCOMPARE(Probe::data(window).reversalCount, 4);
         LeftOver afterTen = {};
         for (int run = 2; run <= 100; ++run) {
             QVERIFY2(play(window, answers) == first, qPrintable(QString("run %1").arg(run)));
