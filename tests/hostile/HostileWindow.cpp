@@ -114,7 +114,7 @@ WindowState HostileWindow::stateAfterATrial()
     m_driver.playTrial();
     Probe::timerReaction(m_window)->invalidate(); // the answer counts 0 ms
     m_driver.answerRightly(true);
-    const WindowState state = stateOf(m_window);
+    WindowState state = stateOf(m_window);
     perform('C');
     return state;
 }

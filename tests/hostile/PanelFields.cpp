@@ -72,7 +72,7 @@ const QVector<HostileText>& hostileTexts()
         {"control characters", QString::fromLatin1("1\0\x01\x07\b\t\n\r\x1b[31m\x7f", 13)},
         {"emoji", QString::fromUtf8("\U0001f600")},
         {"half an emoji", QString(QChar(0xd83d))},
-        {"right to left", QString::fromUtf8("\u202e1000")},
+        {"right to left", QString(QChar(0x202e)) + "1000"},
         {"percent signs", "%s%n%1"},
         {"folders up", "../../x"},
     });

@@ -153,7 +153,7 @@ QString difference(const WindowState& a, const WindowState& b)
     }
     for (int i = 0; i < a.texts.size(); ++i) {
         if (a.texts[i] != b.texts[i])
-            return QString("\"%1\" instead of \"%2\"").arg(a.texts[i], b.texts[i]);
+            return QString("<%1> instead of <%2>").arg(a.texts[i], b.texts[i]);
     }
     return {};
 }

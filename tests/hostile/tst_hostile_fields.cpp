@@ -12,8 +12,8 @@
 namespace {
 
 // A user takes more for a hang.
-constexpr double longestStepSeconds = 2.0 * allowanceForTheBuild;
-constexpr qint64 mostMemory = (qint64(1) << 30) * allowanceForTheBuild;
+constexpr double longestStepSeconds = 2.0 * timeAllowance;
+constexpr qint64 mostMemory = (qint64(1) << 30) * memoryAllowance;
 
 constexpr int usualTransform = 32768;
 constexpr int shortTransform = 1024; // View then takes half the time
