@@ -28,7 +28,7 @@ def medians(folder, name):
 
 def table(title, heading, rows):
     """Prints a Markdown table; the first column is text, the others are figures."""
-    print(f"\n### {title}\n")
+    print(f"\n## {title}\n")
     print("| " + " | ".join(str(cell) for cell in heading) + " |")
     print("|---" + "|--:" * (len(heading) - 1) + "|")
     for row in rows:
