@@ -22,13 +22,14 @@ def medians(folder, name):
         if entry.get("aggregate_name") == "median":
             unit = seconds[entry["time_unit"]]
             key = entry["run_name"].split("/iterations:")[0]
-            result[key] = entry | {"cpu": entry["cpu_time"] * unit, "real": entry["real_time"] * unit}
+            times = {"cpu": entry["cpu_time"] * unit, "real": entry["real_time"] * unit}
+            result[key] = entry | times
     return result
 
 
 def table(title, heading, rows):
     """Prints a Markdown table; the first column is text, the others are figures."""
-    print(f"\n### {title}\n")
+    print(f"\n## {title}\n")
     print("| " + " | ".join(str(cell) for cell in heading) + " |")
     print("|---" + "|--:" * (len(heading) - 1) + "|")
     for row in rows:
@@ -65,13 +66,15 @@ def transform(folder):
     table("Transform, µs", ["", *lengths, "ratio at 32768"], rows)
 
     rows = []
-    for label, name in (("FFTReal", "FFTReal/transform"), ("FFTW, half-complex", "FFTW/execute measured"),
+    for label, name in (("FFTReal", "FFTReal/transform"),
+                        ("FFTW, half-complex", "FFTW/execute measured"),
                         ("Kiss FFT", "Kiss FFT/execute")):
         if f"{name}/32768" in results:
             errors = [results[f"{name}/{n}"]["rms"] for n in lengths]
             rows.append([label, *(figure(error * 1e16) for error in errors)])
     if len(rows) > 1 and rows[1][0].startswith("FFTW"):
-        rows.append(["FFTReal / FFTW", *(figure(float(a) / float(b)) for a, b in zip(rows[0][1:], rows[1][1:]))])
+        ratios = (float(ours) / float(theirs) for ours, theirs in zip(rows[0][1:], rows[1][1:]))
+        rows.append(["FFTReal / FFTW", *map(figure, ratios)])
     table("RMS error of the transform, 10⁻¹⁶ of the spectrum's RMS", ["", *lengths], rows)
 
 
@@ -82,7 +85,8 @@ def signal(folder):
                               ("`genWav`, sinusoid trial", "genWav/sinusoid", "bare loop/sinusoid"),
                               ("`genFFT`", "genFFT", "genFFT/parts")):
         time, least = results[name]["cpu"], results[bare]["cpu"]
-        rows.append([label, figure(time * MICRO, 0), figure(least * MICRO, 0), figure(time / least)])
+        times = (figure(time * MICRO, 0), figure(least * MICRO, 0))
+        rows.append([label, *times, figure(time / least)])
     table("Sounds and spectra, µs", ["", "time", "its library calls alone", "ratio"], rows)
 
 
@@ -96,8 +100,10 @@ def turnaround(folder):
 
     heading = ["computing", "until the timer runs", "until all is repainted"]
     table("From an answer to the next trial, ms", ["", *heading], rows("turnaround/", True))
-    table("Growth with the duration (ms), ms", ["duration", *heading[:2]], rows("growth/duration/", False))
-    table("Growth with the sampling rate (Hz), ms", ["rate", *heading[:2]], rows("growth/rate/", False))
+    table("Growth with the duration (ms), ms", ["duration", *heading[:2]],
+          rows("growth/duration/", False))
+    table("Growth with the sampling rate (Hz), ms", ["rate", *heading[:2]],
+          rows("growth/rate/", False))
     table("Growth with the trial, ms", ["trial", *heading], rows("growth/trial/", True))
 
 
@@ -109,8 +115,10 @@ def startup(folder):
         lab, empty = times[f"lab/{state}"], times[f"empty/{state}"]
         if lab:
             lab, empty = statistics.median(lab), statistics.median(empty)
-            rows.append([state, figure(lab * MILLI, 0), figure(empty * MILLI, 0), figure(lab / empty)])
-    table("Start-up to the first painted window, ms", ["", "Quorin Lab", "five empty charts", "ratio"], rows)
+            times = (figure(lab * MILLI, 0), figure(empty * MILLI, 0))
+            rows.append([state, *times, figure(lab / empty)])
+    table("Start-up to the first painted window, ms",
+          ["", "Quorin Lab", "five empty charts", "ratio"], rows)
 
 
 def memory(folder):

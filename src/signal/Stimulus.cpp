@@ -4,64 +4,66 @@
 #include "signal/SignalConstants.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace {
 
-// Sounds are made block by block: around the library calls, the arithmetic of a block goes through
-// the vector unit, with the same results as one sample at a time.
-constexpr int blockLength = 256;
+struct Oscillation {
+    double circularFrequency;
+    double fs;
+    double phase;
 
-// The angles of samples start to start + n - 1, grouped as k * (f * 2pi) / fs: other groupings
-// differ in the last bits.
-void fillAngles(double* angles, int start, int n, double frequency, double fs, double phase)
+    // Grouped as k * (f * 2pi) / fs: other groupings differ in the last bits.
+    double angle(int k) const { return k * circularFrequency / fs + phase; }
+};
+
+// Carrier and modulator of samples start to start + n - 1.
+template <typename Carrier>
+void oscillate(double* carriers, double* modulators, int start, int n, Oscillation modulation,
+    const Carrier& carrier)
 {
-    const double circular = frequency * twoPi;
     for (int i = 0; i < n; ++i) {
-        angles[i] = (start + i) * circular / fs + phase;
+        carriers[i] = carrier(start + i);
+        modulators[i] = std::cos(modulation.angle(start + i));
     }
 }
 
-// The carrier's call and the modulator's stand side by side, so that one works while the other
-// waits.
-template <typename Call> void callEach(double* carrier, double* modulator, int n, Call call)
+void oscillate(
+    double* carriers, double* modulators, int start, int n, const Data& data, int stimulus)
 {
-    for (int i = 0; i < n; ++i) {
-        carrier[i] = call(carrier[i]);
-        modulator[i] = std::cos(modulator[i]);
-    }
-}
-
-// Carriers of samples start to start + n - 1; the modulators' angles become the modulators.
-void oscillate(double* carrier, double* modulator, int start, int n, const Data& data, int stimulus)
-{
+    const Oscillation modulation = {data.mf[stimulus] * twoPi, data.fs, data.mfPhase[stimulus]};
+    const Oscillation tone = {data.cf[stimulus] * twoPi, data.fs, data.cfPhase[stimulus]};
     switch (data.soundType) {
     case sinusoidCarrier:
-        fillAngles(carrier, start, n, data.cf[stimulus], data.fs, data.cfPhase[stimulus]);
-        callEach(carrier, modulator, n, [](double angle) { return std::sin(angle); });
+        oscillate(carriers, modulators, start, n, modulation,
+            [tone](int k) { return std::sin(tone.angle(k)); });
         break;
     case noiseCarrier:
-        callEach(carrier, modulator, n, [](double /*angle*/) {
+        oscillate(carriers, modulators, start, n, modulation, [](int /*k*/) {
             const double u = qrand() / largestDraw;
             return u + u - 1;
         });
         break;
     default:
-        callEach(carrier, modulator, n, [](double /*angle*/) { return 0.0; });
+        oscillate(carriers, modulators, start, n, modulation, [](int /*k*/) { return 0.0; });
     }
 }
 
-// The product is (envelope * amplitude) * carrier, then the normalisation.
+constexpr int blockLength = 256;
+
+// The library calls of a block come first, so that its products go through the vector unit: the
+// envelope times the amplitude, times the carrier, times the normalisation.
 void fillBlock(double* samples, int start, int n, const Data& data, int stimulus)
 {
-    double modulator[blockLength];
-    fillAngles(modulator, start, n, data.mf[stimulus], data.fs, data.mfPhase[stimulus]);
-    oscillate(samples, modulator, start, n, data, stimulus);
+    std::array<double, blockLength> block;
+    double* const modulators = block.data();
+    oscillate(samples, modulators, start, n, data, stimulus);
     const double depth = data.md[stimulus];
     const double amplitude = data.amp[stimulus];
     const double normalisation = data.normalizeMd ? 1 / (depth + 1) : 1.0;
     for (int i = 0; i < n; ++i) {
-        samples[i] = (modulator[i] * depth + 1) * amplitude * samples[i] * normalisation;
+        samples[i] = (modulators[i] * depth + 1) * amplitude * samples[i] * normalisation;
     }
 }
 
@@ -89,10 +91,9 @@ double levelRatio(const QVector<double>& a, const QVector<double>& b)
 QVector<double> synthesised(const Data& data, int stimulus)
 {
     QVector<double> sound(std::max(data.nSamples[stimulus], 0));
-    double* const samples = sound.data();
     for (int start = 0; start < sound.size(); start += blockLength) {
         const int n = std::min(blockLength, sound.size() - start);
-        fillBlock(samples + start, start, n, data, stimulus);
+        fillBlock(sound.data() + start, start, n, data, stimulus);
     }
     return sound;
 }

@@ -99,7 +99,7 @@ private slots:
         QVERIFY2(server.start(), qUtf8Printable(server.errorText()));
         SoundRecorder recorder(server);
         QVERIFY2(recorder.start(), qUtf8Printable(recorder.errorText()));
-        Listener listener(recorder, {0.056, 2.5}, 1);
+        Listener listener(recorder, logisticListener(0.056, 2.5), 1);
         QCOMPARE(listener.hear(), 0);
         QCOMPARE(listener.errorText(), QString("0 sounds were heard instead of four"));
     }
