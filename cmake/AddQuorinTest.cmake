@@ -37,6 +37,14 @@ function(quorin_add_test name source)
       "UBSAN_OPTIONS=print_stacktrace=1")
   endif()
 
+  # The tests that run under valgrind are built by themselves there.
+  if(arg_LABELS MATCHES "(^|;)(unit|valgrind)(;|$)")
+    if(NOT TARGET valgrind_tests)
+      add_custom_target(valgrind_tests)
+    endif()
+    add_dependencies(valgrind_tests ${target})
+  endif()
+
   if("audio" IN_LIST arg_LABELS)
     set(alone ON)
   else()
