@@ -37,6 +37,8 @@ void playRun(MainWindow& window)
         run.answerRightly(data.nTrials % 2 == 0);
     }
     QCoreApplication::processEvents();
+    // Outside an event loop, what is to be deleted later waits for this.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     Probe::subjectWindow(window)->hide();
 }
 

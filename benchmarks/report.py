@@ -130,8 +130,22 @@ def memory(folder):
     table("Resident memory, MiB", ["", "all", "window images in it"], rows)
 
 
+def companions(folder):
+    simulate = medians(folder, "simulate")
+    rows = [[label, figure(simulate[name]["items_per_second"] / 1e6, 1)]
+            for label, name in (("logistic, modulation depth", "logisticDepth"),
+                                ("Weibull, modulation depth", "weibullDepth"),
+                                ("Gaussian, frequency", "gaussianFrequency"),
+                                ("constant, modulation depth", "constantDepth"))]
+    table("Simulated trials a second and core, millions", ["listener", "trials"], rows)
+
+    report = medians(folder, "report")["report/10000 files, table, csv and summary"]
+    table("Reading 10,000 results files, s", ["", "time"],
+          [["table, CSV and summary", figure(report["real"])]])
+
+
 def main(folder):
-    for part in (transform, signal, turnaround, startup, memory):
+    for part in (transform, signal, turnaround, startup, memory, companions):
         part(folder)
 
 
