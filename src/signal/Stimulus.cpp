@@ -20,8 +20,8 @@ struct Oscillation {
 
 // Carrier and modulator of samples start to start + n - 1.
 template <typename Carrier>
-void oscillate(double* carriers, double* modulators, int start, int n, Oscillation modulation,
-    const Carrier& carrier)
+void oscillate(double* carriers, double* modulators, int start, int n,
+    const Oscillation& modulation, const Carrier& carrier)
 {
     for (int i = 0; i < n; ++i) {
         carriers[i] = carrier(start + i);
