@@ -28,6 +28,8 @@ if(QUORIN_BUILD_FUZZERS)
 endif()
 
 if(QUORIN_COVERAGE)
-  target_compile_options(quorin_options INTERFACE --coverage -fprofile-abs-path)
+  # Counted atomically: the simulator has threads.
+  target_compile_options(quorin_options INTERFACE
+    --coverage -fprofile-abs-path -fprofile-update=atomic)
   target_link_options(quorin_options INTERFACE --coverage)
 endif()
