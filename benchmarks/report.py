@@ -115,8 +115,8 @@ def startup(folder):
         lab, empty = times[f"lab/{state}"], times[f"empty/{state}"]
         if lab:
             lab, empty = statistics.median(lab), statistics.median(empty)
-            times = (figure(lab * MILLI, 0), figure(empty * MILLI, 0))
-            rows.append([state, *times, figure(lab / empty)])
+            shown = (figure(lab * MILLI, 0), figure(empty * MILLI, 0))
+            rows.append([state, *shown, figure(lab / empty)])
     table("Start-up to the first painted window, ms",
           ["", "Quorin Lab", "five empty charts", "ratio"], rows)
 

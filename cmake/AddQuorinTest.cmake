@@ -27,7 +27,8 @@ function(quorin_add_test name source)
   set(environment
     "QT_QPA_PLATFORM=offscreen" "LC_ALL=C.UTF-8" "HOME=${home}" "XDG_RUNTIME_DIR=${home}/runtime"
     "PULSE_SERVER=unix:${home}/runtime/none"
-    "QT_LOGGING_RULES=*.debug=true\\;qt.*.debug=false")
+    "QT_LOGGING_RULES=*.debug=true\\;qt.*.debug=false"
+    "QTEST_FUNCTION_TIMEOUT=3600000") # its rows share QtTest's own limit: CTest's is what holds
   if(QUORIN_SANITIZE)
     # Frame pointers are missing in Qt's libraries: without the slow unwinder a leak's stack ends
     # before the library that it is suppressed by.
