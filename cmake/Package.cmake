@@ -46,8 +46,4 @@ include(CPack)
 
 # What is delivered, without the tests.
 add_custom_target(programs)
-foreach(program quorin-lab quorin-simulate quorin-report)
-  if(TARGET ${program})
-    add_dependencies(programs ${program})
-  endif()
-endforeach()
+add_dependencies(programs quorin-lab quorin-simulate quorin-report)
