@@ -10,6 +10,7 @@
 #include <QtCharts/QValueAxis>
 
 #include <algorithm>
+#include <cmath>
 
 QT_CHARTS_USE_NAMESPACE
 
@@ -31,6 +32,11 @@ QChart* makeChart(const ChartMembers& members, const ChartSettings& settings)
     chart->legend()->hide();
     chart->setMargins(QMargins(0, 0, 0, 0));
     return chart;
+}
+
+bool hasLength(const QVector<double>& range)
+{
+    return range[0] < range[1] && std::isfinite(range[0]) && std::isfinite(range[1]);
 }
 
 } // namespace
@@ -66,6 +72,30 @@ QValueAxis* makeAxis(const QString& title, const QFont& labelsFont, const QFont&
 void setAxisRange(QValueAxis* axis, const QVector<double>& range)
 {
     axis->setRange(range[0], range[1]);
+}
+
+QVector<double> axisRange(const QValueAxis* axis)
+{
+    return {axis->min(), axis->max()};
+}
+
+// With the points in place, each new range would have the line built anew: the axes move under an
+// empty series. Where a range has no length Qt Charts builds no line, so that the points must come
+// first, while the old ranges hold.
+void refreshChart(const ChartLine& line, const QVector<QPointF>& points,
+    const QVector<double>& rangeX, const QVector<double>& rangeY)
+{
+    const bool pointsLast = hasLength(rangeX) && hasLength(rangeY);
+    if (pointsLast) {
+        line.series->clear();
+    } else {
+        line.series->replace(points);
+    }
+    setAxisRange(line.axisX, rangeX);
+    setAxisRange(line.axisY, rangeY);
+    if (pointsLast) {
+        line.series->replace(points);
+    }
 }
 
 void completeChart(const ChartMembers& members, const ChartSettings& settings, QGridLayout* grid)

@@ -46,6 +46,21 @@ QtCharts::QValueAxis* makeAxis(
 /// Sets an axis to a two-element range. Limits that are not finite leave it as it was.
 void setAxisRange(QtCharts::QValueAxis* axis, const QVector<double>& range);
 
+/// The two limits of an axis.
+QVector<double> axisRange(const QtCharts::QValueAxis* axis);
+
+/// A line and the axes that it is drawn along.
+struct ChartLine {
+    QtCharts::QLineSeries* series;
+    QtCharts::QValueAxis* axisX;
+    QtCharts::QValueAxis* axisY;
+};
+
+/// Gives a line its points and its axes their two-element ranges. Limits that are not finite leave
+/// an axis as it was; with equal ones the line stays where it was laid out before.
+void refreshChart(const ChartLine& line, const QVector<QPointF>& points,
+    const QVector<double>& rangeX, const QVector<double>& rangeY);
+
 /// The members of the window that one chart is made of.
 struct ChartMembers {
     QtCharts::QLineSeries*& series;

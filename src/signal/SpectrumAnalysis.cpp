@@ -4,9 +4,6 @@
 #include "signal/Spectrum.h"
 #include "signal/Stimulus.h"
 
-#include <QtCharts/QLineSeries>
-#include <QtCharts/QValueAxis>
-
 #include <algorithm>
 
 // The window goes onto the sounds themselves, so that what is played is what was analysed.
@@ -34,7 +31,6 @@ void MainWindow::analyse(
     overwriteFrequencies(frequencyAxis, amplitude.size(), frequencyResolution[stimulus]);
 }
 
-// As with the waveforms, the axes move under empty series.
 void MainWindow::updateFFT()
 {
     overwritePoints(standardSpectrumPoints, frequencyAxis, standardAmplitude,
@@ -43,10 +39,8 @@ void MainWindow::updateFFT()
         std::min(data.nFreqPointsToPlot[deviant], deviantSpectrumPoints.size()));
     standardAmplitudeRange = amplitudeRange(standardAmplitude);
     deviantAmplitudeRange = amplitudeRange(deviantAmplitude);
-    standardSpectrumSeries->clear();
-    deviantSpectrumSeries->clear();
-    setAxisRange(standardSpectrumAxisY, standardAmplitudeRange);
-    setAxisRange(deviantSpectrumAxisY, deviantAmplitudeRange);
-    standardSpectrumSeries->replace(standardSpectrumPoints);
-    deviantSpectrumSeries->replace(deviantSpectrumPoints);
+    refreshChart({standardSpectrumSeries, standardSpectrumAxisX, standardSpectrumAxisY},
+        standardSpectrumPoints, axisRange(standardSpectrumAxisX), standardAmplitudeRange);
+    refreshChart({deviantSpectrumSeries, deviantSpectrumAxisX, deviantSpectrumAxisY},
+        deviantSpectrumPoints, axisRange(deviantSpectrumAxisX), deviantAmplitudeRange);
 }

@@ -3,9 +3,6 @@
 #include "charts/ChartParts.h"
 #include "signal/Stimulus.h"
 
-#include <QtCharts/QLineSeries>
-#include <QtCharts/QValueAxis>
-
 #include <algorithm>
 
 // During a run the standard is left as the last View made it; only its level follows the deviant's.
@@ -22,8 +19,6 @@ void MainWindow::genWav()
     }
 }
 
-// The axes move under empty series: with the points in place, each new range would have their lines
-// built anew.
 void MainWindow::updateWav()
 {
     updateNPointsToPlot();
@@ -31,14 +26,10 @@ void MainWindow::updateWav()
     refreshWavePoints(deviantPoints, deviantSound, data.nPointsToPlot[deviant]);
     standardRange = amplitudeRange(standardSound);
     deviantRange = amplitudeRange(deviantSound);
-    standardWaveSeries->clear();
-    deviantWaveSeries->clear();
-    standardWaveAxisX->setRange(0, sampleTime(data.nPointsToPlot[standard], data.fs));
-    deviantWaveAxisX->setRange(0, sampleTime(data.nPointsToPlot[deviant], data.fs));
-    setAxisRange(standardWaveAxisY, standardRange);
-    setAxisRange(deviantWaveAxisY, deviantRange);
-    standardWaveSeries->replace(standardPoints);
-    deviantWaveSeries->replace(deviantPoints);
+    refreshChart({standardWaveSeries, standardWaveAxisX, standardWaveAxisY}, standardPoints,
+        {0, sampleTime(data.nPointsToPlot[standard], data.fs)}, standardRange);
+    refreshChart({deviantWaveSeries, deviantWaveAxisX, deviantWaveAxisY}, deviantPoints,
+        {0, sampleTime(data.nPointsToPlot[deviant], data.fs)}, deviantRange);
 }
 
 // The list and the time axis are lengthened where the sound to plot outgrew them, never shortened.

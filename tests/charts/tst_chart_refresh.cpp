@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "charts/ChartParts.h"
+#include "support/WindowTest.h"
+
+#include <QtCharts/QChart>
+#include <QtCharts/QChartView>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QValueAxis>
+#include <QtTest>
+
+QT_CHARTS_USE_NAMESPACE
+
+namespace {
+
+struct LineChart {
+    QLineSeries* const series = new QLineSeries;
+    QValueAxis* const axisX = new QValueAxis;
+    QValueAxis* const axisY = new QValueAxis;
+    QChartView view {new QChart};
+
+    LineChart()
+    {
+        view.chart()->addSeries(series);
+        view.chart()->addAxis(axisX, Qt::AlignBottom);
+        view.chart()->addAxis(axisY, Qt::AlignLeft);
+        series->attachAxis(axisX);
+        series->attachAxis(axisY);
+        view.resize(400, 200);
+        view.show();
+    }
+
+    ChartLine line() const { return {series, axisX, axisY}; }
+    QImage picture() { return view.grab().toImage(); }
+};
+
+struct State {
+    double lastX;
+    QVector<double> rangeX;
+    QVector<double> rangeY;
+};
+
+QVector<QPointF> zigzag(double lastX, const QVector<double>& rangeY)
+{
+    QVector<QPointF> points;
+    for (int i = 0; i <= 10; ++i) {
+        points.append({lastX * i / 10, rangeY[i % 2]});
+    }
+    return points;
+}
+
+const State usual = {50, {0, 50}, {-1, 1}};
+const State other = {20, {0, 20}, {-0.5, 2}};
+const State level = {50, {0, 50}, {0.25, 0.25}};
+const State silent = {50, {0, 50}, {0, 0}};
+const State noTime = {50, {0, 0}, {-1, 1}};
+const State undefined = {50, {0, 50}, {qQNaN(), qQNaN()}};
+const State backwards = {50, {0, -3}, {-1, 1}};
+
+} // namespace
+
+Q_DECLARE_METATYPE(State)
+Q_DECLARE_TYPEINFO(State, Q_MOVABLE_TYPE);
+
+class TestChartRefresh : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void picture_isThatOfPointsBeforeRanges_data()
+    {
+        QTest::addColumn<QVector<State>>("states");
+        QTest::newRow("usual") << QVector<State>({usual, other, usual, usual});
+        QTest::newRow("constant sound") << QVector<State>({usual, level, level, usual, other});
+        QTest::newRow("silent sound") << QVector<State>({usual, silent, silent, other});
+        QTest::newRow("no time to show") << QVector<State>({usual, noTime, level, noTime, usual});
+        QTest::newRow("undefined sound") << QVector<State>({usual, undefined, other, undefined});
+        QTest::newRow("undefined after silent")
+            << QVector<State>({usual, silent, undefined, undefined, usual});
+        QTest::newRow("negative time") << QVector<State>({usual, backwards, other});
+    }
+
+    void picture_isThatOfPointsBeforeRanges()
+    {
+        QFETCH(QVector<State>, states);
+        tolerateUndefinedChartValues();
+        LineChart refreshed;
+        LineChart plain;
+        for (int i = 0; i < states.size(); ++i) {
+            const State& state = states[i];
+            const QVector<QPointF> points = zigzag(state.lastX, state.rangeY);
+            refreshChart(refreshed.line(), points, state.rangeX, state.rangeY);
+            plain.series->replace(points);
+            plain.axisX->setRange(state.rangeX[0], state.rangeX[1]);
+            plain.axisY->setRange(state.rangeY[0], state.rangeY[1]);
+            QVERIFY2(refreshed.picture() == plain.picture(), qPrintable(QString::number(i)));
+            QCOMPARE(axisRange(refreshed.axisX), axisRange(plain.axisX));
+            QCOMPARE(axisRange(refreshed.axisY), axisRange(plain.axisY));
+        }
+    }
+
+    void points_areShown_whateverTheRanges_data()
+    {
+        QTest::addColumn<State>("state");
+        QTest::newRow("usual") << usual;
+        QTest::newRow("constant") << level;
+        QTest::newRow("no time") << noTime;
+    }
+
+    void points_areShown_whateverTheRanges()
+    {
+        QFETCH(State, state);
+        LineChart chart;
+        const QVector<QPointF> points = zigzag(state.lastX, state.rangeY);
+        refreshChart(chart.line(), points, state.rangeX, state.rangeY);
+        QCOMPARE(chart.series->pointsVector(), points);
+    }
+};
+
+QTEST_MAIN(TestChartRefresh)
+#include "tst_chart_refresh.moc"
