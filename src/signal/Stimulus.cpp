@@ -88,14 +88,13 @@ double levelRatio(const QVector<double>& a, const QVector<double>& b)
 
 } // namespace
 
-QVector<double> synthesised(const Data& data, int stimulus)
+void synthesise(QVector<double>& sound, const Data& data, int stimulus)
 {
-    QVector<double> sound(std::max(data.nSamples[stimulus], 0));
+    sound.resize(std::max(data.nSamples[stimulus], 0));
     for (int start = 0; start < sound.size(); start += blockLength) {
         const int n = std::min(blockLength, sound.size() - start);
         fillBlock(sound.data() + start, start, n, data, stimulus);
     }
-    return sound;
 }
 
 void equaliseLevels(QVector<double>& standardSound, const QVector<double>& deviantSound)

@@ -10,9 +10,9 @@
 /// times 1 / (md + 1) if normalised.
 /// The carrier is a sine, or uniform noise in -1 to 1 of one qrand() a sample; any other sound type
 /// is silent. The generator is never seeded here.
+/// @param sound becomes nSamples[stimulus] samples; empty when that count is 0 or negative
 /// @param stimulus standard or deviant
-/// @return nSamples[stimulus] samples; none when that count is 0 or negative
-QVector<double> synthesised(const Data& data, int stimulus);
+void synthesise(QVector<double>& sound, const Data& data, int stimulus);
 
 /// Scales the standard to the deviant's RMS level, never the other way round. An empty standard
 /// stays empty; a silent standard or an empty deviant makes the standard NaN.

@@ -11,9 +11,9 @@ void MainWindow::genWav()
     if (data.nTrials == 0) {
         const int nPlotted = std::max(data.nPointsToPlot[standard], data.nPointsToPlot[deviant]);
         timeAxis = plottedTimes(nPlotted, data.fs);
-        standardSound = synthesised(data, standard);
+        synthesise(standardSound, data, standard);
     }
-    deviantSound = synthesised(data, deviant);
+    synthesise(deviantSound, data, deviant);
     if (data.equalizeRms) {
         equaliseLevels(standardSound, deviantSound);
     }

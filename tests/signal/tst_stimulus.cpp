@@ -40,6 +40,14 @@ Data barEnvelope()
     return data;
 }
 
+// Made in a vector with something else in it, as those of the window are.
+QVector<double> synthesised(const Data& data, int stimulus)
+{
+    QVector<double> sound(100, qQNaN());
+    synthesise(sound, data, stimulus);
+    return sound;
+}
+
 } // namespace
 
 class TestStimulus : public QObject {
