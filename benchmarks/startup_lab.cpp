@@ -4,9 +4,10 @@
 
 #include <QApplication>
 
-// The application, ended after its first painting.
+// The application with its own settings, ended after its first painting.
 int main(int argc, char* argv[])
 {
+    QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
     const QApplication application(argc, argv);
     MainWindow window;
     const FirstPaint firstPaint(window);

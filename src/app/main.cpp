@@ -5,6 +5,8 @@
 
 int main(int argc, char* argv[])
 {
+    // Nothing is drawn by OpenGL here; without this the first window loads its drivers.
+    QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
     QApplication application(argc, argv);
     MainWindow window;
     window.show();
