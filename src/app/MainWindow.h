@@ -94,7 +94,7 @@ public:
     /// Places the widgets and sets sizes, title and alignments.
     void setupGUIMainWindow();
     /// The window's geometry on the primary screen; see windowRectangle.
-    void centerAndResizeMainWindow(bool center, double widthPart, double heightPart);
+    void centerAndResizeMainWindow(bool center, double widthFraction, double heightFraction);
 
     // app/TrialRunLoop.cpp
     /// Starts one trial: draws the deviant's position and starts the pacing timer.

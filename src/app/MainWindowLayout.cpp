@@ -94,8 +94,9 @@ void MainWindow::fillParameterGrid()
     gridLayoutParameters->addLayout(hBoxLayoutFileName, 17, 0, 1, 3);
 }
 
-void MainWindow::centerAndResizeMainWindow(bool center, double widthPart, double heightPart)
+void MainWindow::centerAndResizeMainWindow(
+    bool center, double newWidthFraction, double newHeightFraction)
 {
     setGeometry(windowRectangle(
-        availableScreenSize(), geometry().topLeft(), center, widthPart, heightPart));
+        availableScreenSize(), geometry().topLeft(), center, newWidthFraction, newHeightFraction));
 }

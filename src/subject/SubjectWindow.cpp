@@ -111,10 +111,11 @@ void SubjectWindow::setupGUISubjectWindow()
     pushButtonDone->setToolTip("Close this window (Return)");
 }
 
-void SubjectWindow::centerAndResizeSubjectWindow(bool center, double widthPart, double heightPart)
+void SubjectWindow::centerAndResizeSubjectWindow(
+    bool center, double newWidthFraction, double newHeightFraction)
 {
     setGeometry(windowRectangle(
-        availableScreenSize(), geometry().topLeft(), center, widthPart, heightPart));
+        availableScreenSize(), geometry().topLeft(), center, newWidthFraction, newHeightFraction));
 }
 
 void SubjectWindow::on_pushButtonIAmReady_clicked()

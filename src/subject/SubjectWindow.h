@@ -42,7 +42,7 @@ public:
     /// Places the widgets and sets sizes, title and what is hidden.
     void setupGUISubjectWindow();
     /// The window's geometry on the primary screen; see windowRectangle.
-    void centerAndResizeSubjectWindow(bool center, double widthPart, double heightPart);
+    void centerAndResizeSubjectWindow(bool center, double widthFraction, double heightFraction);
     /// Disables the four interval buttons.
     void disableAllChoiceButtons();
     /// Gives back what the window system keeps for a hidden window, its picture above all. Does
