@@ -107,13 +107,12 @@ template <class T> void FFTReal<T>::do_fft(T* f, const T* x) const
     combineBlocks(f, work, passes);
 }
 
-// Adding +0 turns a sample of -0 into +0. From there on no sum or difference of zeros gives a real
-// part of -0, whose angle would be pi instead of 0.
+// A sample alone is its own spectrum. Two and four get the +0 of FFTOpening::openFour.
 template <class T> void FFTReal<T>::transformShort(T* f, const T* x) const
 {
     const T zero = T(0);
     if (_nbr_bits == 0) {
-        f[0] = x[0] + zero;
+        f[0] = x[0];
     } else if (_nbr_bits == 1) {
         f[0] = (x[0] + zero) + (x[1] + zero);
         f[1] = (x[0] + zero) - (x[1] + zero);

@@ -244,7 +244,7 @@ private slots:
 
     void silence_givesZeros_whoseRealPartsArePositive()
     {
-        for (std::size_t n = 1; n <= 65536; n *= 2) {
+        for (std::size_t n = 2; n <= 65536; n *= 2) {
             Samples x(n, 0.0);
             for (std::size_t i = 0; i < n; i += 3)
                 x[i] = -0.0;
@@ -253,6 +253,14 @@ private slots:
                 for (std::size_t k = 0; k < n; ++k)
                     QVERIFY(f[k] == 0.0 && (k > n / 2 || !std::signbit(f[k])));
             }
+        }
+    }
+
+    void sample_isItsOwnSpectrum_whenAlone()
+    {
+        for (const double sample : {0.0, -0.0, 0.1, -1e308, -5e-324}) {
+            const Samples f = transformed({sample});
+            QCOMPARE(std::memcmp(f.data(), &sample, sizeof(double)), 0);
         }
     }
 
