@@ -200,7 +200,9 @@ private:
     void fillComboBoxes();
     void fillLineEdits();
     void deriveSizes();
+    void makeChartFonts();
     void makeTrialLoop();
+    void makeAudioFormat();
     void readDeviant();
     void showDeviantDepth();
     void showDeviantDifference();

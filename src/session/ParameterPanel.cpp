@@ -30,7 +30,9 @@ void MainWindow::initParameters()
     pushButtonView->setEnabled(true);
     pushButtonGo->setEnabled(false);
     deriveSizes();
+    makeChartFonts();
     makeTrialLoop();
+    makeAudioFormat();
 }
 
 void MainWindow::fillComboBoxes()
@@ -68,8 +70,8 @@ void MainWindow::fillLineEdits()
 
 void MainWindow::deriveSizes()
 {
+    updateNPointsToPlot();
     for (const int i : {standard, deviant}) {
-        data.nPointsToPlot[i] = plottedPoints(data.fs, data.durToPlot[i], data.nSamples[i]);
         fftLength[i] = spectrumLength(data.nSamples[i]);
         fftDuration[i] = static_cast<double>(fftLength[i]) / data.fs;
         const int nBins = static_cast<int>(fftLength[i] / 2);
@@ -78,7 +80,7 @@ void MainWindow::deriveSizes()
     }
 }
 
-void MainWindow::makeTrialLoop()
+void MainWindow::makeChartFonts()
 {
     constexpr int labelPixels = 10;
     constexpr int titlePixels = 12;
@@ -88,7 +90,10 @@ void MainWindow::makeTrialLoop()
     for (QFont* font : {&fontAxisLabels, &fontAxisTitle, &fontChartTitle}) {
         font->setWeight(QFont::Normal);
     }
+}
 
+void MainWindow::makeTrialLoop()
+{
     nSoundsPerTrial = 4;
     soundIndex = 0;
     nReactionTimerStarts = 0;
@@ -97,7 +102,10 @@ void MainWindow::makeTrialLoop()
     timerPlay = new QTimer(this);
     timerPlay->setTimerType(Qt::PreciseTimer); // a coarse one is up to 5 % off
     connect(timerPlay, SIGNAL(timeout()), this, SLOT(playOneSound()));
+}
 
+void MainWindow::makeAudioFormat()
+{
     audioFormat.setSampleRate(truncatedCount(data.fs));
     audioFormat.setChannelCount(1);
     audioFormat.setSampleSize(32);
