@@ -9,9 +9,10 @@
 QVector<bool> trialSequence(int nSounds, int deviantPosition);
 
 /// The time from one sound's onset to the next: silentInterval * 1000 + the longer duration * 1000,
-/// truncated to whole ms and limited to 1 to INT_MAX; NaN gives 1.
-/// @param silentInterval s
-/// @param durations      of standard and deviant, s
+/// truncated to whole ms and limited to 1 to INT_MAX.
+/// @param silentInterval s; NaN gives 1
+/// @param durations      of standard and deviant, s; NaN for the standard gives 1, for the deviant
+///                       leaves the standard's as the longer
 int trialPeriodMs(double silentInterval, const QVector<double>& durations);
 
 /// How long the pacing timer may wait for the report that the fourth sound has ended: a period and

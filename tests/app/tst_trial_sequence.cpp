@@ -41,7 +41,9 @@ private slots:
         QTest::newRow("truncated, not rounded") << 0.0 << QVector<double> {0.00199, 0.0} << 1;
         QTest::newRow("nothing at all") << 0.0 << QVector<double> {0.0, 0.0} << 1;
         QTest::newRow("negative") << -5.0 << QVector<double> {0.6, 0.6} << 1;
-        QTest::newRow("not a number") << nan << QVector<double> {0.6, 0.6} << 1;
+        QTest::newRow("silence not a number") << nan << QVector<double> {0.6, 0.6} << 1;
+        QTest::newRow("standard not a number") << 1.0 << QVector<double> {nan, 0.6} << 1;
+        QTest::newRow("deviant not a number") << 1.0 << QVector<double> {0.6, nan} << 1600;
         QTest::newRow("too long") << 1e9 << QVector<double> {0.6, 0.6} << longest;
         QTest::newRow("endless") << infinity << QVector<double> {0.6, 0.6} << longest;
     }
