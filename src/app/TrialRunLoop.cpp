@@ -77,7 +77,7 @@ void MainWindow::updateMainwindow(int response)
 {
     const qint64 elapsed = timerReaction->isValid() ? timerReaction->elapsed() : 0;
     soundIndex = 0;
-    if (response == 0) {
+    if (response == readyResponse) {
         qDebug() << "Test just started";
         playWav();
         return;
@@ -155,7 +155,7 @@ void MainWindow::handleStateChanged(QAudio::State state)
         if (wasLastSound) {
             timerPlay->stop();
             startReactionTimer();
-            emit soundPlaying(-1);
+            emit soundPlaying(answerState);
         }
     }
 }

@@ -23,9 +23,6 @@ constexpr auto lightGreyStyle
 constexpr auto hoverStyle
     = "QPushButton:hover {background-color: rgb(0, 255, 255); border: 1px solid blue;}";
 
-constexpr int readyResponse = 0;
-constexpr int answerState = -1;
-
 // The style sheets say nothing of the numbers: in the colours of a dark desktop, or in the usual
 // ones of what is disabled, they could not be read.
 QPalette choicePalette()

@@ -9,6 +9,10 @@ class QGridLayout;
 class QLabel;
 class QPushButton;
 
+/// What the two windows tell each other beside the numbers of intervals.
+constexpr int readyResponse = 0; ///< from the listener: start the run
+constexpr int answerState = -1; ///< to the listener: the answer may be given
+
 /// The listener's window: four interval buttons that light up while the sounds of a trial play, of
 /// which "2" and "3" take the answer; "I am ready" before the run and the result with "Done" after
 /// it. It knows nothing of stimuli or data.
@@ -20,7 +24,7 @@ public:
     ~SubjectWindow() override;
 
 signals:
-    /// 0: ready to start; 2 or 3: the interval chosen.
+    /// readyResponse, or 2 or 3: the interval chosen.
     void subjectResponded(int response);
     /// The listener confirmed closing the window.
     void subjectWindowClosed();
@@ -28,8 +32,8 @@ signals:
 public slots:
     /// Shows the disabled interval buttons and tells that the listener is ready.
     void on_pushButtonIAmReady_clicked();
-    /// Shows a state of the trial: 1 to 4, that interval's sound starts; -1, the answer may be
-    /// given. Any other value leaves window and interval buttons disabled.
+    /// Shows a state of the trial: 1 to 4, that interval's sound starts; answerState. Any other
+    /// value leaves window and interval buttons disabled.
     void updateSubjectWindow(int state);
     // The answers; the window is disabled at once, so that each trial gets one.
     void on_pushButtonChoice2_clicked();
