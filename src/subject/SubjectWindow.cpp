@@ -27,8 +27,10 @@ constexpr auto hoverStyle
 // ones of what is disabled, they could not be read.
 QPalette choicePalette()
 {
-    QPalette palette(QColor(240, 240, 240));
-    palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(90, 90, 90));
+    const QColor button(240, 240, 240);
+    const QColor disabledNumber(90, 90, 90);
+    QPalette palette(button);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, disabledNumber);
     return palette;
 }
 
