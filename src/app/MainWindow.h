@@ -53,7 +53,7 @@ public:
     ~MainWindow() override;
 
 signals:
-    /// 1 to 4: the sound of that interval starts; -1: the answer may be given.
+    /// 1 to 4: the sound of that interval starts; answerState: the answer may be given.
     void soundPlaying(int state);
     /// Declared for the table of methods; never emitted.
     void stateChanged(QAudio::State state);
@@ -67,7 +67,8 @@ public slots:
     void on_pushButtonView_clicked();
     /// Reads the panel and opens a new subject window for a run.
     void on_pushButtonGo_clicked();
-    /// The listener's message: 0 starts the run, 1 to 4 answer the trial; anything else warns.
+    /// The listener's message: readyResponse starts the run, 1 to 4 answer the trial; anything else
+    /// warns.
     void updateMainwindow(int response);
     /// A tick of the pacing timer: starts the next sound of the trial.
     void playOneSound();
@@ -109,7 +110,9 @@ public:
     // session/ParameterPanel.cpp
     /// Fills the controls from the record, once, and makes the timers, fonts and audio format.
     void initParameters();
-    /// Reads every control into the record. Numbers that do not parse become 0.
+    /// Reads every control into the record. Numbers that do not parse become 0. Rewrites the
+    /// deviant's depth, difference and carrier when they are reset, else its difference as it was
+    /// read, and the reversals to calculate when there are fewer.
     void getParameters();
 
     // session/OutputFileNaming.cpp

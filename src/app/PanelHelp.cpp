@@ -34,8 +34,8 @@ void MainWindow::describePanel()
         {lineEditStdFreqDiff, labelFreqDiff, labelStandard,
             "In Hz, without effect: the difference is the deviant's"},
         {lineEditDevFreqDiff, labelFreqDiff, labelDeviant,
-            "How far the deviant's carrier lies below the standard's in Hz; the answers change it "
-            "if carrier frequency is the main parameter"},
+            "How far below the standard's carrier the answers put the deviant's, in Hz, if carrier "
+            "frequency is the main parameter; the first trial takes the carrier field itself"},
         {lineEditStdDuration, labelDuration, labelStandard, "Length of the standard in ms"},
         {lineEditDevDuration, labelDuration, labelDeviant, "Length of the deviant in ms"},
         {lineEditNReversals, labelNReversals, nullptr,

@@ -41,7 +41,7 @@ void MainWindow::on_pushButtonGo_clicked()
     setPlaybackRate();
 
     if (subjectWindow != nullptr) {
-        subjectWindow->giveUpPicture(); // 1.4 MB a run at 1920 x 1080
+        subjectWindow->giveUpPicture(); // it lives on, hidden, as long as this window
     }
     subjectWindow = new SubjectWindow(this);
     connect(subjectWindow, SIGNAL(subjectResponded(int)), this, SLOT(updateMainwindow(int)));
@@ -214,7 +214,8 @@ void MainWindow::handleSoundAside(QAudioOutput* output, QAudio::State state)
 }
 
 // The output may be the one whose signal is being handled, so it goes later; without a parent,
-// since a child that waits for its deletion would be deleted again with its parent.
+// which could go first: the sound backends run the event loop in their destructors, and the
+// deletion that waits there would meet the output half deleted.
 void MainWindow::release(const Sound& sound)
 {
     silence(sound);

@@ -13,7 +13,7 @@ public:
     /// The deviant's adapted parameter at this trial, a fraction: of the standard's carrier
     /// frequency when the frequency difference is adapted, of full modulation when the depth is.
     double value;
-    int stimulusPosition; ///< interval that held the deviant, 1 to 4
+    int stimulusPosition; ///< interval that held the deviant, 2 or 3; 0 before any trial
     int responsePosition; ///< interval that the listener chose, 1 to 4
     bool correctness; ///< whether the two positions are the same
     double reactionTime; ///< from the reported end of the fourth sound to the answer, ms
