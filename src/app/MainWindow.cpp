@@ -2,6 +2,7 @@
 #include "app/MainWindow.h"
 
 #include "app/WindowParts.h"
+#include "procedure/StaircaseRule.h"
 #include "session/OutputFileName.h"
 
 #include <QCheckBox>
@@ -72,8 +73,8 @@ MainWindow::MainWindow(QWidget* parent)
     , gridLayoutCharts(named(new QGridLayout, "gridLayoutCharts"))
     , gridLayoutMain(named(new QGridLayout, "gridLayoutMain"))
     , centralWidget(named(new QWidget, "centralWidget"))
-    , trendYMin(0.0)
-    , trendYMax(100.0)
+    , trendYMin(emptyTrendMin)
+    , trendYMax(emptyTrendMax)
     , fftLength({1024, 1024})
     , fftDuration({0.6, 0.6})
     , frequencyResolution({1.0 / fftDuration[standard], 1.0 / fftDuration[deviant]})

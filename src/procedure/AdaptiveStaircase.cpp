@@ -8,8 +8,6 @@
 namespace {
 
 constexpr double percent = 100.0;
-constexpr double emptyTrendMin = 0.0;
-constexpr double emptyTrendMax = 100.0;
 
 } // namespace
 
