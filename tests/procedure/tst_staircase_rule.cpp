@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "procedure/Records.h"
 #include "procedure/StaircaseRule.h"
+#include "support/ExactVectors.h"
 #include "support/QuietTest.h"
 
 #include <QtTest>
@@ -43,13 +44,14 @@ private slots:
     {
         QFETCH(int, stepDb);
         QFETCH(double, ratio);
+        // stepDb / 20 is not exactly a fifth or a tenth, so neither is the power.
         QCOMPARE(steppedValue(0.25, stepDb, 1.0), 0.25 * ratio);
     }
 
     void steppedValue_stopsAtTheCeiling_whenItWouldExceedIt()
     {
-        QCOMPARE(steppedValue(0.9, 4, 1.0), 1.0);
-        QCOMPARE(steppedValue(0.9, 4, 0.9999), 0.9999);
+        QUORIN_COMPARE_EXACT(steppedValue(0.9, 4, 1.0), 1.0);
+        QUORIN_COMPARE_EXACT(steppedValue(0.9, 4, 0.9999), 0.9999);
         QCOMPARE(steppedValue(1.0, 4, noCeiling), 1.5848931924611134852);
     }
 

@@ -118,9 +118,9 @@ private slots:
         data.md[deviant] = 0.25;
         data.normalizeMd = false;
         const QVector<double> envelope = synthesised(data, deviant);
-        QCOMPARE(envelope[0], 0.75);
-        QCOMPARE(envelope[500], 1.25);
-        QCOMPARE(envelope[1000], 0.75);
+        QUORIN_COMPARE_EXACT(envelope[0], 0.75);
+        QUORIN_COMPARE_EXACT(envelope[500], 1.25);
+        QUORIN_COMPARE_EXACT(envelope[1000], 0.75);
     }
 
     void noise_staysWithinTheAmplitudeAndIsCentred_whenNormalised()
@@ -204,7 +204,7 @@ private slots:
     void times_areInMilliseconds_bitForBit()
     {
         QCOMPARE(firstDifference(plottedTimes(300, 40000.0), statedTimes(300, 40000.0)), -1);
-        QCOMPARE(plottedTimes(300, 40000.0).last(), 7.475);
+        QUORIN_COMPARE_EXACT(plottedTimes(300, 40000.0).last(), 7.475);
         QVERIFY(plottedTimes(0, 40000.0).isEmpty());
         QVERIFY(plottedTimes(-5, 40000.0).isEmpty());
     }
