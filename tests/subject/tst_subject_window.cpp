@@ -170,6 +170,52 @@ private slots:
         QVERIFY(!Probe::pushButtonChoice4(window)->isEnabled());
         QVERIFY(Probe::pushButtonIAmReady(window)->isEnabled());
     }
+
+    void giveUpPicture_doesNothing_whileTheWindowIsShown()
+    {
+        SubjectWindow window(nullptr);
+        window.show();
+        const WId id = window.internalWinId();
+        const QWindow* const handle = window.windowHandle();
+        QVERIFY(id != 0);
+        window.giveUpPicture();
+        QCOMPARE(window.internalWinId(), id);
+        QCOMPARE(window.windowHandle(), handle);
+        QVERIFY(window.isVisible());
+    }
+
+    void giveUpPicture_leavesWhatIsShownAgain_whenTheWindowIsHidden_data()
+    {
+        QTest::addColumn<int>("state");
+        QTest::addColumn<bool>("isEnabled");
+        QTest::newRow("a sound plays") << 1 << false;
+        QTest::newRow("the answer may be given") << answerState << true;
+    }
+
+    void giveUpPicture_leavesWhatIsShownAgain_whenTheWindowIsHidden()
+    {
+        QFETCH(int, state);
+        QFETCH(bool, isEnabled);
+        SubjectWindow window(nullptr);
+        window.show();
+        Probe::pushButtonIAmReady(window)->click();
+        window.updateSubjectWindow(state);
+        const QRect geometry = window.geometry();
+        window.hide();
+        QVERIFY(window.internalWinId() != 0);
+        window.giveUpPicture();
+        QCOMPARE(window.internalWinId(), WId(0));
+        QVERIFY(!window.isVisible());
+
+        window.show();
+        QVERIFY(window.internalWinId() != 0);
+        QVERIFY(window.isVisible());
+        QCOMPARE(window.geometry(), geometry);
+        QCOMPARE(window.isEnabled(), isEnabled);
+        QCOMPARE(Probe::pushButtonChoice2(window)->isEnabled(), isEnabled);
+        QVERIFY(Probe::pushButtonChoice2(window)->isVisible());
+        QVERIFY(!Probe::pushButtonChoice1(window)->isEnabled());
+    }
 };
 
 QTEST_MAIN(TestSubjectWindow)
