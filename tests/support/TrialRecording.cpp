@@ -43,30 +43,54 @@ void combine(QVector<float>& samples, const QVector<float>& sound, int begin, Op
         samples.begin() + begin, operation);
 }
 
+struct Rebuilt {
+    QVector<float> sum;
+    QVector<int> onsets; ///< up to the first sound that is missing
+};
+
+Rebuilt rebuilt(const QVector<ScriptedListener::Trial>& trials, const QVector<float>& recording)
+{
+    Rebuilt result = {QVector<float>(recording.size(), 0.0F), {}};
+    QVector<float> rest = recording;
+    int from = 0;
+    for (const ScriptedListener::Trial& trial : trials) {
+        const QVector<float> standardSound = singlePrecision(trial.standardSound);
+        const QVector<float> deviantSound = singlePrecision(trial.deviantSound);
+        for (int interval = 1; interval <= soundsPerTrial; ++interval) {
+            const bool isDeviant = interval == trial.deviantPosition;
+            const QVector<float>& sound = isDeviant ? deviantSound : standardSound;
+            from = onset(rest, sound, from);
+            if (from < 0) {
+                return result;
+            }
+            combine(result.sum, sound, from, std::plus<>());
+            combine(rest, sound, from, std::minus<>());
+            result.onsets.append(from);
+        }
+    }
+    return result;
+}
+
 } // namespace
 
 QString differenceFromRecording(
     const QVector<ScriptedListener::Trial>& trials, const QVector<float>& recording)
 {
-    QVector<float> sum(recording.size(), 0.0F);
-    QVector<float> rest = recording;
-    int from = 0;
-    for (int trial = 0; trial < trials.size(); ++trial) {
-        const QVector<float> standardSound = singlePrecision(trials[trial].standardSound);
-        const QVector<float> deviantSound = singlePrecision(trials[trial].deviantSound);
-        for (int interval = 1; interval <= soundsPerTrial; ++interval) {
-            const bool isDeviant = interval == trials[trial].deviantPosition;
-            const QVector<float>& sound = isDeviant ? deviantSound : standardSound;
-            const int begin = onset(rest, sound, from);
-            if (begin < 0) {
-                return QString("sound %1 of trial %2 is missing").arg(interval).arg(trial + 1);
-            }
-            combine(sum, sound, begin, std::plus<>());
-            combine(rest, sound, begin, std::minus<>());
-            from = begin;
-        }
+    const Rebuilt expected = rebuilt(trials, recording);
+    const int nFound = expected.onsets.size();
+    if (nFound < soundsPerTrial * trials.size()) {
+        return QString("sound %1 of trial %2 is missing")
+            .arg(nFound % soundsPerTrial + 1)
+            .arg(nFound / soundsPerTrial + 1);
     }
+    const QVector<float>& sum = expected.sum;
     const auto differs = std::mismatch(sum.begin(), sum.end(), recording.begin()).first;
     return differs == sum.end() ? QString()
                                 : QString("sample %1 differs").arg(differs - sum.begin());
+}
+
+QVector<int> recordedOnsets(
+    const QVector<ScriptedListener::Trial>& trials, const QVector<float>& recording)
+{
+    return rebuilt(trials, recording).onsets;
 }

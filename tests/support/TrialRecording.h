@@ -13,3 +13,8 @@
 /// @return what is missing or differs; empty when the two agree
 QString differenceFromRecording(
     const QVector<ScriptedListener::Trial>& trials, const QVector<float>& recording);
+
+/// The samples of a recording at which differenceFromRecording finds the sounds to begin, four a
+/// trial and in order, up to the first that is missing.
+QVector<int> recordedOnsets(
+    const QVector<ScriptedListener::Trial>& trials, const QVector<float>& recording);
