@@ -60,6 +60,22 @@ private slots:
         QVERIFY(Probe::timerPlay(window)->isActive());
     }
 
+    void stop_isNotLogged_whenItIsNoError()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        openBriefRun(window, driver);
+        driver.startSound();
+        QAudioOutput* const output = Probe::audioOutput(window);
+        QSignalSpy changes(output, SIGNAL(stateChanged(QAudio::State)));
+        output->stop();
+        QCOMPARE(changes.count(), 1);
+        QCOMPARE(output->state(), QAudio::StoppedState);
+        QCOMPARE(output->error(), QAudio::NoError);
+        QVERIFY(!messages().contains("Audio stopped unexpectedly"));
+        QCOMPARE(Probe::audioOutput(window), output);
+    }
+
     void soundThatStillPlays_isPutAside_andFreesItself()
     {
         MainWindow window;
