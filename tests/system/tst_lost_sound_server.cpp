@@ -145,6 +145,32 @@ private slots:
         QVERIFY(Probe::subjectWindow(window)->isEnabled());
     }
 
+    void loss_isLogged_forASoundThatTheTrialHasLeftBehind()
+    {
+        prepareSuccessor();
+        MainWindow window;
+        RunDriver driver(window);
+        Probe::lineEditStdDuration(window)->setText("10000");
+        Probe::lineEditDevDuration(window)->setText("10000");
+        Probe::lineEditSamplingRate(window)->setText("8000");
+        driver.open();
+        driver.beReady();
+        driver.startSound();
+        driver.startSound();
+        driver.endSound(); // the second one: the first plays on
+        QCOMPARE(Probe::soundsAside(window).size(), 1);
+        QCOMPARE(Probe::soundsAside(window).constFirst().output->state(), QAudio::ActiveState);
+        QVERIFY(Probe::audioOutput(window) == nullptr);
+        announceWarning(stopped);
+        loseTheServer();
+        QCOMPARE(messages().count(stopped), 1);
+        QVERIFY(Probe::soundsAside(window).isEmpty());
+        QVERIFY(window.findChildren<QAudioOutput*>().isEmpty());
+        QCOMPARE(Probe::soundIndex(window), 2);
+        QVERIFY(Probe::timerPlay(window)->isActive());
+        waitForTheSuccessor();
+    }
+
     // A sound card that is pulled out while the server runs: Qt reports nothing.
     void nextRun_sounds_afterTheDeviceWasPulledOut()
     {
