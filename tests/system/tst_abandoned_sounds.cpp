@@ -106,6 +106,7 @@ private slots:
         Probe::lineEditDevDuration(window)->setText("10");
         Probe::lineEditSamplingRate(window)->setText("1000000");
         QCOMPARE(pileAfterRuns(window, boxes, nRuns), QString());
+        QCOMPARE(messages().count(notSupported), 1); // for this rate, not for the next one
         QCOMPARE(messages().count(stopped), nRuns * ticksPerRepeatedRun);
 
         PhasedRun next(window, boxes, PhasedRun::sinusoidAndDifference);
