@@ -3,8 +3,8 @@
 
 #include "procedure/RunResults.h"
 #include "procedure/StaircaseRule.h"
-#include "report/Spread.h"
 #include "session/OutputFileName.h"
+#include "statistics/Spread.h"
 
 #include <QFile>
 #include <QFileInfo>

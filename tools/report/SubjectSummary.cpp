@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "report/SubjectSummary.h"
 
-#include "report/Spread.h"
 #include "report/Texts.h"
+#include "statistics/Spread.h"
 
 #include <QMap>
 

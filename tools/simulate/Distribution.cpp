@@ -1,36 +1,32 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulate/Distribution.h"
 
+#include "statistics/Spread.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numeric>
+#include <utility>
 
 namespace {
 
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
+std::vector<double> sortedNumbers(std::vector<double> values)
+{
+    const auto isNan = [](double value) { return std::isnan(value); };
+    values.erase(std::remove_if(values.begin(), values.end(), isNan), values.end());
+    std::sort(values.begin(), values.end());
+    return values;
+}
+
 } // namespace
 
 Distribution::Distribution(std::vector<double> values)
-    : m_sorted(std::move(values))
-    , m_mean(notANumber)
-    , m_standardDeviation(notANumber)
+    : m_sorted(sortedNumbers(std::move(values)))
+    , m_mean(meanOf(m_sorted))
+    , m_standardDeviation(standardDeviationOf(m_sorted))
 {
-    const auto isNan = [](double value) { return std::isnan(value); };
-    m_sorted.erase(std::remove_if(m_sorted.begin(), m_sorted.end(), isNan), m_sorted.end());
-    std::sort(m_sorted.begin(), m_sorted.end());
-    const auto n = static_cast<double>(m_sorted.size());
-    if (!m_sorted.empty()) {
-        m_mean = std::accumulate(m_sorted.begin(), m_sorted.end(), 0.0) / n;
-    }
-    if (m_sorted.size() >= 2) {
-        const auto addSquare = [this](double sum, double value) {
-            return sum + (value - m_mean) * (value - m_mean);
-        };
-        const double squares = std::accumulate(m_sorted.begin(), m_sorted.end(), 0.0, addSquare);
-        m_standardDeviation = std::sqrt(squares / (n - 1));
-    }
 }
 
 double Distribution::quantile(double share) const

@@ -18,11 +18,7 @@ double OptionReader::number(const QString& option, double min, double max, doubl
     bool isNumber = false;
     const double value = m_parser.value(option).toDouble(&isNumber);
     if (!isNumber || !(value >= min && value <= max)) {
-        fail(QString("--%1 must be a number from %2 to %3, not \"%4\"")
-                 .arg(option)
-                 .arg(min)
-                 .arg(max)
-                 .arg(m_parser.value(option)));
+        refuse(option, "number", min, max);
         return fallback;
     }
     return value;
@@ -46,11 +42,7 @@ int OptionReader::count(const QString& option, int min, int max, int fallback)
     bool isNumber = false;
     const int value = m_parser.value(option).toInt(&isNumber);
     if (!isNumber || value < min || value > max) {
-        fail(QString("--%1 must be a whole number from %2 to %3, not \"%4\"")
-                 .arg(option)
-                 .arg(min)
-                 .arg(max)
-                 .arg(m_parser.value(option)));
+        refuse(option, "whole number", min, max);
         return fallback;
     }
     return value;
@@ -69,6 +61,16 @@ quint64 OptionReader::seed(const QString& option, quint64 fallback)
         return fallback;
     }
     return value;
+}
+
+void OptionReader::refuse(const QString& option, const QString& kind, double min, double max)
+{
+    constexpr int everyDigitOfAnInt = 10;
+    fail(QString("--%1 must be a %2 from %3 to %4, not \"%5\"")
+             .arg(option, kind)
+             .arg(min, 0, 'g', everyDigitOfAnInt)
+             .arg(max, 0, 'g', everyDigitOfAnInt)
+             .arg(m_parser.value(option)));
 }
 
 void OptionReader::fail(const QString& errorText)

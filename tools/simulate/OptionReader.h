@@ -25,6 +25,8 @@ public:
     QString errorText() const { return m_errorText; }
 
 private:
+    void refuse(const QString& option, const QString& kind, double min, double max);
+
     const QCommandLineParser& m_parser;
     QString m_errorText;
 };

@@ -2,13 +2,15 @@
 #include "SimulatedRun.h"
 #include "procedure/Records.h"
 #include "report/Run.h"
-#include "report/Spread.h"
+#include "statistics/Spread.h"
 #include "support/QuietTest.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
+
+using Values = QVector<double>;
 
 namespace {
 
@@ -67,14 +69,14 @@ private slots:
 
     void means_followTheirDefinitions()
     {
-        QCOMPARE(meanOf({1, 2, 6}), 3.0);
-        QCOMPARE(standardDeviationOf({1, 2, 6}), std::sqrt(7.0));
-        QCOMPARE(geometricMeanOf({2, 4, 8}), 4.0);
-        QCOMPARE(geometricMeanOf({0, 4, 8}), 0.0);
-        QVERIFY(std::isnan(geometricMeanOf({-1, 4})));
-        QVERIFY(std::isnan(meanOf({})));
-        QVERIFY(std::isnan(standardDeviationOf({1})));
-        QVERIFY(std::isnan(geometricMeanOf({})));
+        QCOMPARE(meanOf(Values({1, 2, 6})), 3.0);
+        QCOMPARE(standardDeviationOf(Values({1, 2, 6})), std::sqrt(7.0));
+        QCOMPARE(geometricMeanOf(Values({2, 4, 8})), 4.0);
+        QCOMPARE(geometricMeanOf(Values({0, 4, 8})), 0.0);
+        QVERIFY(std::isnan(geometricMeanOf(Values({-1, 4}))));
+        QVERIFY(std::isnan(meanOf(Values())));
+        QVERIFY(std::isnan(standardDeviationOf(Values({1}))));
+        QVERIFY(std::isnan(geometricMeanOf(Values())));
     }
 
     void threshold_isThatOfTheApplication_forSimulatedRuns_data()
@@ -176,4 +178,5 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestReportRun)
+#include "statistics/Spread.h"
 #include "tst_report_run.moc"

@@ -5,7 +5,7 @@
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 namespace {
 
@@ -44,9 +44,9 @@ private slots:
         row("--listener deaf",
             "--listener is logistic, weibull, gaussian or constant, not \"deaf\"");
         row("--threshold 0", "--threshold must be above 0");
-        row("--threshold nan", "--threshold must be a number from 0 to 1e+06, not \"nan\"");
-        row("--slope -1", "--slope must be a number from 0 to 1e+06, not \"-1\"");
-        row("--slope 2,5", "--slope must be a number from 0 to 1e+06, not \"2,5\"");
+        row("--threshold nan", "--threshold must be a number from 0 to 1000000, not \"nan\"");
+        row("--slope -1", "--slope must be a number from 0 to 1000000, not \"-1\"");
+        row("--slope 2,5", "--slope must be a number from 0 to 1000000, not \"2,5\"");
         row("--lapse 1.1", "--lapse must be a number from 0 to 1, not \"1.1\"");
         row("--probability 0.5", "--probability is for a constant listener only");
         row("--listener constant --probability 2",
@@ -64,8 +64,8 @@ private slots:
         row("--seed -1", "--seed must be a whole number from 0 to 2^64 - 1, not \"-1\"");
         row("--max-trials x", "--max-trials must be a whole number from 1 to 10000000, not \"x\"");
         row("--threads 0", "--threads must be a whole number from 1 to 256, not \"0\"");
-        row("--carrier inf", "--carrier must be a number from 0 to 1e+06, not \"inf\"");
-        row("--sound -5", "--sound must be a number from 0 to 3.6e+06, not \"-5\"");
+        row("--carrier inf", "--carrier must be a number from 0 to 1000000, not \"inf\"");
+        row("--sound -5", "--sound must be a number from 0 to 3600000, not \"-5\"");
         const QString sweep
             = "--sweep is from:to or from:to:step, whole numbers from 1 to 10000, not ";
         for (const char* range : {"8", "8:", "8:6", "0:6", "1:10001", "1:5:0", "1:2:3:4", "a:b"}) {

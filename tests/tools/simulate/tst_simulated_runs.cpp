@@ -4,7 +4,7 @@
 #include "support/WindowTest.h"
 #include "tools/simulate/Simulations.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 

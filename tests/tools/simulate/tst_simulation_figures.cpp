@@ -4,8 +4,8 @@
 #include "support/QuietTest.h"
 #include "tools/simulate/Simulations.h"
 
+#include <QTest>
 #include <QTextStream>
-#include <QtTest>
 
 #include <cmath>
 
