@@ -15,19 +15,26 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
 namespace {
 
-constexpr int soundMs = 60;
-constexpr int silenceMs = 120;
-constexpr int trialTimeoutMs = 10000;
+constexpr int trialTimeoutMs = 10000; // beside its sounds and silences
+
+struct Trials {
+    int number;
+    int soundMs;
+    int silenceMs;
+
+    int timeoutMs() const { return number * (4 * (soundMs + silenceMs) + trialTimeoutMs); }
+};
 
 struct Settings {
     QString condition;
     RecordingSource source;
-    int nTrials;
+    Trials trials;
     float threshold; // samples closer to zero are silence
 };
 
@@ -46,14 +53,14 @@ void setPanel(const MainWindow& window, const Settings& settings)
     window.findChild<QComboBox*>("comboBoxMainParameter")
         ->setCurrentIndex(modulationDepthParameter);
     window.findChild<QComboBox*>("comboBoxSoundType")->setCurrentIndex(noiseCarrier);
-    set("lineEditStdDuration", soundMs);
-    set("lineEditDevDuration", soundMs);
-    set("lineEditSilentInterval", silenceMs);
+    set("lineEditStdDuration", settings.trials.soundMs);
+    set("lineEditDevDuration", settings.trials.soundMs);
+    set("lineEditSilentInterval", settings.trials.silenceMs);
     // Guesses drive the depth up; at 1 the first sample of a deviant would be zero.
     window.findChild<QCheckBox*>("checkBoxResetMdFd")->setChecked(false);
     set("lineEditDevModDepth", 0.0001);
     set("lineEditSamplingRate", settings.source.rate);
-    set("lineEditNReversals", settings.nTrials + 1); // the run must not end by itself
+    set("lineEditNReversals", settings.trials.number + 1); // the run must not end by itself
 }
 
 QVector<float> gated(QVector<float> samples, float threshold)
@@ -75,17 +82,17 @@ int measure(const Settings& settings)
         return fail(recorder.errorText());
 
     TrialObserver observer(window);
-    observer.startRun(settings.nTrials);
+    observer.startRun(settings.trials.number);
     QObject::connect(&observer, &TrialObserver::finished, qApp, &QApplication::quit);
     QTimer patience;
     QObject::connect(&patience, &QTimer::timeout, qApp, [] { QApplication::exit(1); });
-    patience.start(settings.nTrials * trialTimeoutMs);
+    patience.start(settings.trials.timeoutMs());
     if (QApplication::exec() != 0)
         return fail("the trials did not end");
     recorder.end();
 
     // The stimuli are noise without ramps: none of their samples is exactly zero.
-    const int shortestSilence = settings.source.rate / 1000 * silenceMs / 4;
+    const int shortestSilence = settings.source.rate / 1000 * settings.trials.silenceMs / 4;
     const QVector<RecordedSound> recorded
         = recordedSounds(gated(recorder.samples(), settings.threshold), shortestSilence);
     if (recorded.size() != observer.sounds().size()) {
@@ -93,7 +100,7 @@ int measure(const Settings& settings)
                         .arg(observer.sounds().size())
                         .arg(recorded.size()));
     }
-    const int soundSamples = settings.source.rate / 1000 * soundMs;
+    const int soundSamples = settings.source.rate / 1000 * settings.trials.soundMs;
     const Measurement measurement
         = {observer.sounds(), recorded, SampleClock(recorder.arrivals(), settings.source.rate),
             double(settings.source.rate), observer.periodMs(), soundSamples};
@@ -104,7 +111,7 @@ int measure(const Settings& settings)
     return EXIT_SUCCESS;
 }
 
-int measureOnPulseAudio(const QString& condition, int nTrials, int latencyMs)
+int measureOnPulseAudio(const QString& condition, const Trials& trials, int latencyMs)
 {
     SoundServer server;
     if (!server.start())
@@ -112,10 +119,10 @@ int measureOnPulseAudio(const QString& condition, int nTrials, int latencyMs)
     return measure({condition,
         {server.address(), server.monitor(), server.environment(), server.settings().rate,
             latencyMs},
-        nTrials, 0.0F});
+        trials, 0.0F});
 }
 
-int measureOnPipeWire(const QString& condition, int nTrials, int latencyMs, int quantum)
+int measureOnPipeWire(const QString& condition, const Trials& trials, int latencyMs, int quantum)
 {
     PipeWireServer server(quantum);
     if (!server.start())
@@ -123,16 +130,16 @@ int measureOnPipeWire(const QString& condition, int nTrials, int latencyMs, int 
     return measure({condition,
         {server.address(), PipeWireServer::monitor(), server.environment(), PipeWireServer::rate(),
             latencyMs},
-        nTrials, 0.0F});
+        trials, 0.0F});
 }
 
 // With a sound card, the source is an input that the output is wired to.
-int measureOnRunningServer(const QCommandLineParser& options, int nTrials, int latencyMs)
+int measureOnRunningServer(const QCommandLineParser& options, const Trials& trials, int latencyMs)
 {
     return measure({options.value("label"),
         {qEnvironmentVariable("PULSE_SERVER"), options.value("source"),
             QProcessEnvironment::systemEnvironment(), options.value("rate").toInt(), latencyMs},
-        nTrials, options.value("threshold").toFloat()});
+        trials, options.value("threshold").toFloat()});
 }
 
 } // namespace
@@ -156,6 +163,8 @@ int main(int argc, char** argv)
         {"rate", "At which a running server is played to and recorded, Hz.", "rate", "48000"},
         {"threshold", "What counts as silence in its recording, of full scale 1.", "value", "0"},
         {"trials", "How many trials to play, four sounds each.", "number", "30"},
+        {"sound", "Length of the sounds, ms.", "ms", "60"},
+        {"silence", "Silence between them, ms; long enough to tell them apart.", "ms", "120"},
     });
     parser.process(application);
     if (parser.isSet("heading")) {
@@ -164,15 +173,16 @@ int main(int argc, char** argv)
     }
     const QString server = parser.value("server");
     const QString label = parser.value("label");
-    const int nTrials = parser.value("trials").toInt();
+    const Trials trials = {parser.value("trials").toInt(), parser.value("sound").toInt(),
+        parser.value("silence").toInt()};
     const int latencyMs = parser.value("latency").toInt();
-    if (nTrials < 1 || latencyMs < 1)
-        return fail("trials and latency must be whole numbers above 0");
+    if (std::min({trials.number, trials.soundMs, trials.silenceMs, latencyMs}) < 1)
+        return fail("trials, sound, silence and latency must be whole numbers above 0");
     if (server == "pulseaudio")
-        return measureOnPulseAudio(label, nTrials, latencyMs);
+        return measureOnPulseAudio(label, trials, latencyMs);
     if (server == "pipewire")
-        return measureOnPipeWire(label, nTrials, latencyMs, parser.value("quantum").toInt());
+        return measureOnPipeWire(label, trials, latencyMs, parser.value("quantum").toInt());
     if (server == "running")
-        return measureOnRunningServer(parser, nTrials, latencyMs);
+        return measureOnRunningServer(parser, trials, latencyMs);
     return fail("no such server: " + server);
 }
