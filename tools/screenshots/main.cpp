@@ -132,12 +132,15 @@ void Guide::playToTheEnd()
     constexpr int soundsPerTrial = 4;
     constexpr int lookEveryMs = 500; // the save dialog lists its folder meanwhile
     m_look.start(lookEveryMs);
+    auto& subject = *m_window.findChild<SubjectWindow*>();
+    const QSize size = subject.size();
     while (m_threshold < 0.0) {
         playSounds(soundsPerTrial);
         answer();
     }
-    auto& subject = *m_window.findChild<SubjectWindow*>();
     subject.finishExperiment(m_threshold, shownReactionTime, modulationDepthParameter, 0.0);
+    QApplication::processEvents();
+    subject.resize(size); // it may have grown for the digits of the true reaction time
     save(subject, "result");
 }
 
