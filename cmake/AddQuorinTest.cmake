@@ -1,3 +1,11 @@
+# quorin_add_to_group(GROUP TARGET): building the group builds the target.
+function(quorin_add_to_group group target)
+  if(NOT TARGET ${group})
+    add_custom_target(${group})
+  endif()
+  add_dependencies(${group} ${target})
+endfunction()
+
 # quorin_add_test(NAME SOURCE [LABELS label...] [LIBRARIES target...] [TIMEOUT seconds])
 #
 # Adds the program tst_NAME, made from SOURCE, as the test NAME. It runs offscreen, in the C.UTF-8
@@ -38,12 +46,12 @@ function(quorin_add_test name source)
       "UBSAN_OPTIONS=print_stacktrace=1")
   endif()
 
-  # The tests that run under valgrind are built by themselves there.
+  # The tests that run under valgrind, and those that count the lines of src, are built by themselves.
   if(arg_LABELS MATCHES "(^|;)(unit|valgrind)(;|$)")
-    if(NOT TARGET valgrind_tests)
-      add_custom_target(valgrind_tests)
-    endif()
-    add_dependencies(valgrind_tests ${target})
+    quorin_add_to_group(valgrind_tests ${target})
+  endif()
+  if(NOT arg_LABELS MATCHES "(^|;)(slow|nightly|audio|hostile|tools)(;|$)")
+    quorin_add_to_group(coverage_tests ${target})
   endif()
 
   if("audio" IN_LIST arg_LABELS)
