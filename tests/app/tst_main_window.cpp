@@ -8,10 +8,10 @@
 #include <QElapsedTimer>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTest>
 #include <QTimer>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
-#include <QtTest>
 
 using Probe = MainWindowProbe;
 

@@ -11,7 +11,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStandardPaths>
-#include <QtTest>
+#include <QTest>
 
 using Probe = MainWindowProbe;
 

@@ -9,9 +9,9 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QTest>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
-#include <QtTest>
 
 using Probe = MainWindowProbe;
 

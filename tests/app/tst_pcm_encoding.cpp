@@ -2,7 +2,7 @@
 #include "app/PcmEncoding.h"
 #include "support/QuietTest.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <limits>
 

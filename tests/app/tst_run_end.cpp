@@ -11,8 +11,10 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
-#include <QtTest>
+
+#include <cmath>
 
 using Probe = MainWindowProbe;
 

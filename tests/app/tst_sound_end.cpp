@@ -8,8 +8,8 @@
 #include <QElapsedTimer>
 #include <QPointer>
 #include <QSignalSpy>
+#include <QTest>
 #include <QTimer>
-#include <QtTest>
 
 using Probe = MainWindowProbe;
 

@@ -8,8 +8,10 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
-#include <QtTest>
+
+#include <cmath>
 
 using Probe = MainWindowProbe;
 

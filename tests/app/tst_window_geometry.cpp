@@ -5,7 +5,7 @@
 #include "support/WindowTest.h"
 
 #include <QScreen>
-#include <QtTest>
+#include <QTest>
 
 using Probe = MainWindowProbe;
 

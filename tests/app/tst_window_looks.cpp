@@ -8,8 +8,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyleFactory>
+#include <QTest>
 #include <QtCharts/QChartView>
-#include <QtTest>
 
 #include <algorithm>
 #include <cmath>

@@ -4,12 +4,12 @@
 #include "support/MainWindowProbe.h"
 
 #include <QByteArray>
+#include <QTest>
 #include <QVector>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
-#include <QtTest>
 
 /// References to the members of a window that one of its charts is made of.
 struct ChartObjects {

@@ -2,8 +2,8 @@
 #include "charts/ChartParts.h"
 #include "support/WindowTest.h"
 
+#include <QTest>
 #include <QtCharts/QValueAxis>
-#include <QtTest>
 
 #include <limits>
 

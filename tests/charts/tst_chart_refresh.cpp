@@ -2,11 +2,11 @@
 #include "charts/ChartParts.h"
 #include "support/WindowTest.h"
 
+#include <QTest>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
-#include <QtTest>
 
 QT_CHARTS_USE_NAMESPACE
 

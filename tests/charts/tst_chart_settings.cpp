@@ -3,8 +3,11 @@
 #include "support/WindowTest.h"
 
 #include <QGridLayout>
+#include <QObject>
+#include <QTest>
+#include <QTimer>
+#include <QVector>
 #include <QtCharts/QLegend>
-#include <QtTest>
 
 using namespace QtCharts;
 using Probe = MainWindowProbe;

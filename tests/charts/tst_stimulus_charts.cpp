@@ -5,7 +5,7 @@
 #include "support/WindowTest.h"
 
 #include <QLineEdit>
-#include <QtTest>
+#include <QTest>
 
 #include <algorithm>
 

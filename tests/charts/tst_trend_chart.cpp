@@ -2,7 +2,7 @@
 #include "charts/ChartObjects.h"
 #include "support/WindowTest.h"
 
-#include <QtTest>
+#include <QTest>
 
 using Probe = MainWindowProbe;
 

@@ -5,7 +5,7 @@
 
 #include <QFile>
 #include <QHash>
-#include <QtTest>
+#include <QTest>
 
 #include <algorithm>
 

@@ -11,10 +11,10 @@
 #include <QGraphicsScene>
 #include <QLabel>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
 #include <QtCharts/QChartView>
 #include <QtCharts/QLineSeries>
-#include <QtTest>
 
 #include <algorithm>
 #include <cmath>

@@ -4,10 +4,10 @@
 #include "support/WindowTest.h"
 
 #include <QSignalSpy>
+#include <QTest>
 #include <QTimer>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
-#include <QtTest>
 
 using Probe = MainWindowProbe;
 using Values = QVector<double>;

@@ -2,7 +2,7 @@
 #include "procedure/SavedRun.h"
 #include "support/WindowTest.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <csignal>
 #include <sys/resource.h>

@@ -4,8 +4,8 @@
 #include "support/QuietTest.h"
 
 #include <QLocale>
+#include <QTest>
 #include <QTextStream>
-#include <QtTest>
 
 #include <cmath>
 

@@ -3,7 +3,7 @@
 #include "procedure/RunResults.h"
 #include "support/QuietTest.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 #include <limits>

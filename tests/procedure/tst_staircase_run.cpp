@@ -4,8 +4,8 @@
 
 #include <QLabel>
 #include <QSignalSpy>
+#include <QTest>
 #include <QTimer>
-#include <QtTest>
 
 #include <cmath>
 

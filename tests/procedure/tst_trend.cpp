@@ -3,9 +3,9 @@
 #include "procedure/SilentRun.h"
 #include "support/WindowTest.h"
 
+#include <QTest>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
-#include <QtTest>
 
 #include <cmath>
 

@@ -2,7 +2,7 @@
 #include "session/Counts.h"
 #include "support/QuietTest.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <limits>
 

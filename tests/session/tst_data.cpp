@@ -2,7 +2,7 @@
 #include "session/Data.h"
 
 #include <QStandardPaths>
-#include <QtTest>
+#include <QTest>
 
 #include <algorithm>
 #include <type_traits>

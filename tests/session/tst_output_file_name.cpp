@@ -4,7 +4,7 @@
 #include "support/QuietTest.h"
 
 #include <QStandardPaths>
-#include <QtTest>
+#include <QTest>
 
 class TestOutputFileName : public QuietTest {
     Q_OBJECT

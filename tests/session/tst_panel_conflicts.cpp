@@ -6,7 +6,7 @@
 #include "support/WindowWidgets.h"
 
 #include <QComboBox>
-#include <QtTest>
+#include <QTest>
 
 using Probe = MainWindowProbe;
 

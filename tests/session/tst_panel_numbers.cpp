@@ -3,7 +3,7 @@
 #include "support/QuietTest.h"
 
 #include <QLocale>
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 

@@ -9,8 +9,8 @@
 #include <QElapsedTimer>
 #include <QPushButton>
 #include <QStandardPaths>
+#include <QTest>
 #include <QTimer>
-#include <QtTest>
 
 using Probe = MainWindowProbe;
 

@@ -3,7 +3,7 @@
 
 #include "support/ModalBoxes.h"
 
-#include <QtTest>
+#include <QTest>
 
 /// Fails the test unless exactly one box was shown, an advisory warning with this text.
 inline void verifyOneWarning(const ModalBoxes& boxes, const QString& text)

@@ -3,9 +3,9 @@
 #include "support/WindowTest.h"
 
 #include <QLineEdit>
+#include <QTest>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
-#include <QtTest>
 
 using Probe = MainWindowProbe;
 

@@ -4,7 +4,7 @@
 #include "signal/FFTTestSignals.h"
 #include "support/ExactVectors.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cstdlib>
 #include <cstring>

@@ -4,7 +4,7 @@
 #include "support/ExactVectors.h"
 #include "support/QuietTest.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 #include <limits>

@@ -5,7 +5,7 @@
 #include "support/ExactVectors.h"
 #include "support/QuietTest.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <algorithm>
 #include <ctime>

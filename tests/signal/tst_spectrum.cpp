@@ -3,7 +3,7 @@
 #include "signal/Spectrum.h"
 #include "support/ExactVectors.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 

@@ -7,9 +7,9 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QTest>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
-#include <QtTest>
 
 #include <algorithm>
 #include <cmath>

@@ -4,7 +4,7 @@
 #include "support/Draws.h"
 #include "support/ExactVectors.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <algorithm>
 #include <cmath>

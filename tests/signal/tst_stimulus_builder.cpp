@@ -7,7 +7,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QtTest>
+#include <QTest>
 
 using Probe = MainWindowProbe;
 

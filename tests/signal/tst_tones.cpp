@@ -2,7 +2,7 @@
 #include "signal/SignalToolkit.h"
 #include "support/ExactVectors.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 #include <limits>

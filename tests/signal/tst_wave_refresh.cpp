@@ -6,9 +6,9 @@
 #include "support/WindowTest.h"
 
 #include <QLineEdit>
+#include <QTest>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
-#include <QtTest>
 
 using Probe = MainWindowProbe;
 

@@ -7,7 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 using Probe = MainWindowProbe;
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <QString>
+#include <QTest>
 #include <QVector>
-#include <QtTest>
 
 #include <algorithm>
 #include <cmath>

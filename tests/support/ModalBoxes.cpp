@@ -7,7 +7,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
-#include <QtTest>
+#include <QTest>
 
 #include <utility>
 

@@ -5,7 +5,7 @@
 #include <QEvent>
 #include <QMutex>
 #include <QMutexLocker>
-#include <QtTest>
+#include <QTest>
 
 #include <algorithm>
 

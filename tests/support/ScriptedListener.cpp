@@ -4,8 +4,8 @@
 #include "support/MainWindowProbe.h"
 
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
-#include <QtTest>
 
 #include <utility>
 

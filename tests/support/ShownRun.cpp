@@ -4,7 +4,7 @@
 #include "support/MainWindowProbe.h"
 
 #include <QApplication>
-#include <QtTest>
+#include <QTest>
 
 ShownRun::ShownRun()
     : driver(window)

@@ -5,7 +5,7 @@
 #include <QDir>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 namespace {
 

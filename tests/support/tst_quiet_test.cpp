@@ -3,7 +3,7 @@
 
 #include <QLoggingCategory>
 #include <QProcess>
-#include <QtTest>
+#include <QTest>
 
 #include <thread>
 

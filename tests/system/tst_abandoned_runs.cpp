@@ -10,9 +10,9 @@
 #include <QMap>
 #include <QPointer>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
 #include <QWindow>
-#include <QtTest>
 
 #include <memory>
 

@@ -9,7 +9,7 @@
 #include <QAudioOutput>
 #include <QLineEdit>
 #include <QPointer>
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

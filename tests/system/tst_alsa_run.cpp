@@ -7,7 +7,7 @@
 #include <QAudioDeviceInfo>
 #include <QLabel>
 #include <QLineEdit>
-#include <QtTest>
+#include <QTest>
 
 using Probe = MainWindowProbe;
 

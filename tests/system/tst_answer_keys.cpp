@@ -7,8 +7,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QTest>
 #include <QWindow>
-#include <QtTest>
 
 using Probe = MainWindowProbe;
 

@@ -5,8 +5,8 @@
 #include "support/WindowTest.h"
 
 #include <QPushButton>
+#include <QTest>
 #include <QWindow>
-#include <QtTest>
 
 using Probe = MainWindowProbe;
 

@@ -8,8 +8,8 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QTest>
 #include <QTimer>
-#include <QtTest>
 
 #include <algorithm>
 #include <cstdlib>

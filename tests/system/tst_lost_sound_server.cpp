@@ -11,8 +11,8 @@
 #include <QAudioOutput>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
-#include <QtTest>
 
 #include <memory>
 #include <vector>

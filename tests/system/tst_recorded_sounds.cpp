@@ -2,7 +2,7 @@
 #include "soundlab/RecordedSounds.h"
 #include "support/QuietTest.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <limits>
 

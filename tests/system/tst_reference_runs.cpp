@@ -13,8 +13,9 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
+#include <cmath>
 #include <functional>
 
 using Probe = MainWindowProbe;

@@ -7,7 +7,7 @@
 #include <QAudioDeviceInfo>
 #include <QAudioOutput>
 #include <QBuffer>
-#include <QtTest>
+#include <QTest>
 
 #include <limits>
 #include <random>

@@ -2,7 +2,7 @@
 #include "demo/HeardTrial.h"
 #include "support/QuietTest.h"
 
-#include <QtTest>
+#include <QTest>
 
 namespace {
 

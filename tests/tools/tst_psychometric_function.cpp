@@ -2,7 +2,7 @@
 #include "psychometrics/PsychometricFunction.h"
 #include "support/QuietTest.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 #include <limits>

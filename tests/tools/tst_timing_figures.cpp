@@ -3,7 +3,7 @@
 #include "timing/SampleClock.h"
 #include "timing/Summary.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 

@@ -2,7 +2,7 @@
 #include "plots/Axis.h"
 #include "support/QuietTest.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 #include <limits>

@@ -7,7 +7,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 namespace {
 

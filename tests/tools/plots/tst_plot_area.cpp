@@ -5,7 +5,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPen>
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 #include <functional>

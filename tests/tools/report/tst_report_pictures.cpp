@@ -8,7 +8,7 @@
 #include <QGuiApplication>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 #include <limits>

@@ -5,7 +5,7 @@
 #include "report/Texts.h"
 #include "support/QuietTest.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 

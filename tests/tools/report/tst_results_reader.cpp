@@ -5,7 +5,7 @@
 #include "support/QuietTest.h"
 
 #include <QBuffer>
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 #include <limits>
