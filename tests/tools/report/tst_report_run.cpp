@@ -178,5 +178,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestReportRun)
-#include "statistics/Spread.h"
 #include "tst_report_run.moc"
