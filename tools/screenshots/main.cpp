@@ -30,7 +30,8 @@ namespace {
 constexpr quint64 seed = 20;
 constexpr double listenerThreshold = 0.056;
 constexpr double listenerSlopeDb = 2.5;
-// Answers that take no time have a mean reaction time of nearly 0; a listener's is shown instead.
+// Answers that take no time have a mean reaction time of nearly 0, which differs from run to run,
+// and the window grows with its digits. So the window is told of a listener's instead.
 constexpr double shownReactionTime = 734.5;
 
 template <typename Object> Object& objectNamed(const char* name)
@@ -133,14 +134,12 @@ void Guide::playToTheEnd()
     constexpr int lookEveryMs = 500; // the save dialog lists its folder meanwhile
     m_look.start(lookEveryMs);
     auto& subject = *m_window.findChild<SubjectWindow*>();
-    const QSize size = subject.size();
+    QObject::disconnect(&m_window, &MainWindow::doneDataCollection, &subject, nullptr);
     while (m_threshold < 0.0) {
         playSounds(soundsPerTrial);
         answer();
     }
     subject.finishExperiment(m_threshold, shownReactionTime, modulationDepthParameter, 0.0);
-    QApplication::processEvents();
-    subject.resize(size); // it may have grown for the digits of the true reaction time
     save(subject, "result");
 }
 
