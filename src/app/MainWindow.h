@@ -20,6 +20,7 @@
 
 #include "charts/ChartParts.h"
 #include "session/Data.h"
+#include "signal/Modulator.h"
 
 #include <QAudio>
 #include <QAudioFormat>
@@ -284,6 +285,7 @@ private:
     QVector<double> timeAxis; ///< of the plotted samples, ms
     QVector<double> standardSound; ///< full scale is +-1
     QVector<double> deviantSound;
+    Modulator modulator; ///< of the sound made last
     QVector<double> trendX; ///< zero-based trial indices
     QVector<double> trendY; ///< the deviant's value, % or Hz
     double trendYMin; ///< limits of the trend's vertical axis

@@ -56,8 +56,12 @@ struct ChartLine {
     QtCharts::QValueAxis* axisY;
 };
 
+/// Replaces the points of a line, which is laid out at once.
+void replacePoints(QtCharts::QLineSeries* series, const QVector<QPointF>& points);
+
 /// Gives a line its points and its axes their two-element ranges. Limits that are not finite leave
-/// an axis as it was; with equal ones the line stays where it was laid out before.
+/// an axis as it was; with equal ones the line stays where it was laid out before, else it is laid
+/// out when the event loop runs.
 void refreshChart(const ChartLine& line, const QVector<QPointF>& points,
     const QVector<double>& rangeX, const QVector<double>& rangeY);
 

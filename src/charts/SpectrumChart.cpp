@@ -14,8 +14,8 @@ void MainWindow::displayFFT()
         = chartPoints(frequencyAxis, standardAmplitude, data.nFreqPointsToPlot[standard]);
     deviantSpectrumPoints
         = chartPoints(frequencyAxis, deviantAmplitude, data.nFreqPointsToPlot[deviant]);
-    standardSpectrumSeries->replace(standardSpectrumPoints);
-    deviantSpectrumSeries->replace(deviantSpectrumPoints);
+    replacePoints(standardSpectrumSeries, standardSpectrumPoints);
+    replacePoints(deviantSpectrumSeries, deviantSpectrumPoints);
     standardAmplitudeRange = amplitudeRange(standardAmplitude);
     deviantAmplitudeRange = amplitudeRange(deviantAmplitude);
     showSpectrumChart({standardSpectrumSeries, standardSpectrumAxisX, standardSpectrumAxisY,

@@ -21,8 +21,8 @@ void MainWindow::displayWav()
     makeIfMissing(deviantWaveSeries);
     standardPoints = chartPoints(timeAxis, standardSound, data.nPointsToPlot[standard]);
     deviantPoints = chartPoints(timeAxis, deviantSound, data.nPointsToPlot[deviant]);
-    standardWaveSeries->replace(standardPoints);
-    deviantWaveSeries->replace(deviantPoints);
+    replacePoints(standardWaveSeries, standardPoints);
+    replacePoints(deviantWaveSeries, deviantPoints);
     standardRange = amplitudeRange(standardSound);
     deviantRange = amplitudeRange(deviantSound);
     showWaveChart({standardWaveSeries, standardWaveAxisX, standardWaveAxisY, standardWaveChart,

@@ -1,69 +1,45 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signal/Stimulus.h"
 
+#include "signal/Modulator.h"
 #include "signal/SignalConstants.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace {
 
-struct Oscillation {
-    double circularFrequency;
-    double fs;
-    double phase;
-
-    // Grouped as k * (f * 2pi) / fs: other groupings differ in the last bits.
-    double angle(int k) const { return k * circularFrequency / fs + phase; }
-};
-
-// Carrier and modulator of samples start to start + n - 1.
-template <typename Carrier>
-void oscillate(double* carriers, double* modulators, int start, int n,
-    const Oscillation& modulation, const Carrier& carrier)
+void fillWithCarrier(QVector<double>& sound, const Data& data, int stimulus)
 {
-    for (int i = 0; i < n; ++i) {
-        carriers[i] = carrier(start + i);
-        modulators[i] = std::cos(modulation.angle(start + i));
-    }
-}
-
-void oscillate(
-    double* carriers, double* modulators, int start, int n, const Data& data, int stimulus)
-{
-    const Oscillation modulation = {data.mf[stimulus] * twoPi, data.fs, data.mfPhase[stimulus]};
-    const Oscillation tone = {data.cf[stimulus] * twoPi, data.fs, data.cfPhase[stimulus]};
+    const Oscillation tone = {data.cf[stimulus], data.fs, data.cfPhase[stimulus]};
+    double* const samples = sound.data();
     switch (data.soundType) {
     case sinusoidCarrier:
-        oscillate(carriers, modulators, start, n, modulation,
-            [tone](int k) { return std::sin(tone.angle(k)); });
+        for (int k = 0; k < sound.size(); ++k) {
+            samples[k] = std::sin(tone.angle(k));
+        }
         break;
     case noiseCarrier:
-        oscillate(carriers, modulators, start, n, modulation, [](int /*k*/) {
+        for (int k = 0; k < sound.size(); ++k) {
             const double u = qrand() / largestDraw;
-            return u + u - 1;
-        });
+            samples[k] = u + u - 1;
+        }
         break;
     default:
-        oscillate(carriers, modulators, start, n, modulation, [](int /*k*/) { return 0.0; });
+        sound.fill(0.0);
     }
 }
 
-constexpr int blockLength = 256;
-
-// The library calls of a block come first, so that its products go through the vector unit: the
-// envelope times the amplitude, times the carrier, times the normalisation.
-void fillBlock(double* samples, int start, int n, const Data& data, int stimulus)
+// The envelope times the amplitude, times the carrier, times the normalisation.
+void modulate(
+    QVector<double>& sound, const QVector<double>& modulator, const Data& data, int stimulus)
 {
-    std::array<double, blockLength> block;
-    double* const modulators = block.data();
-    oscillate(samples, modulators, start, n, data, stimulus);
     const double depth = data.md[stimulus];
     const double amplitude = data.amp[stimulus];
     const double normalisation = data.normalizeMd ? 1 / (depth + 1) : 1.0;
-    for (int i = 0; i < n; ++i) {
-        samples[i] = (modulators[i] * depth + 1) * amplitude * samples[i] * normalisation;
+    double* const samples = sound.data();
+    for (int k = 0; k < sound.size(); ++k) {
+        samples[k] = (modulator[k] * depth + 1) * amplitude * samples[k] * normalisation;
     }
 }
 
@@ -88,13 +64,12 @@ double levelRatio(const QVector<double>& a, const QVector<double>& b)
 
 } // namespace
 
-void synthesise(QVector<double>& sound, const Data& data, int stimulus)
+void synthesise(QVector<double>& sound, Modulator& modulator, const Data& data, int stimulus)
 {
     sound.resize(std::max(data.nSamples[stimulus], 0));
-    for (int start = 0; start < sound.size(); start += blockLength) {
-        const int n = std::min(blockLength, sound.size() - start);
-        fillBlock(sound.data() + start, start, n, data, stimulus);
-    }
+    fillWithCarrier(sound, data, stimulus);
+    const Oscillation modulation = {data.mf[stimulus], data.fs, data.mfPhase[stimulus]};
+    modulate(sound, modulator.samples(modulation, sound.size()), data, stimulus);
 }
 
 void equaliseLevels(QVector<double>& standardSound, const QVector<double>& deviantSound)

@@ -11,9 +11,9 @@ void MainWindow::genWav()
     if (data.nTrials == 0) {
         const int nPlotted = std::max(data.nPointsToPlot[standard], data.nPointsToPlot[deviant]);
         timeAxis = plottedTimes(nPlotted, data.fs);
-        synthesise(standardSound, data, standard);
+        synthesise(standardSound, modulator, data, standard);
     }
-    synthesise(deviantSound, data, deviant);
+    synthesise(deviantSound, modulator, data, deviant);
     if (data.equalizeRms) {
         equaliseLevels(standardSound, deviantSound);
     }

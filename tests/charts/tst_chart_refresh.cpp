@@ -2,6 +2,8 @@
 #include "charts/ChartParts.h"
 #include "support/WindowTest.h"
 
+#include <QPointer>
+#include <QSignalSpy>
 #include <QTest>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
@@ -11,6 +13,12 @@
 QT_CHARTS_USE_NAMESPACE
 
 namespace {
+
+struct State {
+    double lastX;
+    QVector<double> rangeX;
+    QVector<double> rangeY;
+};
 
 struct LineChart {
     QLineSeries* const series = new QLineSeries;
@@ -29,14 +37,20 @@ struct LineChart {
         view.show();
     }
 
-    ChartLine line() const { return {series, axisX, axisY}; }
-    QImage picture() { return view.grab().toImage(); }
-};
+    // Points, then ranges.
+    void setInOrder(const QVector<QPointF>& points, const State& state) const
+    {
+        series->replace(points);
+        axisX->setRange(state.rangeX[0], state.rangeX[1]);
+        axisY->setRange(state.rangeY[0], state.rangeY[1]);
+    }
 
-struct State {
-    double lastX;
-    QVector<double> rangeX;
-    QVector<double> rangeY;
+    ChartLine line() const { return {series, axisX, axisY}; }
+    QImage picture()
+    {
+        QCoreApplication::processEvents();
+        return view.grab().toImage();
+    }
 };
 
 QVector<QPointF> zigzag(double lastX, const QVector<double>& rangeY)
@@ -88,13 +102,68 @@ private slots:
             const State& state = states[i];
             const QVector<QPointF> points = zigzag(state.lastX, state.rangeY);
             refreshChart(refreshed.line(), points, state.rangeX, state.rangeY);
-            plain.series->replace(points);
-            plain.axisX->setRange(state.rangeX[0], state.rangeX[1]);
-            plain.axisY->setRange(state.rangeY[0], state.rangeY[1]);
+            plain.setInOrder(points, state);
             QVERIFY2(refreshed.picture() == plain.picture(), qPrintable(QString::number(i)));
             QCOMPARE(axisRange(refreshed.axisX), axisRange(plain.axisX));
             QCOMPARE(axisRange(refreshed.axisY), axisRange(plain.axisY));
         }
+    }
+
+    void picture_isThatOfPointsBeforeRanges_withoutAnEventLoopBetween_data()
+    {
+        picture_isThatOfPointsBeforeRanges_data();
+    }
+
+    void picture_isThatOfPointsBeforeRanges_withoutAnEventLoopBetween()
+    {
+        QFETCH(QVector<State>, states);
+        tolerateUndefinedChartValues();
+        LineChart refreshed;
+        LineChart plain;
+        for (const State& state : qAsConst(states)) {
+            const QVector<QPointF> points = zigzag(state.lastX, state.rangeY);
+            refreshChart(refreshed.line(), points, state.rangeX, state.rangeY);
+            plain.setInOrder(points, state);
+        }
+        QVERIFY(refreshed.picture() == plain.picture());
+    }
+
+    void line_isLaidOutOnceByTheEventLoop_howeverOftenRefreshed()
+    {
+        const LineChart chart;
+        const QSignalSpy layouts(chart.series, &QLineSeries::pointsReplaced);
+        for (const State& state : {usual, other, usual}) {
+            refreshChart(
+                chart.line(), zigzag(state.lastX, state.rangeY), state.rangeX, state.rangeY);
+        }
+        QCOMPARE(layouts.count(), 0);
+        QCoreApplication::processEvents();
+        QCOMPARE(layouts.count(), 1);
+    }
+
+    void line_isLaidOutAtOnce_whenItsPointsAreReplaced()
+    {
+        const LineChart chart;
+        const QVector<QPointF> points = zigzag(usual.lastX, usual.rangeY);
+        refreshChart(chart.line(), points, usual.rangeX, usual.rangeY);
+        const QSignalSpy layouts(chart.series, &QLineSeries::pointsReplaced);
+        replacePoints(chart.series, points);
+        QCOMPARE(layouts.count(), 1);
+        QCoreApplication::processEvents();
+        QCOMPARE(layouts.count(), 1);
+    }
+
+    void chart_mayGo_beforeItsLineIsLaidOut()
+    {
+        QPointer<QLineSeries> series;
+        {
+            const LineChart chart;
+            series = chart.series;
+            refreshChart(
+                chart.line(), zigzag(usual.lastX, usual.rangeY), usual.rangeX, usual.rangeY);
+        }
+        QVERIFY(series.isNull());
+        QCoreApplication::processEvents();
     }
 
     void points_areShown_whateverTheRanges_data()

@@ -15,7 +15,7 @@
 inline QVector<double> statedSound(
     const Data& data, int stimulus, const QVector<int>& draws = {}, int firstDraw = 0)
 {
-    const double twoPi = 6.283185307179586;
+    const double fullTurn = 6.283185307179586;
     const double m = data.md[stimulus];
     QVector<double> sound;
     double c = 0.0;
@@ -24,10 +24,11 @@ inline QVector<double> statedSound(
             const double u = draws[firstDraw + k] / 2147483647.0;
             c = u + u - 1;
         } else if (data.soundType == 0) {
-            c = std::sin(k * (data.cf[stimulus] * twoPi) / data.fs + data.cfPhase[stimulus]);
+            c = std::sin(k * (data.cf[stimulus] * fullTurn) / data.fs + data.cfPhase[stimulus]);
         }
         const double e
-            = std::cos(k * (data.mf[stimulus] * twoPi) / data.fs + data.mfPhase[stimulus]) * m + 1;
+            = std::cos(k * (data.mf[stimulus] * fullTurn) / data.fs + data.mfPhase[stimulus]) * m
+            + 1;
         const double x = e * data.amp[stimulus] * c;
         sound.append(data.normalizeMd ? x * (1 / (m + 1)) : x);
     }
