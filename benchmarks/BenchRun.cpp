@@ -71,14 +71,15 @@ void BenchRun::advanceTo(int trial)
 BenchRun::Turnaround BenchRun::answer()
 {
     Turnaround turnaround = {};
-    const Clock::time_point computingStart = Clock::now();
-    m_window.genWav();
-    m_window.genFFT();
-    turnaround.computing = secondsSince(computingStart);
     const Clock::time_point start = Clock::now();
     respond();
     turnaround.armed = secondsSince(start);
     comeToRest();
     turnaround.free = secondsSince(start);
+    const Clock::time_point computingStart = Clock::now();
+    m_window.genWav();
+    m_window.genFFT();
+    turnaround.computing = secondsSince(computingStart);
+    comeToRest();
     return turnaround;
 }

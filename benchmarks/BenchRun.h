@@ -18,7 +18,7 @@ class BenchRun {
 public:
     /// How long one answer takes, s.
     struct Turnaround {
-        double computing; ///< the new sounds and their spectra alone, made once more for it
+        double computing; ///< the new sounds and their spectra alone, made once more after it
         double armed; ///< until the pacing timer of the next trial runs
         double free; ///< until the event loop has nothing more to do: the charts are repainted
     };

@@ -2,9 +2,9 @@
 #include "charts/ChartParts.h"
 
 #include "app/WindowParts.h"
+#include "charts/LineLayout.h"
 
 #include <QGridLayout>
-#include <QSignalBlocker>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
 #include <QtCharts/QLineSeries>
@@ -33,28 +33,6 @@ QChart* makeChart(const ChartMembers& members, const ChartSettings& settings)
     chart->legend()->hide();
     chart->setMargins(QMargins(0, 0, 0, 0));
     return chart;
-}
-
-constexpr auto waitsForLayout = "waitsForLayout"; // property of a series
-
-// Qt Charts builds a line's outline as soon as it hears of new points, in more time than a trial's
-// sounds and spectra take. It hears of them when the event loop runs: after the next trial's timer
-// has been started, before anything is painted.
-void replacePointsUnheard(QLineSeries* series, const QVector<QPointF>& points)
-{
-    const QSignalBlocker unheard(series);
-    series->replace(points);
-    if (series->property(waitsForLayout).toBool()) {
-        return;
-    }
-    series->setProperty(waitsForLayout, true);
-    const auto layOut = [series] {
-        if (series->property(waitsForLayout).toBool()) {
-            series->setProperty(waitsForLayout, false);
-            emit series->pointsReplaced();
-        }
-    };
-    QMetaObject::invokeMethod(series, layOut, Qt::QueuedConnection);
 }
 
 bool hasLength(const QVector<double>& range)
@@ -102,28 +80,23 @@ QVector<double> axisRange(const QValueAxis* axis)
     return {axis->min(), axis->max()};
 }
 
-void replacePoints(QLineSeries* series, const QVector<QPointF>& points)
-{
-    series->setProperty(waitsForLayout, false);
-    series->replace(points);
-}
-
 // With the points in place, each new range would have the line built anew: the axes move under an
 // empty series. Where a range has no length Qt Charts builds no line, so that the points must come
 // first, while the old ranges hold.
 void refreshChart(const ChartLine& line, const QVector<QPointF>& points,
     const QVector<double>& rangeX, const QVector<double>& rangeY)
 {
+    LineLayout& layout = LineLayout::of(line.series);
     const bool pointsLast = hasLength(rangeX) && hasLength(rangeY);
     if (pointsLast) {
         line.series->clear();
     } else {
-        replacePoints(line.series, points);
+        layout.replaceNow(points);
     }
     setAxisRange(line.axisX, rangeX);
     setAxisRange(line.axisY, rangeY);
     if (pointsLast) {
-        replacePointsUnheard(line.series, points);
+        layout.replaceLater(points);
     }
 }
 

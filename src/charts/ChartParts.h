@@ -56,9 +56,6 @@ struct ChartLine {
     QtCharts::QValueAxis* axisY;
 };
 
-/// Replaces the points of a line, which is laid out at once.
-void replacePoints(QtCharts::QLineSeries* series, const QVector<QPointF>& points);
-
 /// Gives a line its points and its axes their two-element ranges. Limits that are not finite leave
 /// an axis as it was; with equal ones the line stays where it was laid out before, else it is laid
 /// out when the event loop runs.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
 #include "charts/ChartParts.h"
+#include "charts/LineLayout.h"
 #include "signal/Stimulus.h"
 
 #include <QtCharts/QLineSeries>
@@ -14,8 +15,8 @@ void MainWindow::displayFFT()
         = chartPoints(frequencyAxis, standardAmplitude, data.nFreqPointsToPlot[standard]);
     deviantSpectrumPoints
         = chartPoints(frequencyAxis, deviantAmplitude, data.nFreqPointsToPlot[deviant]);
-    replacePoints(standardSpectrumSeries, standardSpectrumPoints);
-    replacePoints(deviantSpectrumSeries, deviantSpectrumPoints);
+    LineLayout::of(standardSpectrumSeries).replaceNow(standardSpectrumPoints);
+    LineLayout::of(deviantSpectrumSeries).replaceNow(deviantSpectrumPoints);
     standardAmplitudeRange = amplitudeRange(standardAmplitude);
     deviantAmplitudeRange = amplitudeRange(deviantAmplitude);
     showSpectrumChart({standardSpectrumSeries, standardSpectrumAxisX, standardSpectrumAxisY,

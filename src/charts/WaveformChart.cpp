@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
 #include "charts/ChartParts.h"
+#include "charts/LineLayout.h"
 #include "session/Counts.h"
 #include "signal/Stimulus.h"
 
@@ -21,8 +22,8 @@ void MainWindow::displayWav()
     makeIfMissing(deviantWaveSeries);
     standardPoints = chartPoints(timeAxis, standardSound, data.nPointsToPlot[standard]);
     deviantPoints = chartPoints(timeAxis, deviantSound, data.nPointsToPlot[deviant]);
-    replacePoints(standardWaveSeries, standardPoints);
-    replacePoints(deviantWaveSeries, deviantPoints);
+    LineLayout::of(standardWaveSeries).replaceNow(standardPoints);
+    LineLayout::of(deviantWaveSeries).replaceNow(deviantPoints);
     standardRange = amplitudeRange(standardSound);
     deviantRange = amplitudeRange(deviantSound);
     showWaveChart({standardWaveSeries, standardWaveAxisX, standardWaveAxisY, standardWaveChart,

@@ -22,12 +22,13 @@ void MainWindow::updateTrend()
     } else if (data.mainParameter == carrierFrequencyParameter) {
         trendY.append(data.fd[deviant] * data.cf[standard]);
     }
-    // The ticks come before the range, or the labels between would be made for fractions; the axis
-    // comes before the point, so that the chart is laid out before it is painted, not between two
-    // paintings.
-    trendAxisX->setTickCount(data.nTrials + 1);
-    trendAxisX->setLabelFormat("%g");
+    // A new range has the labels of all ticks laid out at once, new ticks have it done by the event
+    // loop: meanwhile there are as few as an axis can have. The axis comes before the point, so
+    // that the chart is laid out before it is painted, not between two paintings.
+    trendAxisX->setTickCount(2);
     trendAxisX->setRange(0, data.nTrials);
+    trendAxisX->setLabelFormat("%g");
+    trendAxisX->setTickCount(data.nTrials + 1);
     widenTrend();
     if (!trendY.isEmpty()) {
         trendSeries->append(trendX.last(), trendY.last());

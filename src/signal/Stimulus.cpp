@@ -3,6 +3,7 @@
 
 #include "signal/Modulator.h"
 #include "signal/SignalConstants.h"
+#include "signal/VectorRegisters.h"
 
 #include <algorithm>
 #include <cmath>
@@ -66,6 +67,7 @@ double levelRatio(const QVector<double>& a, const QVector<double>& b)
 
 void synthesise(QVector<double>& sound, Modulator& modulator, const Data& data, int stimulus)
 {
+    clearUpperVectorHalves();
     sound.resize(std::max(data.nSamples[stimulus], 0));
     fillWithCarrier(sound, data, stimulus);
     const Oscillation modulation = {data.mf[stimulus], data.fs, data.mfPhase[stimulus]};

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "charts/ChartParts.h"
+#include "charts/LineLayout.h"
 #include "support/WindowTest.h"
 
 #include <QPointer>
@@ -147,7 +148,7 @@ private slots:
         const QVector<QPointF> points = zigzag(usual.lastX, usual.rangeY);
         refreshChart(chart.line(), points, usual.rangeX, usual.rangeY);
         const QSignalSpy layouts(chart.series, &QLineSeries::pointsReplaced);
-        replacePoints(chart.series, points);
+        LineLayout::of(chart.series).replaceNow(points);
         QCOMPARE(layouts.count(), 1);
         QCoreApplication::processEvents();
         QCOMPARE(layouts.count(), 1);

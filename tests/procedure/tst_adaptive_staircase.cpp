@@ -162,13 +162,14 @@ private slots:
                                 .arg(Probe::deviantAmplitude(window) != spectrum)
                                 .arg(run.data.nTrials == 2));
         };
-        using QtCharts::QLineSeries;
-        connect(Probe::trendSeries(window), &QLineSeries::pointAdded, [&] { note("trend"); });
+        using QtCharts::QValueAxis;
+        connect(
+            Probe::trendSeries(window), &QtCharts::QLineSeries::pointAdded, [&] { note("trend"); });
         connect(
             Probe::lineEditDevModDepth(window), &QLineEdit::textChanged, [&] { note("field"); });
-        connect(Probe::deviantWaveSeries(window), &QLineSeries::pointsReplaced,
-            [&] { note("waveform"); });
-        connect(Probe::deviantSpectrumSeries(window), &QLineSeries::pointsReplaced,
+        connect(
+            Probe::deviantWaveAxisY(window), &QValueAxis::rangeChanged, [&] { note("waveform"); });
+        connect(Probe::deviantSpectrumAxisY(window), &QValueAxis::rangeChanged,
             [&] { note("spectrum"); });
         run.answer(true);
         QCOMPARE(stations,

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "charts/ChartObjects.h"
+#include "support/RunDriver.h"
+#include "support/WindowTest.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+using Probe = MainWindowProbe;
+
+QT_CHARTS_USE_NAMESPACE
+
+namespace {
+
+// Counts the paintings of a chart.
+class PaintCounter : public QObject {
+public:
+    explicit PaintCounter(QChartView* view) { view->viewport()->installEventFilter(this); }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+    int count = 0;
+};
+
+// What an event posts is handled with the next call.
+void comeToRest()
+{
+    for (int i = 0; i < 3; ++i) {
+        QCoreApplication::processEvents();
+    }
+}
+
+// A run whose third trial waits for its answer, and all charts are painted.
+struct WaitingRun {
+    MainWindow window;
+    RunDriver driver {window};
+
+    WaitingRun()
+    {
+        window.show();
+        driver.open();
+        driver.beReady();
+        for (const bool isRight : {true, false}) {
+            driver.playTrial();
+            driver.answerRightly(isRight);
+        }
+        driver.playTrial();
+        comeToRest();
+    }
+};
+
+} // namespace
+
+class TestChartUpdates : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void nextTrialsTimer_startsBeforeTheLinesAreLaidOut()
+    {
+        WaitingRun run;
+        QVERIFY(!Probe::timerPlay(run.window)->isActive());
+        const QSignalSpy layouts[] = {
+            {standardWave(run.window).series, &QXYSeries::pointsReplaced},
+            {deviantWave(run.window).series, &QXYSeries::pointsReplaced},
+            {standardSpectrum(run.window).series, &QXYSeries::pointsReplaced},
+            {deviantSpectrum(run.window).series, &QXYSeries::pointsReplaced},
+        };
+        run.driver.answerRightly(true);
+        QVERIFY(Probe::timerPlay(run.window)->isActive());
+        for (const QSignalSpy& layout : layouts) {
+            QCOMPARE(layout.count(), 0);
+        }
+        comeToRest();
+        for (const QSignalSpy& layout : layouts) {
+            QCOMPARE(layout.count(), 1);
+        }
+    }
+
+    void everyChart_isPaintedOnce_afterAnAnswer()
+    {
+        WaitingRun run;
+        const PaintCounter counters[] = {
+            PaintCounter(standardWave(run.window).view),
+            PaintCounter(deviantWave(run.window).view),
+            PaintCounter(standardSpectrum(run.window).view),
+            PaintCounter(deviantSpectrum(run.window).view),
+            PaintCounter(trend(run.window).view),
+        };
+        run.driver.answerRightly(true);
+        comeToRest();
+        for (const PaintCounter& counter : counters) {
+            QCOMPARE(counter.count, 1);
+        }
+    }
+};
+
+QTEST_MAIN(TestChartUpdates)
+#include "tst_chart_updates.moc"
