@@ -3,7 +3,6 @@
 #include "procedure/SilentRun.h"
 #include "support/WindowTest.h"
 
-#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QtCharts/QLineSeries>
