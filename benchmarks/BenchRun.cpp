@@ -80,6 +80,5 @@ BenchRun::Turnaround BenchRun::answer()
     m_window.genWav();
     m_window.genFFT();
     turnaround.computing = secondsSince(computingStart);
-    comeToRest();
     return turnaround;
 }

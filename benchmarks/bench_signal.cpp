@@ -22,17 +22,34 @@ RunSettings settingsOf(int soundType)
     return settings;
 }
 
-// A trial's: the deviant, and the standard's level.
-void genWav(benchmark::State& state, int soundType)
+void repeatGenWav(benchmark::State& state, MainWindow& window)
 {
-    BenchRun run(settingsOf(soundType));
     for (auto _ : state) {
-        run.window().genWav();
+        window.genWav();
         benchmark::ClobberMemory();
     }
 }
-BENCHMARK_CAPTURE(genWav, noise, noiseCarrier)->Name("genWav/noise");
-BENCHMARK_CAPTURE(genWav, sinusoid, sinusoidCarrier)->Name("genWav/sinusoid");
+
+// A trial's: the deviant, with the modulator of the trial before, and the standard's level.
+void genWavOfTrial(benchmark::State& state, int soundType)
+{
+    BenchRun run(settingsOf(soundType));
+    repeatGenWav(state, run.window());
+}
+BENCHMARK_CAPTURE(genWavOfTrial, noise, noiseCarrier)->Name("genWav/trial/noise");
+BENCHMARK_CAPTURE(genWavOfTrial, sinusoid, sinusoidCarrier)->Name("genWav/trial/sinusoid");
+
+// A View's of two unlike modulators: both sounds and the cosines of both.
+void genWavOfView(benchmark::State& state, int soundType)
+{
+    BenchRun run(settingsOf(soundType));
+    Data& data = Probe::data(run.window());
+    data.nTrials = 0;
+    data.mf[standard] = data.mf[deviant] + 1.0;
+    repeatGenWav(state, run.window());
+}
+BENCHMARK_CAPTURE(genWavOfView, noise, noiseCarrier)->Name("genWav/View/noise");
+BENCHMARK_CAPTURE(genWavOfView, sinusoid, sinusoidCarrier)->Name("genWav/View/sinusoid");
 
 // The library calls of a sound and nothing else: one of the carrier and one cos a sample.
 template <typename Carrier> void bareLoop(benchmark::State& state, const Carrier& carrier)

@@ -81,10 +81,13 @@ def transform(folder):
 def signal(folder):
     results = medians(folder, "signal")
     rows = []
-    for label, name, bare in (("`genWav`, noise trial", "genWav/noise", "bare loop/noise"),
-                              ("`genWav`, sinusoid trial", "genWav/sinusoid", "bare loop/sinusoid"),
-                              ("`genFFT`", "genFFT", "genFFT/parts")):
-        time, least = results[name]["cpu"], results[bare]["cpu"]
+    for label, name, bare, sounds in (
+            ("`genWav`, noise trial", "genWav/trial/noise", "bare loop/noise", 1),
+            ("`genWav`, sinusoid trial", "genWav/trial/sinusoid", "bare loop/sinusoid", 1),
+            ("`genWav`, noise, View", "genWav/View/noise", "bare loop/noise", 2),
+            ("`genWav`, sinusoids, View", "genWav/View/sinusoid", "bare loop/sinusoid", 2),
+            ("`genFFT`", "genFFT", "genFFT/parts", 1)):
+        time, least = results[name]["cpu"], results[bare]["cpu"] * sounds
         times = (figure(time * MICRO, 0), figure(least * MICRO, 0))
         rows.append([label, *times, figure(time / least)])
     table("Sounds and spectra, µs", ["", "time", "its library calls alone", "ratio"], rows)

@@ -56,9 +56,9 @@ struct ChartLine {
     QtCharts::QValueAxis* axisY;
 };
 
-/// Gives a line its points and its axes their two-element ranges. Limits that are not finite leave
-/// an axis as it was; with equal ones the line stays where it was laid out before, else it is laid
-/// out when the event loop runs.
+/// Gives a line its points and its axes their two-element ranges. Where both ranges have a length
+/// the line is laid out when the event loop runs. Else it is laid out at once, along the axes as
+/// they were; limits that are not finite leave an axis as it was.
 void refreshChart(const ChartLine& line, const QVector<QPointF>& points,
     const QVector<double>& rangeX, const QVector<double>& rangeY);
 

@@ -22,7 +22,7 @@ LineLayout::LineLayout(QLineSeries* series)
 
 void LineLayout::replaceNow(const QVector<QPointF>& points)
 {
-    QCoreApplication::removePostedEvents(this);
+    QCoreApplication::removePostedEvents(this, QEvent::User);
     m_series->replace(points);
 }
 
@@ -32,7 +32,7 @@ void LineLayout::replaceLater(const QVector<QPointF>& points)
 {
     const QSignalBlocker unheard(m_series);
     m_series->replace(points);
-    QCoreApplication::removePostedEvents(this);
+    QCoreApplication::removePostedEvents(this, QEvent::User);
     QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
 }
 

@@ -105,6 +105,26 @@ private slots:
         }
     }
 
+    // The order in which the axes are set must not show.
+    void picture_isThatOfPointRangeAndTicksInPlainOrder()
+    {
+        MainWindow window;
+        MainWindow plain;
+        window.show();
+        plain.show();
+        for (int trials = 1; trials <= 30; ++trials) {
+            answer(window, 0.01 * ((7 * trials) % 60));
+            const ChartObjects expected = trend(plain);
+            expected.series->append(trend(window).series->pointsVector().last());
+            expected.axisX->setRange(0, trials);
+            expected.axisX->setLabelFormat("%g");
+            expected.axisX->setTickCount(trials + 1);
+            expected.axisY->setRange(trend(window).axisY->min(), trend(window).axisY->max());
+            QCoreApplication::processEvents();
+            QCOMPARE(trend(window).view->grab().toImage(), expected.view->grab().toImage());
+        }
+    }
+
     void chart_isEmptyFrom0To100Again_afterAReset()
     {
         MainWindow window;

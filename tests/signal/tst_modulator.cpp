@@ -51,11 +51,6 @@ private slots:
         const QVector<double> samples = modulator.samples({frequency, fs, phase}, n);
         QCOMPARE(firstDifference(samples, cosines(frequency, fs, phase, n)), -1);
     }
-
-    void samples_areNone_ofANewModulatorAskedForNone()
-    {
-        QCOMPARE(Modulator().samples({0.0, 0.0, 0.0}, 0).size(), 0);
-    }
 };
 
 QTEST_APPLESS_MAIN(TestModulator)
