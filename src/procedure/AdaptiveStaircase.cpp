@@ -22,9 +22,9 @@ void MainWindow::updateTrend()
     } else if (data.mainParameter == carrierFrequencyParameter) {
         trendY.append(data.fd[deviant] * data.cf[standard]);
     }
-    // A new range lays out the labels of all ticks at once, a new number of ticks leaves that to the
-    // event loop: meanwhile there are as few ticks as an axis can have. The axis comes before the
-    // point, so that the chart is laid out before it is painted, not between two paintings.
+    // A new range lays out the labels of all ticks at once, a new number of ticks leaves that to
+    // the event loop: meanwhile there are as few ticks as an axis can have. The axis comes before
+    // the point, so that the chart is laid out before it is painted, not between two paintings.
     trendAxisX->setTickCount(2);
     trendAxisX->setRange(0, data.nTrials);
     trendAxisX->setLabelFormat("%g");

@@ -22,10 +22,10 @@ class Modulator {
 public:
     /// cos(angle(k)) for k = 0 to n - 1.
     /// @param n not negative
-    const QVector<double>& samples(Oscillation modulation, int n);
+    const QVector<double>& samples(const Oscillation& modulation, int n);
 
 private:
-    bool holds(Oscillation modulation, int n) const;
+    bool holds(const Oscillation& modulation, int n) const;
 
     Oscillation m_modulation = {0.0, 0.0, 0.0};
     QVector<double> m_samples;
