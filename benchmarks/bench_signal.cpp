@@ -39,13 +39,14 @@ void genWavOfTrial(benchmark::State& state, int soundType)
 BENCHMARK_CAPTURE(genWavOfTrial, noise, noiseCarrier)->Name("genWav/trial/noise");
 BENCHMARK_CAPTURE(genWavOfTrial, sinusoid, sinusoidCarrier)->Name("genWav/trial/sinusoid");
 
-// A View's of two unlike modulators: both sounds and the cosines of both.
+// A View's of two unlike modulators: both sounds and the cosines of both. They differ in phase,
+// since the time of a cosine depends on how soon its arguments repeat.
 void genWavOfView(benchmark::State& state, int soundType)
 {
     BenchRun run(settingsOf(soundType));
     Data& data = Probe::data(run.window());
     data.nTrials = 0;
-    data.mf[standard] = data.mf[deviant] + 1.0;
+    data.mfPhase[standard] = 0.0;
     repeatGenWav(state, run.window());
 }
 BENCHMARK_CAPTURE(genWavOfView, noise, noiseCarrier)->Name("genWav/View/noise");
