@@ -1,20 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "signal/SignalConstants.h"
+#include "signal/Oscillation.h"
 
 #include <QVector>
-
-/// A sinusoid over time.
-struct Oscillation {
-    double frequency; ///< Hz
-    double fs; ///< sampling rate, Hz
-    double phase; ///< radians
-
-    /// The angle at sample k in radians, grouped as k * (frequency * 2pi) / fs + phase: other
-    /// groupings differ in the last bits.
-    double angle(int k) const { return k * (frequency * twoPi) / fs + phase; }
-};
 
 /// The modulator of a sound's envelope. Its samples are kept until others are asked for: from trial
 /// to trial of a run they are the same, and their cosines cost more than the rest of the sound.

@@ -2,6 +2,7 @@
 #include "signal/SignalToolkit.h"
 
 #include "session/Counts.h"
+#include "signal/Oscillation.h"
 #include "signal/SignalConstants.h"
 
 #include <QMessageBox>
@@ -81,10 +82,11 @@ QVector<double> sine(double fs, double duration, double frequency, double amplit
     if (nSamples < 1) {
         return {};
     }
+    const Oscillation oscillation = {frequency, fs, phase * radiansPerDegree};
     QVector<double> tone(nSamples);
     double* samples = tone.data();
     for (int k = 0; k < nSamples; ++k) {
-        samples[k] = std::sin(k * (frequency * twoPi) / fs + phase * radiansPerDegree) * amplitude;
+        samples[k] = std::sin(oscillation.angle(k)) * amplitude;
     }
     return tone;
 }
@@ -96,13 +98,13 @@ QVector<double> sam(double fs, double duration, double fc, double fm, double m, 
     if (nSamples < 1) {
         return {};
     }
+    const Oscillation modulation = {fm, fs, modulatorPhase * radiansPerDegree};
     const double normalisation = 1 / (m + 1);
     QVector<double> tone(nSamples);
     double* samples = tone.data();
     for (int k = 0; k < nSamples; ++k) {
         const double carrier = std::sin(fc * twoPi * k / fs + carrierPhase * radiansPerDegree);
-        const double modulator
-            = std::cos(k * (fm * twoPi) / fs + modulatorPhase * radiansPerDegree);
+        const double modulator = std::cos(modulation.angle(k));
         samples[k] = carrier * ((modulator * m + 1) * amplitude);
         if (normalise) {
             samples[k] = samples[k] * normalisation;

@@ -2,6 +2,7 @@
 #include "signal/Stimulus.h"
 
 #include "signal/Modulator.h"
+#include "signal/Oscillation.h"
 #include "signal/SignalConstants.h"
 #include "signal/VectorRegisters.h"
 
