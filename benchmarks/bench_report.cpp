@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "companions/report/SimulatedRun.h"
 #include "report/Report.h"
 #include "session/OutputFileName.h"
-#include "tools/report/SimulatedRun.h"
 
 #include <QBuffer>
 #include <QDir>

@@ -50,7 +50,7 @@ function(quorin_add_test name source)
   if(arg_LABELS MATCHES "(^|;)(unit|valgrind)(;|$)")
     quorin_add_to_group(valgrind_tests ${target})
   endif()
-  if(NOT arg_LABELS MATCHES "(^|;)(slow|nightly|audio|hostile|tools)(;|$)")
+  if(NOT arg_LABELS MATCHES "(^|;)(slow|nightly|audio|hostile|companions|tools)(;|$)")
     quorin_add_to_group(coverage_tests ${target})
   endif()
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
 #include "session/Data.h"
+#include "soundlab/PipeWireServer.h"
 #include "soundlab/SoundServer.h"
-#include "timing/PipeWireServer.h"
 #include "timing/TimedRecorder.h"
 #include "timing/TimingTable.h"
 #include "timing/TrialObserver.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "companions/simulate/Simulations.h"
 #include "procedure/SilentRun.h"
 #include "simulate/Distribution.h"
 #include "support/WindowTest.h"
-#include "tools/simulate/Simulations.h"
 
 #include <QTest>
 

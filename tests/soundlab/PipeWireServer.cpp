@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "timing/PipeWireServer.h"
+#include "soundlab/PipeWireServer.h"
 
 #include <QDir>
 #include <QFile>

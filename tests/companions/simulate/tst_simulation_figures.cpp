@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "companions/simulate/Simulations.h"
 #include "simulate/ProgressBar.h"
 #include "simulate/SimulationReport.h"
 #include "support/QuietTest.h"
-#include "tools/simulate/Simulations.h"
 
 #include <QTest>
 #include <QTextStream>
