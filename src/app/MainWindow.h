@@ -2,20 +2,17 @@
 #pragma once
 
 // Where the operations of MainWindow are defined:
-//   app/MainWindow.cpp                construction, destruction, the small slots
-//   app/MainWindowLayout.cpp          grids, sizes, texts and geometry of the window
-//   app/PanelHelp.cpp                 tool tips, accessible names and the order of the Tab key
-//   app/TrialRunLoop.cpp              Go, the four sounds of a trial, the answer, the end of a run
-//   session/ParameterPanel.cpp        the panel's controls to and from the session record
-//   session/OutputFileNaming.cpp      the name of the results file
-//   signal/StimulusBuilder.cpp        the two sounds and the refresh of their charts
-//   signal/SpectrumAnalysis.cpp       their spectra and the refresh of their charts
-//   procedure/AdaptiveStaircase.cpp   trend, reversals and steps of the deviant
-//   procedure/ThresholdAndResults.cpp threshold and mean reaction times
-//   procedure/ResultsFile.cpp         the results file and its save dialog
-//   charts/WaveformChart.cpp          the two waveform charts
-//   charts/SpectrumChart.cpp          the two spectrum charts
-//   charts/TrendChart.cpp             the trend chart
+//   app/MainWindow.cpp                 construction, destruction, the small slots
+//   app/MainWindow_Layout.cpp          grids, sizes, texts and geometry of the window
+//   app/MainWindow_Help.cpp            tool tips, accessible names and the order of the Tab key
+//   app/MainWindow_TrialLoop.cpp       Go, the four sounds of a trial, the answer, the end of a run
+//   session/MainWindow_Panel.cpp       the panel's controls to and from the session record, and the
+//                                      name of the results file
+//   signal/MainWindow_Sounds.cpp       the two sounds and the refresh of their charts
+//   signal/MainWindow_Spectra.cpp      their spectra and the refresh of their charts
+//   procedure/MainWindow_Staircase.cpp trend, reversals and steps of the deviant
+//   procedure/MainWindow_Results.cpp   threshold, mean reaction times, the results file
+//   charts/MainWindow_Charts.cpp       waveforms, spectra and trend on first display
 // The rules and the arithmetic under them are pure functions in the files beside these.
 
 #include "charts/ChartParts.h"
@@ -92,13 +89,13 @@ public:
     /// Disables the whole window; nothing in the program calls it.
     void disableAllComponents();
 
-    // app/MainWindowLayout.cpp
+    // app/MainWindow_Layout.cpp
     /// Places the widgets and sets sizes, title and alignments.
     void setupGUIMainWindow();
     /// The window's geometry on the primary screen; see windowRectangle.
     void centerAndResizeMainWindow(bool center, double widthFraction, double heightFraction);
 
-    // app/TrialRunLoop.cpp
+    // app/MainWindow_TrialLoop.cpp
     /// Starts one trial: draws the deviant's position and starts the pacing timer.
     void playWav();
     /// Draws the deviant's position, 2 or 3, and fills the trial's sequence.
@@ -108,32 +105,30 @@ public:
     /// updateTrend, then updateReversal.
     void updateAll();
 
-    // session/ParameterPanel.cpp
+    // session/MainWindow_Panel.cpp
     /// Fills the controls from the record, once, and makes the timers, fonts and audio format.
     void initParameters();
     /// Reads every control into the record. Numbers that do not parse become 0. Rewrites the
     /// deviant's depth, difference and carrier when they are reset, else its difference as it was
     /// read, and the reversals to calculate when there are fewer.
     void getParameters();
-
-    // session/OutputFileNaming.cpp
     /// Composes the name of the results file and shows it.
     void updateFileName();
 
-    // signal/StimulusBuilder.cpp
+    // signal/MainWindow_Sounds.cpp
     /// Synthesises the sounds: the deviant on every call, the standard only before the first trial
     /// of a run; a whole run reuses that one standard, rescaled to the level of each new deviant.
     void genWav();
     /// Refreshes the waveform charts in place after genWav.
     void updateWav();
 
-    // signal/SpectrumAnalysis.cpp
+    // signal/MainWindow_Spectra.cpp
     /// Amplitude and phase spectra of both sounds.
     void genFFT();
     /// Refreshes the spectrum charts in place after genFFT.
     void updateFFT();
 
-    // procedure/AdaptiveStaircase.cpp
+    // procedure/MainWindow_Staircase.cpp
     /// Adds the trial just answered to the trend. Does nothing without its record.
     void updateTrend();
     /// Judges the trial just answered, then ends the run or plays the next trial. Does nothing
@@ -146,26 +141,20 @@ public:
     /// Clears trend, reversals and records for a new run.
     void resetTrend();
 
-    // procedure/ThresholdAndResults.cpp
+    // procedure/MainWindow_Results.cpp
     /// Fills the record's threshold and mean reaction times.
     void computeResults();
-
-    // procedure/ResultsFile.cpp
     /// Asks where to save and writes the run's trials there; a file that cannot be written is met
     /// with a warning box.
     void writeDataToTxt();
 
-    // charts/WaveformChart.cpp
+    // charts/MainWindow_Charts.cpp
     /// How many samples of each sound the charts show.
     void updateNPointsToPlot();
     /// Shows both waveforms; makes their charts on the first call.
     void displayWav();
-
-    // charts/SpectrumChart.cpp
     /// Shows both spectra; makes their charts on the first call.
     void displayFFT();
-
-    // charts/TrendChart.cpp
     /// Makes the trend chart on the first call; later ones name its vertical axis.
     void displayTrend();
 
@@ -187,10 +176,10 @@ private:
     void makeConnections();
     void deleteCharts();
     void deleteWidgets();
-    // app/MainWindowLayout.cpp, app/PanelHelp.cpp
+    // app/MainWindow_Layout.cpp, app/MainWindow_Help.cpp
     void fillParameterGrid();
     void describePanel();
-    // app/TrialRunLoop.cpp
+    // app/MainWindow_TrialLoop.cpp
     void setPlaybackRate();
     void checkPlaybackFormat() const;
     Sound takeCurrentSound();
@@ -200,7 +189,7 @@ private:
     static void silence(const Sound& sound);
     void deleteAllSounds();
     void startReactionTimer();
-    // session/ParameterPanel.cpp
+    // session/MainWindow_Panel.cpp
     void fillComboBoxes();
     void fillLineEdits();
     void deriveSizes();
@@ -211,13 +200,13 @@ private:
     void showDeviantDepth();
     void showDeviantDifference();
     void showDeviantCarrier();
-    // signal/StimulusBuilder.cpp
+    // signal/MainWindow_Sounds.cpp
     void refreshWavePoints(
         QVector<QPointF>& points, const QVector<double>& sound, int nPointsToPlot);
-    // signal/SpectrumAnalysis.cpp
+    // signal/MainWindow_Spectra.cpp
     void analyse(int stimulus, const QVector<double>& sound, QVector<double>& amplitude,
         QVector<double>& phase);
-    // procedure/AdaptiveStaircase.cpp
+    // procedure/MainWindow_Staircase.cpp
     void widenTrend();
     // charts/
     void showWaveChart(const ChartMembers& members, const QString& title, int stimulus,

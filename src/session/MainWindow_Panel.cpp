@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
 #include "session/Counts.h"
+#include "session/OutputFileName.h"
 #include "session/PanelNumbers.h"
 
 #include <QCheckBox>
@@ -225,4 +226,10 @@ void MainWindow::on_lineEditSesNum_textChanged(const QString& text)
 {
     data.sesNum = readInteger(text);
     updateFileName();
+}
+
+void MainWindow::updateFileName()
+{
+    data.fileName = composedFileName(data);
+    lineEditFileName->setText(data.fileName);
 }

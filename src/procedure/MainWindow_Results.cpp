@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
 #include "procedure/ResultsFormat.h"
+#include "procedure/RunResults.h"
 
 #include <QDir>
 #include <QFile>
@@ -33,6 +34,11 @@ bool writeResultsFile(const QString& path, const Data& data)
 }
 
 } // namespace
+
+void MainWindow::computeResults()
+{
+    computeRunResults(data);
+}
 
 // The record keeps the whole chosen path as its folder, and a missing folder is made under that
 // very name: a path in a missing folder thus becomes a folder itself, and the warning follows.
