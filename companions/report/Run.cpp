@@ -21,7 +21,7 @@ void findReversals(Run& run)
     run.reversalTrials.clear();
     for (data.nTrials = 1; data.nTrials <= data.records.size(); ++data.nTrials) {
         const int before = data.reversalCount;
-        judgeCurrentRecord(data);
+        judgeTrial(data, data.nTrials - 1);
         if (data.reversalCount > before) {
             run.reversalTrials.append(data.nTrials - 1);
         }

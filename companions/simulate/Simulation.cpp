@@ -38,18 +38,13 @@ void startAt(Data& data, double value)
     }
 }
 
-Record answeredTrial(const Data& data, const Simulation& simulation, std::mt19937_64& generator)
+Record listenersAnswer(double value, const Simulation& simulation, std::mt19937_64& generator)
 {
-    constexpr int otherOfTwoAndThree = 5;
-    Record record;
-    record.value = adaptedValue(data);
-    record.stimulusPosition = data.deviantPosition;
-    record.correctness
-        = nextFraction(generator) < simulation.listener.probabilityRight(record.value);
-    record.responsePosition = record.correctness ? record.stimulusPosition
-                                                 : otherOfTwoAndThree - record.stimulusPosition;
-    record.reactionTime = simulation.reactionMs;
-    return record;
+    constexpr int twoAndThree = 5;
+    const int position = nextFraction(generator) < 0.5 ? 2 : 3;
+    const bool isRight = nextFraction(generator) < simulation.listener.probabilityRight(value);
+    const int response = isRight ? position : twoAndThree - position;
+    return answeredTrial(value, position, response, simulation.reactionMs);
 }
 
 } // namespace
@@ -78,13 +73,11 @@ RunOutcome simulateRun(Data& data, const Simulation& simulation, int index)
     startAt(data, simulation.startValue);
     int nCorrect = 0;
     while (data.nTrials < simulation.mostTrials) {
-        data.deviantPosition = nextFraction(generator) < 0.5 ? 2 : 3;
-        ++data.nTrials;
-        const Record record = answeredTrial(data, simulation, generator);
+        const Record record = listenersAnswer(adaptedValue(data), simulation, generator);
         nCorrect += record.correctness ? 1 : 0;
         data.records.append(record);
-        judgeCurrentRecord(data);
-        if (enoughReversals(data)) {
+        ++data.nTrials;
+        if (judgeTrial(data, data.nTrials - 1) == AfterTrial::end) {
             computeRunResults(data);
             return {data.threshold, data.nTrials, nCorrect};
         }

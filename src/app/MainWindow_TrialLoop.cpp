@@ -87,13 +87,8 @@ void MainWindow::updateMainwindow(int response)
         return;
     }
     qDebug() << "response: " << response;
-    Record record;
-    record.value = adaptedValue(data);
-    record.stimulusPosition = data.deviantPosition;
-    record.responsePosition = response;
-    record.correctness = response == data.deviantPosition;
-    record.reactionTime = static_cast<double>(elapsed);
-    data.records.append(record);
+    data.records.append(answeredTrial(
+        adaptedValue(data), data.deviantPosition, response, static_cast<double>(elapsed)));
     updateTrend();
     updateReversal();
 }

@@ -62,8 +62,7 @@ void MainWindow::updateReversal()
     if (!hasCurrentRecord(data)) {
         return;
     }
-    judgeCurrentRecord(data);
-    if (enoughReversals(data)) {
+    if (judgeTrial(data, data.nTrials - 1) == AfterTrial::end) {
         finishIt();
         return;
     }

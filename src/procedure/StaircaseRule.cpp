@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr double fullModulation = 1.0;
-constexpr double largestDifference = 0.9999; // keeps the deviant's carrier above 0 Hz
 constexpr double startDifference = 0.05;
 constexpr double startDepth = 0.5;
 
@@ -53,14 +51,14 @@ double adaptedValue(const Data& data)
     }
 }
 
-void judgeCurrentRecord(Data& data)
+AfterTrial judgeTrial(Data& data, int trial)
 {
-    const int current = data.nTrials - 1;
-    const Record& record = qAsConst(data.records)[current];
+    const Record& record = qAsConst(data.records)[trial];
     data.stepFactor = record.correctness ? data.stepFactorCorrect : data.stepFactorIncorrect;
-    if (current >= 1 && qAsConst(data.records)[current - 1].correctness != record.correctness) {
+    if (trial >= 1 && qAsConst(data.records)[trial - 1].correctness != record.correctness) {
         storeReversal(data, record.value);
     }
+    return enoughReversals(data) ? AfterTrial::end : AfterTrial::nextTrial;
 }
 
 bool enoughReversals(const Data& data)

@@ -7,6 +7,10 @@ class Data;
 constexpr double emptyTrendMin = 0.0;
 constexpr double emptyTrendMax = 100.0;
 
+/// The upper bounds of what is adapted, fractions.
+constexpr double fullModulation = 1.0;
+constexpr double largestDifference = 0.9999; ///< keeps the deviant's carrier above 0 Hz
+
 // The weighted up-down rule: a correct answer makes the deviant harder to tell apart by one step, a
 // wrong one easier by two. Steps are 2 dB until two reversals have been counted and 1 dB after
 // that. In the long run 2/3 of the answers are correct: Kaernbach (1991), Percept. Psychophys. 49,
@@ -30,10 +34,16 @@ bool hasCurrentRecord(const Data& data);
 /// difference or modulation depth. Any other main parameter gives 0.
 double adaptedValue(const Data& data);
 
-/// Judges the current record: chooses the next step's direction and, when its correctness differs
-/// from the record's before, stores its value as a reversal and counts it. The first trial is never
-/// a reversal. Needs hasCurrentRecord.
-void judgeCurrentRecord(Data& data);
+/// What follows a judged trial.
+enum class AfterTrial { nextTrial, end };
+
+/// Judges one of the run's trials: chooses the next step's direction and, when the trial's
+/// correctness differs from that of the trial before, stores its value as a reversal and counts it.
+/// The first trial is never a reversal.
+/// @param trial index into the records
+/// @return the end, once as many reversals as asked for have been counted: computeRunResults is
+///         next; stepDeviant otherwise
+AfterTrial judgeTrial(Data& data, int trial);
 
 /// Whether as many reversals as asked for have been counted.
 bool enoughReversals(const Data& data);

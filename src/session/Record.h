@@ -19,4 +19,12 @@ public:
     double reactionTime; ///< from the reported end of the fourth sound to the answer, ms
 };
 
+/// A trial that was answered.
+/// @param value            of the adapted parameter, a fraction
+/// @param stimulusPosition interval that held the deviant
+/// @param responsePosition interval that the listener chose; the answer is correct if it is the
+///                         deviant's
+/// @param reactionTime     ms
+Record answeredTrial(double value, int stimulusPosition, int responsePosition, double reactionTime);
+
 Q_DECLARE_TYPEINFO(Record, Q_MOVABLE_TYPE);

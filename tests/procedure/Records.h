@@ -9,13 +9,7 @@
 /// One answered trial with the deviant in interval 2.
 inline Record answered(bool isCorrect, double value = 0.0, double reactionTime = 0.0)
 {
-    Record record;
-    record.value = value;
-    record.stimulusPosition = 2;
-    record.responsePosition = isCorrect ? 2 : 3;
-    record.correctness = isCorrect;
-    record.reactionTime = reactionTime;
-    return record;
+    return answeredTrial(value, 2, isCorrect ? 2 : 3, reactionTime);
 }
 
 /// Adds an answered trial to a run and counts it.

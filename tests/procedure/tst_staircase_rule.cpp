@@ -88,7 +88,7 @@ private slots:
         Steps steps;
         for (const QChar answer : answers) {
             addAnswer(data, isCorrect(answer));
-            judgeCurrentRecord(data);
+            judgeTrial(data, data.records.size() - 1);
             steps.append(nextStepDb(data));
         }
         QCOMPARE(steps, expected);
@@ -126,7 +126,7 @@ private slots:
         Data data;
         for (int i = 0; i < answers.size(); ++i) {
             addAnswer(data, isCorrect(answers[i]), i + 1);
-            judgeCurrentRecord(data);
+            judgeTrial(data, data.records.size() - 1);
         }
         QCOMPARE(data.reversalCount, expected.size());
         QCOMPARE(data.reversals.size(), 14);
@@ -140,7 +140,7 @@ private slots:
         Values expected;
         for (int i = 0; i < 41; ++i) {
             addAnswer(data, i % 2 == 0, i);
-            judgeCurrentRecord(data);
+            judgeTrial(data, data.records.size() - 1);
         }
         for (int i = 1; i < 41; ++i) {
             expected.append(i);
@@ -163,6 +163,20 @@ private slots:
         QVERIFY(enoughReversals(data));
         data.nReversals = -3;
         QVERIFY(enoughReversals(data));
+    }
+
+    void trial_isFollowedByTheEnd_onceEnoughReversalsWereCounted()
+    {
+        Data data;
+        data.nReversals = 2;
+        QVector<AfterTrial> after;
+        for (const QChar answer : QString("ccwwcw")) {
+            addAnswer(data, isCorrect(answer));
+            after.append(judgeTrial(data, data.records.size() - 1));
+        }
+        const AfterTrial next = AfterTrial::nextTrial;
+        const AfterTrial end = AfterTrial::end;
+        QCOMPARE(after, QVector<AfterTrial>({next, next, next, next, end, end}));
     }
 
     void currentRecord_isThere_onlyWithinTheRecords()

@@ -143,6 +143,19 @@ private slots:
         QCOMPARE(record.correctness, false);
         QCOMPARE(record.reactionTime, 0.0);
     }
+
+    void record_isCorrect_whenTheResponseIsTheDeviants()
+    {
+        const Record right = answeredTrial(0.25, 3, 3, 734.0);
+        QCOMPARE(right.value, 0.25);
+        QCOMPARE(right.stimulusPosition, 3);
+        QCOMPARE(right.responsePosition, 3);
+        QCOMPARE(right.correctness, true);
+        QCOMPARE(right.reactionTime, 734.0);
+        const Record wrong = answeredTrial(0.25, 3, 2, 734.0);
+        QCOMPARE(wrong.responsePosition, 2);
+        QCOMPARE(wrong.correctness, false);
+    }
 };
 
 QTEST_GUILESS_MAIN(TestData)

@@ -23,17 +23,12 @@ inline Data simulatedRun(int mainParameter, unsigned seed, int nReversals = 14)
     data.nReversals = nReversals;
     resetDeviant(data);
     while (true) {
-        Record record;
-        record.value = adaptedValue(data);
-        record.stimulusPosition = random() % 2 == 0 ? 2 : 3;
-        record.correctness = random() % 4 != 0;
-        record.responsePosition
-            = record.correctness ? record.stimulusPosition : 5 - record.stimulusPosition;
-        record.reactionTime = static_cast<double>(random() % 3000);
-        data.records.append(record);
+        const int position = random() % 2 == 0 ? 2 : 3;
+        const int response = random() % 4 != 0 ? position : 5 - position;
+        const auto reactionTime = static_cast<double>(random() % 3000);
+        data.records.append(answeredTrial(adaptedValue(data), position, response, reactionTime));
         data.nTrials = data.records.size();
-        judgeCurrentRecord(data);
-        if (enoughReversals(data)) {
+        if (judgeTrial(data, data.nTrials - 1) == AfterTrial::end) {
             computeRunResults(data);
             return data;
         }
