@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "report/Run.h"
 
+#include "procedure/Replay.h"
 #include "procedure/RunResults.h"
 #include "procedure/StaircaseRule.h"
 #include "session/OutputFileName.h"
@@ -17,17 +18,16 @@ namespace {
 void findReversals(Run& run)
 {
     Data& data = run.data;
-    data.reversalCount = 0;
+    const Replay again = replay(data, resultsFileValues(data.mainParameter));
     run.reversalTrials.clear();
-    for (data.nTrials = 1; data.nTrials <= data.records.size(); ++data.nTrials) {
-        const int before = data.reversalCount;
-        judgeTrial(data, data.nTrials - 1);
-        if (data.reversalCount > before) {
-            run.reversalTrials.append(data.nTrials - 1);
+    for (int i = 0; i < again.trials.size(); ++i) {
+        if (again.trials[i].isReversal) {
+            run.reversalTrials.append(i);
         }
     }
+    data.reversals = again.reversals;
+    data.reversalCount = again.reversals.size();
     data.nTrials = data.records.size();
-    data.reversals.resize(data.reversalCount);
 }
 
 double percentCorrect(const QVector<Record>& records)
