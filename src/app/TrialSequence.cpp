@@ -3,6 +3,7 @@
 
 #include "session/Counts.h"
 #include "session/Data.h"
+#include "session/Units.h"
 
 #include <algorithm>
 #include <limits>
@@ -16,9 +17,8 @@ QVector<bool> trialSequence(int nSounds, int deviantPosition)
 
 int trialPeriodMs(double silentInterval, const QVector<double>& durations)
 {
-    constexpr double msPerSecond = 1000.0;
     const double longer = std::max(durations[standard], durations[deviant]);
-    return std::max(truncatedCount(silentInterval * msPerSecond + longer * msPerSecond), 1);
+    return std::max(truncatedCount(inMs(silentInterval) + inMs(longer)), 1);
 }
 
 int endReportTimeoutMs(int periodMs)

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The texts of the panel's fields.
 #include "session/PanelNumbers.h"
+
+#include "session/Units.h"
 
 namespace {
 
-constexpr double percent = 100.0;
-constexpr double msPerSecond = 1000.0;
 constexpr int coarseDecimals = 2;
 constexpr int fineDecimals = 4;
 constexpr int rateDigits = 6;
@@ -24,12 +25,12 @@ double readFrequency(const QString& text)
 
 QString shownDepth(double depth)
 {
-    return QString::number(depth * percent, 'f', fineDecimals);
+    return QString::number(inPercent(depth), 'f', fineDecimals);
 }
 
 double readDepth(const QString& text)
 {
-    return text.toDouble() / percent;
+    return fromPercent(text.toDouble());
 }
 
 QString shownDifference(double difference, double standardCarrier)
@@ -44,12 +45,12 @@ double readDifference(const QString& text, double standardCarrier)
 
 QString shownDuration(double seconds)
 {
-    return QString::number(seconds * msPerSecond, 'f', coarseDecimals);
+    return QString::number(inMs(seconds), 'f', coarseDecimals);
 }
 
 double readDuration(const QString& text)
 {
-    return text.toDouble() / msPerSecond;
+    return fromMs(text.toDouble());
 }
 
 QString shownRate(double hertz)

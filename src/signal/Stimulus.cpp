@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signal/Stimulus.h"
 
+#include "session/Units.h"
 #include "signal/Modulator.h"
 #include "signal/Oscillation.h"
 #include "signal/SignalConstants.h"
@@ -88,7 +89,7 @@ void equaliseLevels(QVector<double>& standardSound, const QVector<double>& devia
 
 double sampleTime(int k, double fs)
 {
-    return k / fs * 1000.0;
+    return inMs(k / fs);
 }
 
 void extendTimeAxis(QVector<double>& timeAxis, int nPoints, double fs)

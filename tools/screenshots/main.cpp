@@ -2,6 +2,7 @@
 #include "app/MainWindow.h"
 #include "psychometrics/PsychometricFunction.h"
 #include "session/Data.h"
+#include "session/Units.h"
 #include "subject/SubjectWindow.h"
 
 #include <QApplication>
@@ -153,8 +154,8 @@ void Guide::playSounds(int count)
 
 void Guide::answer()
 {
-    constexpr double percent = 100.0;
-    const double depth = objectNamed<QLineEdit>("lineEditDevModDepth").text().toDouble() / percent;
+    const double depth
+        = fromPercent(objectNamed<QLineEdit>("lineEditDevModDepth").text().toDouble());
     const bool isRight = nextFraction(m_generator)
         < logisticListener(listenerThreshold, listenerSlopeDb).probabilityRight(depth);
     const bool isSecond = MainWindowProbe::deviantPosition(m_window) == 2;
