@@ -2,6 +2,7 @@
 #include "report/PlotParts.h"
 
 #include "plots/PlotArea.h"
+#include "session/AdaptedParameter.h"
 #include "session/Data.h"
 
 #include <QPainter>
@@ -58,8 +59,7 @@ Axis axisOfValues(const QString& title, const QVector<double>& values)
 
 QString adaptedQuantity(const Data& data)
 {
-    return data.mainParameter == modulationDepthParameter ? "modulation depth (%)"
-                                                          : "frequency difference (Hz)";
+    return adaptedParameter(data.mainParameter)->columnHeading;
 }
 
 QVector<double> valuesOf(const QVector<QVector<QPointF>>& lines)

@@ -4,6 +4,7 @@
 #include "procedure/Replay.h"
 #include "procedure/RunResults.h"
 #include "procedure/StaircaseRule.h"
+#include "session/AdaptedParameter.h"
 #include "session/OutputFileName.h"
 #include "statistics/Spread.h"
 
@@ -91,7 +92,7 @@ Complaint readRun(Run& run)
 
 QString unitOf(const Data& data)
 {
-    return data.mainParameter == modulationDepthParameter ? "%" : "Hz";
+    return adaptedParameter(data.mainParameter)->unit;
 }
 
 QString subjectOf(const Run& run)

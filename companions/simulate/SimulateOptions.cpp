@@ -2,6 +2,7 @@
 #include "simulate/SimulateOptions.h"
 
 #include "plots/PictureFile.h"
+#include "session/AdaptedParameter.h"
 #include "simulate/OptionReader.h"
 
 #include <QCommandLineParser>
@@ -116,8 +117,8 @@ Simulation readSimulation(const QCommandLineParser& parser, OptionReader& reader
     simulation.mainParameter = readMainParameter(parser, reader);
     const bool isDepth = simulation.mainParameter == modulationDepthParameter;
     simulation.listener = readListener(parser, reader, isDepth ? 0.056234 : 0.002);
-    simulation.startValue
-        = reader.positiveNumber("start", isDepth ? 1.0 : 0.9999, isDepth ? 0.5 : 0.05);
+    const AdaptedParameter& adapted = *adaptedParameter(simulation.mainParameter);
+    simulation.startValue = reader.positiveNumber("start", adapted.ceiling, adapted.start);
     simulation.nReversals = reader.count("reversals", 1, mostReversals, 14);
     const int most = parser.isSet("sweep") ? mostReversals : simulation.nReversals;
     simulation.nReversalsToCalculate = reader.count("last", 1, most, std::min(8, most));

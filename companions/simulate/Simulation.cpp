@@ -4,13 +4,14 @@
 #include "app/TrialSequence.h"
 #include "procedure/RunResults.h"
 #include "procedure/StaircaseRule.h"
+#include "session/AdaptedParameter.h"
+#include "session/Units.h"
 
 #include <cmath>
 #include <limits>
 
 namespace {
 
-constexpr double msPerSecond = 1000.0;
 constexpr int soundsPerTrial = 4;
 
 // SplitMix64: its outputs for numbers in a row are unrelated. Steele, Lea and Flood (2014), Fast
@@ -26,16 +27,6 @@ quint64 seedOfRun(quint64 seed, int index)
 {
     constexpr quint64 goldenGamma = 0x9e3779b97f4a7c15U;
     return mixed(mixed(seed) + static_cast<quint64>(index) * goldenGamma);
-}
-
-void startAt(Data& data, double value)
-{
-    if (data.mainParameter == modulationDepthParameter) {
-        data.md[deviant] = value;
-    } else {
-        data.fd[deviant] = value;
-        data.cf[deviant] = (1 - value) * data.cf[standard];
-    }
 }
 
 Record listenersAnswer(double value, const Simulation& simulation, std::mt19937_64& generator)
@@ -60,8 +51,8 @@ Data preparedRun(const Simulation& simulation)
     data.nReversals = simulation.nReversals;
     data.nReversalsToCalculate = simulation.nReversalsToCalculate;
     data.cf.fill(simulation.standardCarrier);
-    data.dur.fill(simulation.soundMs / msPerSecond);
-    data.silentInterval = simulation.silenceMs / msPerSecond;
+    data.dur.fill(fromMs(simulation.soundMs));
+    data.silentInterval = fromMs(simulation.silenceMs);
     return data;
 }
 
@@ -70,7 +61,7 @@ RunOutcome simulateRun(Data& data, const Simulation& simulation, int index)
     std::mt19937_64 generator(seedOfRun(simulation.seed, index));
     clearRun(data);
     resetDeviant(data);
-    startAt(data, simulation.startValue);
+    setAdaptedValue(data, simulation.startValue);
     int nCorrect = 0;
     while (data.nTrials < simulation.mostTrials) {
         const Record record = listenersAnswer(adaptedValue(data), simulation, generator);
@@ -88,20 +79,17 @@ RunOutcome simulateRun(Data& data, const Simulation& simulation, int index)
 
 double secondsPerTrial(const Simulation& simulation)
 {
-    const double sound = simulation.soundMs / msPerSecond;
-    const int periodMs = trialPeriodMs(simulation.silenceMs / msPerSecond, {sound, sound});
-    return (soundsPerTrial * double(periodMs) + simulation.soundMs + simulation.reactionMs)
-        / msPerSecond;
+    const double sound = fromMs(simulation.soundMs);
+    const int periodMs = trialPeriodMs(fromMs(simulation.silenceMs), {sound, sound});
+    return fromMs(soundsPerTrial * double(periodMs) + simulation.soundMs + simulation.reactionMs);
 }
 
 QString shownUnit(const Simulation& simulation)
 {
-    return simulation.mainParameter == modulationDepthParameter ? "%" : "Hz";
+    return adaptedParameter(simulation.mainParameter)->unit;
 }
 
 double shownPerFraction(const Simulation& simulation)
 {
-    constexpr double percent = 100.0;
-    return simulation.mainParameter == modulationDepthParameter ? percent
-                                                                : simulation.standardCarrier;
+    return adaptedParameter(simulation.mainParameter)->shown(1.0, simulation.standardCarrier);
 }

@@ -3,6 +3,7 @@
 
 #include "plots/PictureFile.h"
 #include "plots/PlotArea.h"
+#include "session/AdaptedParameter.h"
 
 #include <QPainter>
 
@@ -118,11 +119,9 @@ void drawTracks(QPainter& painter, const QRectF& outer, const Simulation& simula
             ys.append(point.y());
         }
     }
-    const QString name = simulation.mainParameter == modulationDepthParameter
-        ? "modulation depth"
-        : "frequency difference";
     PlotArea plot(painter, outer, Axis::covering("trial", Axis::Scale::linear, xs),
-        Axis::covering(name + " (" + shownUnit(simulation) + ')', Axis::Scale::logarithmic, ys));
+        Axis::covering(adaptedParameter(simulation.mainParameter)->columnHeading,
+            Axis::Scale::logarithmic, ys));
     plot.drawFrame(tracks.size() == 1 ? QString("Track of the first run")
                                       : QString("Tracks of the first %1 runs").arg(tracks.size()));
     for (int i = 0; i < tracks.size(); ++i) {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulate/SimulationReport.h"
 
+#include "session/AdaptedParameter.h"
+#include "session/Units.h"
+
 #include <QTextStream>
 
 #include <cmath>
@@ -9,7 +12,6 @@ namespace {
 
 constexpr int nameWidth = 20;
 constexpr int columnWidth = 12;
-constexpr double percent = 100.0;
 constexpr double secondsPerMinute = 60.0;
 
 QString significant(double value)
@@ -73,7 +75,7 @@ void writeThresholds(
     write("  standard error", thresholds.standardDeviation() / std::sqrt(thresholds.size()));
     write("  SD", thresholds.standardDeviation());
     for (const double share : {0.025, 0.05, 0.25, 0.5, 0.75, 0.95, 0.975}) {
-        write("  " + significant(share * percent) + " % quantile", thresholds.quantile(share));
+        write("  " + significant(inPercent(share)) + " % quantile", thresholds.quantile(share));
     }
 }
 
@@ -81,10 +83,9 @@ void writeThresholds(
 
 void writeSettings(QTextStream& stream, const Simulation& simulation)
 {
-    const bool isDepth = simulation.mainParameter == modulationDepthParameter;
     writeLine(stream, "listener", listenerText(simulation.listener));
     writeLine(stream, "main parameter",
-        QString(isDepth ? "modulation depth" : "carrier frequency") + ", from "
+        QString(adaptedParameter(simulation.mainParameter)->name) + ", from "
             + significant(simulation.startValue) + " ("
             + significant(simulation.startValue * shownPerFraction(simulation)) + ' '
             + shownUnit(simulation) + ')');
@@ -121,7 +122,7 @@ void writeStatistics(
     write("  shortest", trials.quantile(0));
     write("  95 % quantile", trials.quantile(0.95));
     write("  longest", trials.quantile(1));
-    writeLine(stream, "correct (%)", column(fixed(statistics.shareCorrect * percent, 2)));
+    writeLine(stream, "correct (%)", column(fixed(inPercent(statistics.shareCorrect), 2)));
     writeLine(stream, "cut runs", column(QString::number(statistics.nCut)));
 }
 

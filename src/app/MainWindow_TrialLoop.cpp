@@ -3,6 +3,7 @@
 #include "app/PcmEncoding.h"
 #include "app/TrialSequence.h"
 #include "procedure/StaircaseRule.h"
+#include "session/AdaptedParameter.h"
 #include "session/Counts.h"
 #include "signal/SignalToolkit.h"
 #include "subject/SubjectWindow.h"

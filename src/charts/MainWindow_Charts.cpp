@@ -2,6 +2,7 @@
 #include "app/MainWindow.h"
 #include "charts/ChartParts.h"
 #include "charts/LineLayout.h"
+#include "session/AdaptedParameter.h"
 #include "session/Counts.h"
 #include "signal/Stimulus.h"
 
@@ -109,14 +110,13 @@ void MainWindow::displayTrend()
 // it.
 void MainWindow::makeOrNameTrendAxisY()
 {
-    const QString depthTitle("Modulation Depth (%)");
+    const AdaptedParameter* const adapted = adaptedParameter(data.mainParameter);
     if (trendAxisY == nullptr) {
-        trendAxisY = makeAxis(depthTitle, fontAxisLabels, fontAxisTitle);
+        trendAxisY = makeAxis(
+            adaptedParameter(modulationDepthParameter)->axisTitle, fontAxisLabels, fontAxisTitle);
         trendAxisY->setRange(trendYMin, trendYMax);
         trendAxisY->setLabelFormat("%.0f");
-    } else if (data.mainParameter == modulationDepthParameter) {
-        trendAxisY->setTitleText(depthTitle);
-    } else if (data.mainParameter == carrierFrequencyParameter) {
-        trendAxisY->setTitleText("Frequency difference (Hz)");
+    } else if (adapted != nullptr) {
+        trendAxisY->setTitleText(adapted->axisTitle);
     }
 }

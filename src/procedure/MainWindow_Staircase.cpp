@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
 #include "procedure/StaircaseRule.h"
+#include "session/AdaptedParameter.h"
 
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
-
-namespace {
-
-constexpr double percent = 100.0;
-
-} // namespace
 
 void MainWindow::updateTrend()
 {
@@ -17,10 +12,9 @@ void MainWindow::updateTrend()
         return;
     }
     trendX.append(data.nTrials - 1);
-    if (data.mainParameter == modulationDepthParameter) {
-        trendY.append(data.md[deviant] * percent);
-    } else if (data.mainParameter == carrierFrequencyParameter) {
-        trendY.append(data.fd[deviant] * data.cf[standard]);
+    const AdaptedParameter* const adapted = adaptedParameter(data.mainParameter);
+    if (adapted != nullptr) {
+        trendY.append(adapted->shown(adaptedValue(data), data.cf[standard]));
     }
     // A new range lays out the labels of all ticks at once, a new number of ticks leaves that to
     // the event loop: meanwhile there are as few ticks as an axis can have. The axis comes before

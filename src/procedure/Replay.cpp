@@ -4,7 +4,9 @@
 #include "procedure/Replay.h"
 
 #include "procedure/StaircaseRule.h"
+#include "session/AdaptedParameter.h"
 #include "session/Data.h"
+#include "session/Units.h"
 
 #include <algorithm>
 #include <cmath>
@@ -115,23 +117,20 @@ Departure departureOf(const Record& trial, bool isAfterTheEnd, bool hasItsValue)
 
 ValueNotation exactFractions(int mainParameter)
 {
-    switch (mainParameter) {
-    case carrierFrequencyParameter:
-        return {largestDifference, 0.0};
-    case modulationDepthParameter:
-        return {fullModulation, 0.0};
-    default:
+    const AdaptedParameter* const adapted = adaptedParameter(mainParameter);
+    if (adapted == nullptr) {
         return {std::nullopt, 0.0};
     }
+    return {adapted->ceiling, 0.0};
 }
 
 ValueNotation resultsFileValues(int mainParameter)
 {
-    constexpr double percent = 100.0;
-    if (mainParameter == modulationDepthParameter) {
-        return {fullModulation * percent, halfOfLastDecimal};
+    const AdaptedParameter* const adapted = adaptedParameter(mainParameter);
+    if (adapted == nullptr || adapted->isOfCarrier) {
+        return {std::nullopt, halfOfLastDecimal};
     }
-    return {std::nullopt, halfOfLastDecimal};
+    return {inPercent(adapted->ceiling), halfOfLastDecimal};
 }
 
 int Replay::firstDeparture() const

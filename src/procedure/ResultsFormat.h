@@ -5,7 +5,6 @@
 
 class Data;
 class QTextStream;
-class Record;
 
 /// The header line of a results file without its line end: five names parted by tabs. Empty for a
 /// main parameter other than the two.
@@ -14,11 +13,6 @@ QString resultsHeader(int mainParameter);
 /// A number of the first column: fixed notation with 6 decimals; nan, inf or -inf if it is none.
 /// @param shown frequency difference in Hz or modulation depth in percent
 QString resultsNumber(double shown);
-
-/// The first column of a record's line: the frequency difference in Hz or the modulation depth in
-/// percent, in fixed notation with 6 decimals.
-/// @param standardCarrier carrier frequency of the standard, Hz
-QString resultsValue(const Record& record, int mainParameter, double standardCarrier);
 
 /// Writes the header and one line per record, each ended by CR LF. Nothing is written without
 /// records, or for a main parameter other than the two. Reaction times are in ms in the stream's

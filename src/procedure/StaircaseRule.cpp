@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The weighted up-down rule on the record of a run.
 #include "procedure/StaircaseRule.h"
 
+#include "session/AdaptedParameter.h"
 #include "session/Data.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-
-constexpr double startDifference = 0.05;
-constexpr double startDepth = 0.5;
 
 void storeReversal(Data& data, double value)
 {
@@ -39,18 +38,6 @@ bool hasCurrentRecord(const Data& data)
     return data.nTrials >= 1 && data.nTrials <= data.records.size();
 }
 
-double adaptedValue(const Data& data)
-{
-    switch (data.mainParameter) {
-    case carrierFrequencyParameter:
-        return data.fd[deviant];
-    case modulationDepthParameter:
-        return data.md[deviant];
-    default:
-        return 0.0;
-    }
-}
-
 AfterTrial judgeTrial(Data& data, int trial)
 {
     const Record& record = qAsConst(data.records)[trial];
@@ -68,25 +55,20 @@ bool enoughReversals(const Data& data)
 
 void stepDeviant(Data& data)
 {
-    const int stepDb = nextStepDb(data);
-    if (data.mainParameter == modulationDepthParameter) {
-        data.md[deviant] = steppedValue(data.md[deviant], stepDb, fullModulation);
-    } else if (data.mainParameter == carrierFrequencyParameter) {
-        data.fd[deviant] = steppedValue(data.fd[deviant], stepDb, largestDifference);
-        data.cf[deviant] = (1 - data.fd[deviant]) * data.cf[standard];
+    const AdaptedParameter* const adapted = adaptedParameter(data.mainParameter);
+    if (adapted != nullptr) {
+        setAdaptedValue(data, steppedValue(adaptedValue(data), nextStepDb(data), adapted->ceiling));
     }
 }
 
 void resetDeviant(Data& data)
 {
-    if (data.mainParameter == carrierFrequencyParameter) {
+    const AdaptedParameter* const adapted = adaptedParameter(data.mainParameter);
+    if (adapted != nullptr) {
         data.md[deviant] = 0.0;
-        data.fd[deviant] = startDifference;
-        data.cf[deviant] = data.cf[standard] * (1 - startDifference);
-    } else if (data.mainParameter == modulationDepthParameter) {
-        data.md[deviant] = startDepth;
         data.fd[deviant] = 0.0;
         data.cf[deviant] = data.cf[standard];
+        setAdaptedValue(data, adapted->start);
     }
 }
 

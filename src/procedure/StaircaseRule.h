@@ -7,10 +7,6 @@ class Data;
 constexpr double emptyTrendMin = 0.0;
 constexpr double emptyTrendMax = 100.0;
 
-/// The upper bounds of what is adapted, fractions.
-constexpr double fullModulation = 1.0;
-constexpr double largestDifference = 0.9999; ///< keeps the deviant's carrier above 0 Hz
-
 // The weighted up-down rule: a correct answer makes the deviant harder to tell apart by one step, a
 // wrong one easier by two. Steps are 2 dB until two reversals have been counted and 1 dB after
 // that. In the long run 2/3 of the answers are correct: Kaernbach (1991), Percept. Psychophys. 49,
@@ -30,10 +26,6 @@ int nextStepDb(const Data& data);
 /// Whether the trial that nTrials counts last is one of the records.
 bool hasCurrentRecord(const Data& data);
 
-/// The value that the staircase adapts, in the unit of Record::value: the deviant's frequency
-/// difference or modulation depth. Any other main parameter gives 0.
-double adaptedValue(const Data& data);
-
 /// What follows a judged trial.
 enum class AfterTrial { nextTrial, end };
 
@@ -48,13 +40,12 @@ AfterTrial judgeTrial(Data& data, int trial);
 /// Whether as many reversals as asked for have been counted.
 bool enoughReversals(const Data& data);
 
-/// Moves the deviant by one step: its modulation depth, at most 1, or its frequency difference, at
-/// most 0.9999, with its carrier that far below the standard's. Any other main parameter changes
-/// nothing.
+/// Moves the deviant by one step: what is adapted, at most to its ceiling. A main parameter other
+/// than the two changes nothing.
 void stepDeviant(Data& data);
 
-/// Puts the deviant to the starting values of the main parameter: 5 % below the standard's carrier
-/// and unmodulated, or the standard's carrier at a depth of 0.5. Any other main parameter changes
+/// Puts the deviant to the main parameter's starting value: the other parameter is 0, and where the
+/// depth is adapted the carrier is the standard's. A main parameter other than the two changes
 /// nothing.
 void resetDeviant(Data& data);
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The defaults of a session.
 #include "session/Data.h"
 
+#include "session/AdaptedParameter.h"
 #include "session/Counts.h"
 #include "session/OutputFileName.h"
 #include "signal/SignalConstants.h"
@@ -34,7 +36,7 @@ Data::Data()
     , sesType(0)
     , soundTypes({"sinusoid", "noise"})
     , soundType(sinusoidCarrier)
-    , mainParameters({"carrier frequency", "modulation depth"})
+    , mainParameters(adaptedParameterNames())
     , mainParameter(carrierFrequencyParameter)
     , sesNum(1)
     , wavNames({"standard.wav", "deviant.wav"})

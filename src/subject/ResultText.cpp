@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The text of the result label.
 #include "subject/ResultText.h"
 
-#include "session/Data.h"
+#include "session/AdaptedParameter.h"
 
 namespace {
 
@@ -16,13 +17,10 @@ QString shortNumber(double value)
 QString resultText(
     double threshold, double reactionTime, int mainParameter, double carrierFrequency)
 {
-    const QString rest = ",   Reaction Time = " + shortNumber(reactionTime) + " ms";
-    switch (mainParameter) {
-    case modulationDepthParameter:
-        return "Modulation Threshold = " + shortNumber(threshold * 100) + " %" + rest;
-    case carrierFrequencyParameter:
-        return "Frequency Difference = " + shortNumber(threshold * carrierFrequency) + " Hz" + rest;
-    default:
+    const AdaptedParameter* const adapted = adaptedParameter(mainParameter);
+    if (adapted == nullptr) {
         return {};
     }
+    return adapted->resultName + (" = " + shortNumber(adapted->shown(threshold, carrierFrequency)))
+        + ' ' + adapted->unit + ",   Reaction Time = " + shortNumber(reactionTime) + " ms";
 }

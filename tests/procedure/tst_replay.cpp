@@ -4,6 +4,7 @@
 #include "procedure/Replay.h"
 #include "procedure/ResultsFormat.h"
 #include "procedure/StaircaseRule.h"
+#include "session/AdaptedParameter.h"
 #include "support/ExactVectors.h"
 #include "support/QuietTest.h"
 
@@ -40,8 +41,9 @@ Data runOf(int mainParameter, double start, int percentRight, unsigned seed, int
 /// The run with its values as the results file has them.
 Data asInTheFile(Data data)
 {
+    const AdaptedParameter* const adapted = adaptedParameter(data.mainParameter);
     for (Record& record : data.records) {
-        record.value = resultsValue(record, data.mainParameter, data.cf[standard]).toDouble();
+        record.value = resultsNumber(adapted->shown(record.value, data.cf[standard])).toDouble();
     }
     return data;
 }

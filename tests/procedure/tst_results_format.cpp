@@ -87,7 +87,9 @@ private slots:
         QFETCH(double, value);
         QFETCH(double, carrier);
         QFETCH(QString, expected);
-        QCOMPARE(resultsValue(answered(true, value), mainParameter, carrier), expected);
+        Data data = dataWith(mainParameter, {answered(true, value)});
+        data.cf[standard] = carrier;
+        QCOMPARE(QString(written(data)).section("\r\n", 1, 1).section('\t', 0, 0), expected);
     }
 
     void reactionTime_hasUpToSixDigits_data()

@@ -194,19 +194,6 @@ private slots:
         QVERIFY(!hasCurrentRecord(data));
     }
 
-    void adaptedValue_isTheDeviants()
-    {
-        Data data;
-        data.md = {0.1, 0.2};
-        data.fd = {0.3, 0.4};
-        data.mainParameter = modulationDepthParameter;
-        QCOMPARE(adaptedValue(data), 0.2);
-        data.mainParameter = carrierFrequencyParameter;
-        QCOMPARE(adaptedValue(data), 0.4);
-        data.mainParameter = otherParameter;
-        QCOMPARE(adaptedValue(data), 0.0);
-    }
-
     void step_movesWhatIsAdaptedAlone_data()
     {
         QTest::addColumn<int>("mainParameter");

@@ -6,6 +6,7 @@
 #include "demo/Mouse.h"
 #include "demo/Waiting.h"
 #include "demo/WavFile.h"
+#include "session/AdaptedParameter.h"
 #include "subject/SubjectWindow.h"
 
 #include <QCheckBox>
@@ -143,7 +144,7 @@ bool Demonstration::playTrial()
         return false;
     }
     m_trials.append(trial);
-    m_out << progressLine(m_trials, adaptsDepth(m_options) ? "%" : "Hz") << Qt::endl;
+    m_out << progressLine(m_trials, adaptedParameter(m_options.mainParameter)->unit) << Qt::endl;
     m_playing = 0;
     return pressButton(trial.answer == 2 ? "pushButtonChoice2" : "pushButtonChoice3");
 }
@@ -187,9 +188,8 @@ bool Demonstration::takePicturesWhilePlaying()
 
 double Demonstration::wholeValue() const
 {
-    constexpr double percent = 100.0;
-    return adaptsDepth(m_options) ? percent
-                                  : widget<QLineEdit>("lineEditStdCarrierFreq").text().toDouble();
+    const double carrier = widget<QLineEdit>("lineEditStdCarrierFreq").text().toDouble();
+    return adaptedParameter(m_options.mainParameter)->shown(1.0, carrier);
 }
 
 bool Demonstration::closeWindows()

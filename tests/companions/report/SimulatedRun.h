@@ -4,6 +4,7 @@
 #include "procedure/ResultsFormat.h"
 #include "procedure/RunResults.h"
 #include "procedure/StaircaseRule.h"
+#include "session/AdaptedParameter.h"
 #include "session/Data.h"
 
 #include <QByteArray>
