@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFile>
+#include <QString>
+#include <QTest>
+
+/// The text of the user guide with every stretch of white space as one blank and without the marks
+/// of bold and code. Ends the test program when the guide cannot be read.
+inline QString userGuide()
+{
+    QFile file(USER_GUIDE);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("the guide cannot be read: %s", USER_GUIDE);
+    }
+    return QString::fromUtf8(file.readAll()).remove('*').remove('`').simplified();
+}
+
+/// Fails the running test unless the guide has the text, which is printed if it has not.
+#define GUIDE_SAYS(text) QVERIFY2(userGuide().contains(text), qPrintable(QString(text)))

@@ -1,0 +1,274 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the user guide states of the program is what the program does: its levels, its recipes, and
+// the figures of its simulations.
+#include "documents/Guide.h"
+#include "procedure/SavedRun.h"
+#include "psychometrics/PsychometricFunction.h"
+#include "session/Counts.h"
+#include "session/PanelNumbers.h"
+#include "signal/SignalToolkit.h"
+#include "signal/Stimulus.h"
+#include "simulate/Distribution.h"
+#include "simulate/SimulatedRuns.h"
+#include "subject/ResultText.h"
+#include "support/MainWindowProbe.h"
+#include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QTest>
+#include <QThread>
+
+#include <algorithm>
+#include <cmath>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+constexpr int percent = 100;
+
+double decibels(double ratio)
+{
+    return 20.0 * std::log10(ratio);
+}
+
+QString decimals(double number, int count)
+{
+    return QString::number(number, 'f', count);
+}
+
+/// Level of a tone of 600 ms re full scale, by its depth of modulation.
+double toneLevel(double depth)
+{
+    Data data;
+    data.md[deviant] = depth;
+    QVector<double> sound;
+    Modulator modulator;
+    synthesise(sound, modulator, data, deviant);
+    return decibels(rms(sound));
+}
+
+/// Standard deviation of the factor that brings the standard noise to the deviant's level.
+double spreadOfLevelFactor(double seconds)
+{
+    constexpr int nTrials = 400;
+    Data data;
+    data.soundType = noiseCarrier;
+    data.md[deviant] = 0.0;
+    data.nSamples.fill(static_cast<int>(data.fs * seconds));
+    Modulator modulator;
+    QVector<double> standardSound;
+    QVector<double> deviantSound;
+    std::vector<double> factors;
+    qsrand(1);
+    for (int i = 0; i < nTrials; ++i) {
+        synthesise(standardSound, modulator, data, standard);
+        synthesise(deviantSound, modulator, data, deviant);
+        const double before = standardSound.constFirst();
+        equaliseLevels(standardSound, deviantSound);
+        factors.push_back(standardSound.constFirst() / before);
+    }
+    return Distribution(factors).standardDeviation();
+}
+
+/// A control run without modulation, by a listener who is right with one probability.
+std::vector<RunOutcome> controlRuns(double probability, int nReversals)
+{
+    Simulation simulation {};
+    simulation.listener = constantListener(probability);
+    simulation.mainParameter = modulationDepthParameter;
+    simulation.startValue = 0.5;
+    simulation.nReversals = nReversals;
+    simulation.nReversalsToCalculate = nReversals;
+    simulation.nRuns = 20000;
+    simulation.seed = 1;
+    simulation.mostTrials = 10000;
+    return simulatedRuns(simulation, QThread::idealThreadCount(), [](int) {});
+}
+
+Distribution sharesCorrect(const std::vector<RunOutcome>& runs)
+{
+    std::vector<double> shares;
+    for (const RunOutcome& run : runs) {
+        shares.push_back(static_cast<double>(run.nCorrect) / run.nTrials);
+    }
+    return Distribution(shares);
+}
+
+/// Share of runs of a listener that pass the guessers' 95 % limit.
+double powerOfControl(double probability, int nReversals)
+{
+    const double limit = sharesCorrect(controlRuns(0.5, nReversals)).quantile(0.95);
+    const std::vector<double> shares = sharesCorrect(controlRuns(probability, nReversals)).sorted();
+    const auto passing
+        = std::count_if(shares.begin(), shares.end(), [limit](double x) { return x > limit; });
+    return static_cast<double>(passing) / static_cast<double>(shares.size());
+}
+
+void chooseToneFrequency(MainWindow& window)
+{
+    Probe::comboBoxSoundType(window)->setCurrentIndex(sinusoidCarrier);
+    Probe::comboBoxMainParameter(window)->setCurrentIndex(carrierFrequencyParameter);
+}
+
+} // namespace
+
+class TestUserGuide : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void levels_areThose_ofTheSounds()
+    {
+        const double bare = toneLevel(0.0);
+        const double half = toneLevel(0.5);
+        const double small = toneLevel(0.05);
+        QCOMPARE(decimals(bare, 2), QString("-3.01"));
+        GUIDE_SAYS("has an RMS of -3.01 dB relative to full scale, noise -4.77 dB");
+        QCOMPARE(decimals(decibels(1 / std::sqrt(3.0)), 2), QString("-4.77"));
+        GUIDE_SAYS(QString("%1 dB at 50 % and %2 dB at 5 %")
+                       .arg(decimals(half - bare, 1), decimals(small - bare, 1)));
+        GUIDE_SAYS(QString("become %1 dB louder").arg(decimals(small - half, 1)));
+    }
+
+    void levelFactor_variesSo_fromTokenToToken()
+    {
+        GUIDE_SAYS(QString("a standard deviation of %1 % at 600 ms and of %2 % at 60 ms")
+                       .arg(decimals(spreadOfLevelFactor(0.6) * percent, 1),
+                           decimals(spreadOfLevelFactor(0.06) * percent, 1)));
+    }
+
+    void controlRun_tellsSoMuch_whenSoLong()
+    {
+        const std::vector<RunOutcome> guesses = controlRuns(0.5, 14);
+        const Distribution shares = sharesCorrect(guesses);
+        GUIDE_SAYS(
+            QString("they have %1 trials on average, and pure guessers score %2 to %3 % in 95")
+                .arg(decimals(runStatistics(guesses).trials.mean(), 0),
+                    decimals(shares.quantile(0.025) * percent, 0),
+                    decimals(shares.quantile(0.975) * percent, 0)));
+        const double power = powerOfControl(0.65, 14);
+        QVERIFY2(power > 0.48 && power < 0.52, qPrintable(decimals(power, 4)));
+        GUIDE_SAYS(QString("in half of such runs, but in %1 % of runs of 60 reversals (%2 trials")
+                       .arg(decimals(powerOfControl(0.65, 60) * percent, 0),
+                           decimals(runStatistics(controlRuns(0.5, 60)).trials.mean(), 0)));
+    }
+
+    void bothSounds_areHannShaped_whenTheRecipeIsFollowed()
+    {
+        MainWindow window;
+        chooseToneFrequency(window);
+        Probe::checkBoxResetMdFd(window)->setChecked(false);
+        for (const QString column : {"Std", "Dev"}) {
+            type(window, "lineEdit" + column + "ModFreq", "1.6667");
+            type(window, "lineEdit" + column + "ModDepth", "100");
+        }
+        GUIDE_SAYS("a modulation frequency of 1.6667 Hz and a modulation depth of 100 %");
+        type(window, "lineEditDevFreqDiff", "50");
+        type(window, "lineEditDevCarrierFreq", "950");
+        GUIDE_SAYS("a frequency difference of 50 and a deviant carrier of 950");
+        Probe::pushButtonView(window)->click();
+        const Data& data = Probe::data(window);
+        for (const int i : {standard, deviant}) {
+            const QVector<double>& sound
+                = i == standard ? Probe::standardSound(window) : Probe::deviantSound(window);
+            for (int k = 0; k < sound.size(); ++k) {
+                const double hann = 0.5 - 0.5 * std::cos(2 * M_PI * k / sound.size());
+                const double tone = std::sin(2 * M_PI * data.cf[i] * k / data.fs);
+                QVERIFY(std::abs(sound[k] - hann * tone) < 1e-3); // 1.6667 is not 5 / 3
+            }
+        }
+    }
+
+    void firstTrial_playsTheCarrierField_whenOnlyTheDifferenceWasTyped()
+    {
+        GUIDE_SAYS(
+            "With the carrier field left at 950 the first trial plays a difference of 50 Hz, "
+            "while trend and file say 20.");
+        MainWindow window;
+        chooseToneFrequency(window);
+        Probe::checkBoxResetMdFd(window)->setChecked(false);
+        type(window, "lineEditDevFreqDiff", "20");
+        Probe::pushButtonView(window)->click();
+        QCOMPARE(Probe::data(window).cf[deviant], 950.0);
+        QCOMPARE(Probe::data(window).fd[deviant] * Probe::data(window).cf[standard], 20.0);
+    }
+
+    void startingDifference_isOfTheCarrierReadLast_untilViewIsPressed()
+    {
+        GUIDE_SAYS("is 5 % of the carrier read last, not of the one just typed");
+        MainWindow window;
+        type(window, "lineEditStdCarrierFreq", "2000");
+        chooseToneFrequency(window);
+        QCOMPARE(textOf(window, "lineEditDevFreqDiff"), QString("50.0000"));
+        Probe::pushButtonView(window)->click();
+        QCOMPARE(textOf(window, "lineEditDevFreqDiff"), QString("100.0000"));
+    }
+
+    void words_areReadAsNumbers_whenTheyNameOnes()
+    {
+        GUIDE_SAYS(
+            R"("1e3" is 1000; "nan" and "inf" are read as what they say, "1e400" as infinite)");
+        QCOMPARE(readFrequency("1e3"), 1000.0);
+        QVERIFY(std::isnan(readFrequency("nan")));
+        QVERIFY(std::isinf(readFrequency("inf")));
+        QVERIFY(std::isinf(readFrequency("1e400")));
+        GUIDE_SAYS("cut at 8,388,608 samples, 209 s at 40000 Hz");
+        QCOMPARE(soundLength(40000.0, 1000.0), 8388608);
+    }
+
+    void threshold_isNanOrZero_whenNoReversalCounts()
+    {
+        GUIDE_SAYS(R"(with 0 of them the threshold is "nan", with a negative number 0)");
+        QCOMPARE(shownThreshold("0"), QString("nan %"));
+        QCOMPARE(shownThreshold("8.0"), QString("nan %"));
+        QCOMPARE(shownThreshold(""), QString("nan %"));
+        QCOMPARE(shownThreshold("-3"), QString("0 %"));
+    }
+
+    void saveDialog_opensElsewhere_whenTheFolderIsMissing()
+    {
+        GUIDE_SAYS("in the folder that the last dialog was used in");
+        SavedRun run;
+        run.save(run.path("first.txt"));
+        run.data.outputDir = run.path("missing");
+        run.data.fileName = "run.txt";
+        announceWarning(QString("QFSFileEngine::open: No file name specified"));
+        run.save(QString());
+        QCOMPARE(run.boxes.fileChoices().last().directory, run.folder.path());
+        QCOMPARE(run.boxes.fileChoices().last().fileName, QString("run.txt"));
+    }
+
+    void saveDialog_proposesTheRest_whenTheCodeHasASlash()
+    {
+        GUIDE_SAYS(
+            R"("A/B" makes the dialog look for a folder "A" and propose a name from "B" on)");
+        SavedRun run;
+        run.save(run.path("first.txt"));
+        run.data.outputDir = run.folder.path();
+        type(run.window, "lineEditSubCode", "A/B");
+        announceWarning(QString("QFSFileEngine::open: No file name specified"));
+        run.save(QString());
+        QCOMPARE(run.boxes.fileChoices().last().directory, run.folder.path());
+        QCOMPARE(run.boxes.fileChoices().last().fileName,
+            QString("B_test001_noise_modulation depth.txt"));
+    }
+
+private:
+    /// The beginning of what the listener sees of a run of no reversals to calculate.
+    static QString shownThreshold(const QString& reversalsToCalculate)
+    {
+        MainWindow window;
+        type(window, "lineEditNReversalsToCalc", reversalsToCalculate);
+        Probe::pushButtonView(window)->click();
+        window.computeResults();
+        return resultText(Probe::data(window).threshold, 0.0, modulationDepthParameter, 0.0)
+            .section(',', 0, 0)
+            .section("= ", 1);
+    }
+};
+
+QTEST_MAIN(TestUserGuide)
+#include "tst_user_guide.moc"
