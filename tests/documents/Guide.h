@@ -6,14 +6,18 @@
 #include <QTest>
 
 /// The text of the user guide with every stretch of white space as one blank and without the marks
-/// of bold and code. Ends the test program when the guide cannot be read.
+/// of bold, code and quotation. Ends the test program when the guide cannot be read.
 inline QString userGuide()
 {
     QFile file(USER_GUIDE);
     if (!file.open(QIODevice::ReadOnly)) {
         qFatal("the guide cannot be read: %s", USER_GUIDE);
     }
-    return QString::fromUtf8(file.readAll()).remove('*').remove('`').simplified();
+    return QString::fromUtf8(file.readAll())
+        .replace("\n> ", "\n")
+        .remove('*')
+        .remove('`')
+        .simplified();
 }
 
 /// Fails the running test unless the guide has the text, which is printed if it has not.

@@ -74,19 +74,45 @@ double spreadOfLevelFactor(double seconds)
     return Distribution(factors).standardDeviation();
 }
 
-/// A control run without modulation, by a listener who is right with one probability.
-std::vector<RunOutcome> controlRuns(double probability, int nReversals)
+std::vector<RunOutcome> runsOf(
+    const PsychometricFunction& listener, int mainParameter, int nReversals, int nRuns)
 {
     Simulation simulation {};
-    simulation.listener = constantListener(probability);
-    simulation.mainParameter = modulationDepthParameter;
-    simulation.startValue = 0.5;
+    simulation.listener = listener;
+    simulation.mainParameter = mainParameter;
+    simulation.startValue = mainParameter == carrierFrequencyParameter ? 0.05 : 0.5;
     simulation.nReversals = nReversals;
-    simulation.nReversalsToCalculate = nReversals;
-    simulation.nRuns = 20000;
+    simulation.nReversalsToCalculate = std::min(nReversals, 8);
+    simulation.nRuns = nRuns;
     simulation.seed = 1;
     simulation.mostTrials = 10000;
     return simulatedRuns(simulation, QThread::idealThreadCount(), [](int) {});
+}
+
+/// Control runs without modulation, by a listener who is right with one probability.
+std::vector<RunOutcome> controlRuns(double probability, int nReversals)
+{
+    constexpr int nRuns = 100000;
+    return runsOf(constantListener(probability), modulationDepthParameter, nReversals, nRuns);
+}
+
+/// What the guide's table says of the runs of a listener.
+struct TableColumn {
+    QString correct;
+    QString spread;
+    QString spreadOfThree;
+    QString trials;
+};
+
+TableColumn tableColumn(const PsychometricFunction& listener, int mainParameter)
+{
+    constexpr int nReversals = 14;
+    constexpr int nRuns = 20000;
+    const RunStatistics runs = runStatistics(runsOf(listener, mainParameter, nReversals, nRuns));
+    const double mean = runs.thresholds.mean();
+    const double spread = runs.thresholds.standardDeviation() / mean * percent;
+    return {decimals(listener.probabilityRight(mean) * percent, 0), decimals(spread, 0),
+        decimals(spread / std::sqrt(3.0), 0), decimals(runs.trials.mean(), 0)};
 }
 
 Distribution sharesCorrect(const std::vector<RunOutcome>& runs)
@@ -138,6 +164,25 @@ private slots:
         GUIDE_SAYS(QString("a standard deviation of %1 % at 600 ms and of %2 % at 60 ms")
                        .arg(decimals(spreadOfLevelFactor(0.6) * percent, 1),
                            decimals(spreadOfLevelFactor(0.06) * percent, 1)));
+    }
+
+    void runs_averageSo_inTheTable()
+    {
+        const TableColumn depth
+            = tableColumn(logisticListener(0.056234, 2.5), modulationDepthParameter);
+        const TableColumn frequency
+            = tableColumn(gaussianListener(0.002, 1.0), carrierFrequencyParameter);
+        GUIDE_SAYS(QString("| percent correct at the mean threshold | %1 % | %2 % |")
+                       .arg(depth.correct, frequency.correct));
+        GUIDE_SAYS(QString("| standard deviation of one run, of the threshold | %1 % | %2 % |")
+                       .arg(depth.spread, frequency.spread));
+        GUIDE_SAYS(QString("| of the mean of three runs | %1 % | %2 % |")
+                       .arg(depth.spreadOfThree, frequency.spreadOfThree));
+        GUIDE_SAYS(QString("| trials | %1 | %2 |").arg(depth.trials, frequency.trials));
+        const TableColumn shallow
+            = tableColumn(weibullListener(0.056234, 1.5), modulationDepthParameter);
+        GUIDE_SAYS(QString("an exponent of 1.5) gives %1 % and %2 % there")
+                       .arg(shallow.correct, shallow.spread));
     }
 
     void controlRun_tellsSoMuch_whenSoLong()
