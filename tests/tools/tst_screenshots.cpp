@@ -42,8 +42,9 @@ private slots:
         const QTemporaryDir second;
         QVERIFY(run(first.path()));
         QVERIFY(run(second.path()));
-        const QStringList names = {"after-view", "main-start", "parameters", "result", "save",
-            "subject-feedback", "subject-ready", "subject-sound", "subject-start", "subject-wait"};
+        const QStringList names = {"after-run", "after-view", "main-start", "parameters", "result",
+            "save", "subject-feedback", "subject-ready", "subject-sound", "subject-start",
+            "subject-wait"};
         QCOMPARE(QDir(first.path()).entryList(QDir::Files).size(), names.size());
         for (const QString& name : names) {
             const QByteArray picture = contents(first.path(), name);

@@ -65,6 +65,7 @@ private:
     void takeMainWindow();
     void takeFirstTrial();
     void playToTheEnd();
+    void takeMainWindowAfterRun();
     void playSounds(int count);
     void answer();
     void takeSaveDialog();
@@ -93,6 +94,7 @@ bool Guide::take()
     takeMainWindow();
     takeFirstTrial();
     playToTheEnd();
+    takeMainWindowAfterRun();
     return m_isWritten;
 }
 
@@ -142,6 +144,14 @@ void Guide::playToTheEnd()
     }
     subject.finishExperiment(m_threshold, shownReactionTime, modulationDepthParameter, 0.0);
     save(subject, "result");
+}
+
+// As the experimenter sees it when the listener has closed the other window.
+void Guide::takeMainWindowAfterRun()
+{
+    objectNamed<QLineEdit>("lineEditSilentInterval").setText("1000.00");
+    m_window.refreshMainWindow();
+    save(m_window, "after-run");
 }
 
 void Guide::playSounds(int count)
