@@ -2,23 +2,43 @@
 
 set(docs "${PROJECT_SOURCE_DIR}/docs")
 set(packaging "${PROJECT_SOURCE_DIR}/packaging")
-install(FILES "${packaging}/quorin-lab.desktop"
+install(FILES "${packaging}/quorin-lab.desktop" "${packaging}/quorin-lab-guide.desktop"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES "${packaging}/quorin-lab.svg"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps")
-install(FILES "${packaging}/org.example.quorin_lab.metainfo.xml"
+install(FILES "${packaging}/quorin-lab.metainfo.xml"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
-install(FILES "${docs}/man/quorin-lab.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
-install(FILES "${docs}/user-guide.md" "${docs}/timing.md" "${docs}/glossary.md"
-    "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${packaging}/copyright" "${packaging}/changelog"
+quorin_install_man_page(quorin-lab)
+install(FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/CITATION.cff"
+    "${packaging}/copyright" "${packaging}/changelog"
   DESTINATION "${CMAKE_INSTALL_DOCDIR}")
-install(DIRECTORY "${docs}/images" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
-  FILES_MATCHING PATTERN "guide-*.png")
 install(DIRECTORY "${docs}/examples" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+
+# The guide for the browser and on paper: made by the target programs where pandoc and weasyprint
+# are installed, and left out elsewhere.
+find_program(PANDOC pandoc)
+find_program(WEASYPRINT weasyprint)
+if(PANDOC AND WEASYPRINT)
+  file(GLOB guide_pictures CONFIGURE_DEPENDS "${docs}/images/*.png")
+  add_custom_command(
+    OUTPUT "${PROJECT_BINARY_DIR}/guide/guide.html" "${PROJECT_BINARY_DIR}/guide/guide.pdf"
+    COMMAND "${PROJECT_SOURCE_DIR}/tools/make-guide" "${PROJECT_BINARY_DIR}/guide"
+      "${PROJECT_VERSION}"
+    DEPENDS "${docs}/user-guide.md" "${docs}/timing.md" "${docs}/glossary.md" ${guide_pictures}
+      "${packaging}/guide/guide.css" "${packaging}/guide/one-document.lua"
+      "${PROJECT_SOURCE_DIR}/tools/make-guide"
+    COMMENT "Making the guide"
+    VERBATIM)
+  add_custom_target(guide DEPENDS "${PROJECT_BINARY_DIR}/guide/guide.html")
+  install(FILES "${PROJECT_BINARY_DIR}/guide/guide.html" "${PROJECT_BINARY_DIR}/guide/guide.pdf"
+    DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+  install(FILES "${packaging}/quorin-lab-guide.doc-base"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc-base" RENAME quorin-lab.guide)
+endif()
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME quorin-lab)
-set(CPACK_PACKAGE_CONTACT "Quorin Lab developers <quorin-lab@example.org>")
+set(CPACK_PACKAGE_CONTACT "The Quorin Lab developers") # there is no address of theirs
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "listening experiments for psychoacoustics")
 set(CPACK_PACKAGE_DESCRIPTION
 "Quorin Lab measures how small a difference of frequency and how shallow an
@@ -36,14 +56,16 @@ set(CPACK_PRE_BUILD_SCRIPTS "${packaging}/compress-documents.cmake")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://example.org/quorin-lab")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The sound backends are loaded at run time: without them there is silence.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt5multimedia5-plugins)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pulseaudio | pipewire-pulse")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pulseaudio | pipewire-pulse, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 include(CPack)
 
 # What is delivered, without the tests.
 add_custom_target(programs)
 add_dependencies(programs quorin-lab quorin-simulate quorin-report)
+if(TARGET guide)
+  add_dependencies(programs guide)
+endif()

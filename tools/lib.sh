@@ -24,6 +24,7 @@ timing_packages=(
 )
 package_packages=(
     dpkg-dev file # what a program depends on, found in its libraries
+    pandoc weasyprint # the guide for the browser and on paper
 )
 package_check_packages=(
     lintian desktop-file-utils appstream
@@ -31,6 +32,9 @@ package_check_packages=(
 )
 document_packages=(
     r-base-core python3 # the examples of the user guide
+    python3-yaml # the citation file
+    pandoc weasyprint # the guide for the browser and on paper,
+    chromium poppler-utils # and what opens the two
 )
 bench_packages=(
     libbenchmark-dev libfftw3-dev libkissfft-dev python3
