@@ -272,6 +272,7 @@ private:
     // --- Session, sounds, trend and spectra ---
     Data data;
     QVector<double> timeAxis; ///< of the plotted samples, ms
+    double timeAxisRate; ///< sampling rate that the time axis is made for, Hz
     QVector<double> standardSound; ///< full scale is +-1
     QVector<double> deviantSound;
     Modulator modulator; ///< of the sound made last

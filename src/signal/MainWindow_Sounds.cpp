@@ -11,6 +11,7 @@ void MainWindow::genWav()
     if (data.nTrials == 0) {
         const int nPlotted = std::max(data.nPointsToPlot[standard], data.nPointsToPlot[deviant]);
         timeAxis = plottedTimes(nPlotted, data.fs);
+        timeAxisRate = data.fs;
         synthesise(standardSound, modulator, data, standard);
     }
     synthesise(deviantSound, modulator, data, deviant);
@@ -33,10 +34,15 @@ void MainWindow::updateWav()
 }
 
 // The list and the time axis are lengthened where the sound to plot outgrew them, never shortened.
+// The axis goes on at the rate that it was made for: times must grow, also when the sampling rate
+// was changed after View.
 void MainWindow::refreshWavePoints(
     QVector<QPointF>& points, const QVector<double>& sound, int nPointsToPlot)
 {
     const int nPoints = std::min(nPointsToPlot, sound.size());
-    extendTimeAxis(timeAxis, nPoints, data.fs);
+    if (timeAxis.isEmpty()) {
+        timeAxisRate = data.fs;
+    }
+    extendTimeAxis(timeAxis, nPoints, timeAxisRate);
     overwritePoints(points, timeAxis, sound, nPoints);
 }

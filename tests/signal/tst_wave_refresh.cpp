@@ -156,7 +156,51 @@ private slots:
         QVERIFY(areAllNaN(Probe::standardRange(window)));
     }
 
+    // The axis was made by View, at its rate; the list that View made keeps its length.
+    void times_goOnGrowing_whenTheRateWasRaisedAfterView()
+    {
+        MainWindow window;
+        window.on_pushButtonView_clicked();
+        answerATrialAt(window, "44100");
+        QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({2205, 2205}));
+        QCOMPARE(Probe::timeAxis(window), statedTimes(2205, 40000.0));
+        QCOMPARE(Probe::deviantPoints(window),
+            pointsOf(statedTimes(2205, 40000.0), Probe::deviantSound(window), 2205));
+        QCOMPARE(Probe::standardPoints(window),
+            pointsOf(statedTimes(2205, 40000.0), Probe::standardSound(window), 2205));
+    }
+
+    void oldTail_staysInThePicture_whenTheRateWasLoweredAfterView()
+    {
+        MainWindow window;
+        window.on_pushButtonView_clicked();
+        const QVector<QPointF> old = Probe::deviantPoints(window);
+        answerATrialAt(window, "22050");
+        QCOMPARE(Probe::timeAxis(window), statedTimes(2000, 40000.0));
+        QCOMPARE(Probe::deviantPoints(window),
+            points(Probe::deviantSound(window), 1102) + old.mid(1102));
+    }
+
+    void times_areOfTheNewRate_whenTheAxisWasEmpty()
+    {
+        tolerateUndefinedChartValues();
+        MainWindow window;
+        Probe::lineEditSamplingRate(window)->setText("0");
+        window.on_pushButtonView_clicked();
+        answerATrialAt(window, "44100");
+        QCOMPARE(Probe::timeAxis(window), statedTimes(2205, 44100.0));
+    }
+
 private:
+    // Go and an answer at another rate than that of View.
+    static void answerATrialAt(MainWindow& window, const QString& rate)
+    {
+        Probe::lineEditSamplingRate(window)->setText(rate);
+        window.on_pushButtonGo_clicked();
+        window.updateMainwindow(0);
+        window.updateMainwindow(2);
+    }
+
     static void takeNewSounds(MainWindow& window)
     {
         Probe::standardSound(window) = ramp(24000, -1.0, 1.0 / 16384);
