@@ -110,6 +110,14 @@ def turnaround(folder):
     table("Growth with the trial, ms", ["trial", *heading], rows("growth/trial/", True))
 
 
+def listeners(folder):
+    results = medians(folder, "listeners")
+    rows = [[name.split("/")[2], figure(entry["real"] * MILLI, 3)]
+            for name, entry in results.items()]
+    table("From the signal to the current listener's light, ms",
+          ["hidden windows of earlier runs", "time"], rows)
+
+
 def startup(folder):
     with open(f"{folder}/startup.json", encoding="utf-8") as file:
         times = json.load(file)
@@ -148,7 +156,7 @@ def companions(folder):
 
 
 def main(folder):
-    for part in (transform, signal, turnaround, startup, memory, companions):
+    for part in (transform, signal, turnaround, listeners, startup, memory, companions):
         part(folder)
 
 

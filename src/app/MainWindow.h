@@ -180,6 +180,7 @@ private:
     void fillParameterGrid();
     void describePanel();
     // app/MainWindow_TrialLoop.cpp
+    void connectToListener(SubjectWindow* window);
     void setPlaybackRate();
     void checkPlaybackFormat() const;
     Sound takeCurrentSound();

@@ -44,16 +44,27 @@ void MainWindow::on_pushButtonGo_clicked()
     if (subjectWindow != nullptr) {
         subjectWindow->giveUpPicture(); // it lives on, hidden, as long as this window
     }
+    const QList<SubjectWindow*> earlierWindows = findChildren<SubjectWindow*>();
     subjectWindow = new SubjectWindow(this);
     connect(subjectWindow, SIGNAL(subjectResponded(int)), this, SLOT(updateMainwindow(int)));
     connect(subjectWindow, SIGNAL(subjectWindowClosed()), this, SLOT(refreshMainWindow()));
-    connect(this, SIGNAL(soundPlaying(int)), subjectWindow, SLOT(updateSubjectWindow(int)));
-    // clang-format off
-    connect(this, SIGNAL(doneDataCollection(qreal,qreal,qint32,qreal)), subjectWindow,
-        SLOT(finishExperiment(qreal,qreal,qint32,qreal)));
-    // clang-format on
+    connectToListener(subjectWindow);
+    // Signals arrive in the order of the connections: the current listener comes first.
+    for (SubjectWindow* earlier : earlierWindows) {
+        disconnect(this, nullptr, earlier, nullptr);
+        connectToListener(earlier);
+    }
     subjectWindow->setEnabled(true); // whatever a disabled parent may have made of it
     subjectWindow->show();
+}
+
+void MainWindow::connectToListener(SubjectWindow* window)
+{
+    connect(this, SIGNAL(soundPlaying(int)), window, SLOT(updateSubjectWindow(int)));
+    // clang-format off
+    connect(this, SIGNAL(doneDataCollection(qreal,qreal,qint32,qreal)), window,
+        SLOT(finishExperiment(qreal,qreal,qint32,qreal)));
+    // clang-format on
 }
 
 // Sounds are played at the session's rate, so that a 1000 Hz tone is one; all else of the format is

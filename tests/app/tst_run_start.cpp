@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QChildEvent>
 #include <QCoreApplication>
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -157,6 +158,29 @@ private slots:
         QCOMPARE(window.findChildren<SubjectWindow*>().size(), 2);
     }
 
+    // A listener whose lights and buttons came after those of all earlier windows would be slower
+    // in every run.
+    void currentListener_isToldFirst()
+    {
+        MainWindow window;
+        RunDriver driver(window);
+        QVector<SubjectWindow*> listeners;
+        for (int run = 0; run < 4; ++run) {
+            listeners.append(&driver.open());
+            emit listeners.last()->subjectWindowClosed();
+        }
+        emit window.soundPlaying(-1);
+        QVector<QObject*> told;
+        for (SubjectWindow* listener : listeners) {
+            listener->installEventFilter(this);
+        }
+        m_told = &told;
+        emit window.soundPlaying(1);
+        m_told = nullptr;
+        QCOMPARE(told.size(), 4);
+        QCOMPARE(told.first(), listeners.last());
+    }
+
     void abandonedTrial_doesNotRunIntoTheNewRun()
     {
         MainWindow window;
@@ -225,6 +249,18 @@ private slots:
         Probe::pushButtonGo(window)->click();
         QCOMPARE(Probe::audioFormat(window).sampleRate(), 22050);
     }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (m_told != nullptr && event->type() == QEvent::EnabledChange) {
+            m_told->append(watched);
+        }
+        return WindowTest::eventFilter(watched, event);
+    }
+
+private:
+    QVector<QObject*>* m_told = nullptr;
 };
 
 QTEST_MAIN(TestRunStart)
