@@ -117,6 +117,8 @@ MainWindow::MainWindow(QWidget* parent)
     , centerWindow(true)
     , widthFraction(0.8)
     , heightFraction(0.9)
+    , timerInterruption(nullptr)
+    , waitsForSound(false)
 {
     makeConnections();
     setupGUIMainWindow();
@@ -134,6 +136,7 @@ MainWindow::MainWindow(QWidget* parent)
 MainWindow::~MainWindow()
 {
     timerPlay->stop();
+    timerInterruption->stop();
     const QList<QObject*> children = findChildren<QObject*>();
     for (QObject* child : children) {
         child->disconnect(this);

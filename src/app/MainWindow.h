@@ -5,7 +5,8 @@
 //   app/MainWindow.cpp                 construction, destruction, the small slots
 //   app/MainWindow_Layout.cpp          grids, sizes, texts and geometry of the window
 //   app/MainWindow_Help.cpp            tool tips, accessible names and the order of the Tab key
-//   app/MainWindow_TrialLoop.cpp       Go, the four sounds of a trial, the answer, the end of a run
+//   app/MainWindow_TrialLoop.cpp       Go, the pacing of the four sounds, the answer, the end of a
+//   run app/MainWindow_Playback.cpp        a sound from its start to its release, interruptions
 //   session/MainWindow_Panel.cpp       the panel's controls to and from the session record, and the
 //                                      name of the results file
 //   signal/MainWindow_Sounds.cpp       the two sounds and the refresh of their charts
@@ -15,13 +16,17 @@
 //   charts/MainWindow_Charts.cpp       waveforms, spectra and trend on first display
 // The rules and the arithmetic under them are pure functions in the files beside these.
 
+#include "app/SoundPacing.h"
 #include "charts/ChartParts.h"
 #include "session/Data.h"
+#include "session/Disturbances.h"
 #include "signal/Modulator.h"
 
 #include <QAudio>
 #include <QAudioFormat>
+#include <QElapsedTimer>
 #include <QFont>
+#include <QList>
 #include <QMainWindow>
 #include <QPointF>
 #include <QVector>
@@ -30,7 +35,6 @@ class QAudioOutput;
 class QBuffer;
 class QCheckBox;
 class QComboBox;
-class QElapsedTimer;
 class QGridLayout;
 class QHBoxLayout;
 class QLabel;
@@ -104,6 +108,11 @@ public:
     void finishIt();
     /// updateTrend, then updateReversal.
     void updateAll();
+    /// What disturbed the sounds of the trial under way, or of the last one.
+    const Disturbances& trialDisturbances() const { return disturbances; }
+    /// What disturbed the sounds of each record's trial, in the order of the records; cleared with
+    /// them.
+    const QVector<Disturbances>& runDisturbances() const { return recordedDisturbances; }
 
     // session/MainWindow_Panel.cpp
     /// Fills the controls from the record, once, and makes the timers, fonts and audio format.
@@ -165,11 +174,21 @@ protected:
 private:
     friend struct MainWindowProbe;
 
+    /// How far a sound has come.
+    struct SoundProgress {
+        int interval = 0; ///< 1 to 4 in the trial under way; 0: that of no trial
+        bool isInterrupted = false;
+        bool isLate = false;
+        int bytesFree = -1; ///< in the output's queue, when an interrupted sound was looked at
+        int nLooksStill = 0; ///< looks at which the queue had not moved
+        int nResumptions = 0;
+    };
     /// A sound with what it is played from; all null between sounds.
     struct Sound {
         QByteArray* bytes;
         QBuffer* buffer;
         QAudioOutput* output;
+        SoundProgress progress = {};
     };
 
     // app/MainWindow.cpp
@@ -183,13 +202,36 @@ private:
     void connectToListener(SubjectWindow* window);
     void setPlaybackRate();
     void checkPlaybackFormat() const;
+    bool mustWaitForSound(double tickMs);
+    void paceNextSound(double tickMs);
+    void restartPeriod();
+    void judgeStart(double tickLatenessMs, double startMs);
+    void judgeOnset(double delayMs);
+    void noteLateSound(double ms);
+    void resumePacing(const SoundProgress& ended);
+    double pacingTimeMs() const;
+    void endTrial();
+    void startReactionTimer();
+    // app/MainWindow_Playback.cpp
+    void startSound(const QByteArray& bytes);
+    void endCurrentSound();
+    void warnOfError(const QAudioOutput* output);
+    void noteFailure(bool outputHasFailed);
+    static bool isInterrupted(const Sound& sound);
+    static bool hasBeenPlayed(const Sound& sound);
+    void noteInterruption(SoundProgress& progress);
+    void lookAfterInterruptedSounds();
+    static bool looksEnded(Sound& sound);
+    Sound currentSound() const;
     Sound takeCurrentSound();
+    static bool plays(const Sound& sound);
     void putCurrentSoundAside();
     void handleSoundAside(QAudioOutput* output, QAudio::State state);
+    void endSoundAside(int index);
+    void forgetTrialOfSounds();
     void release(const Sound& sound);
     static void silence(const Sound& sound);
     void deleteAllSounds();
-    void startReactionTimer();
     // session/MainWindow_Panel.cpp
     void fillComboBoxes();
     void fillLineEdits();
@@ -344,5 +386,12 @@ private:
     bool centerWindow;
     double widthFraction;
     double heightFraction;
-    QVector<Sound> soundsAside; ///< that still played when the next one started
+    SoundProgress currentProgress; ///< of the sound now playing
+    QList<Sound> soundsAside; ///< that still played when the next one started
+    QTimer* timerInterruption; ///< looks after interrupted sounds while there are any
+    QElapsedTimer pacingClock;
+    SoundPacing pacing;
+    bool waitsForSound; ///< a tick has passed without a sound, since an earlier one has not ended
+    Disturbances disturbances; ///< of the trial under way
+    QVector<Disturbances> recordedDisturbances; ///< one a record
 };

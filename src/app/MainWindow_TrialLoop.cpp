@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The run of trials: Go, the pacing of the four sounds, the answer, the end of a run.
 #include "app/MainWindow.h"
 #include "app/PcmEncoding.h"
+#include "app/PlaybackBuffer.h"
 #include "app/TrialSequence.h"
 #include "procedure/StaircaseRule.h"
 #include "session/AdaptedParameter.h"
@@ -9,26 +11,14 @@
 #include "subject/SubjectWindow.h"
 
 #include <QAudioDeviceInfo>
-#include <QAudioOutput>
-#include <QBuffer>
 #include <QDebug>
 #include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <QtMath>
 
 #include <algorithm>
-
-namespace {
-
-void warnOfError(const QAudioOutput* output)
-{
-    if (output != nullptr && output->error() != QAudio::NoError) {
-        qWarning("Audio stopped unexpectedly");
-    }
-}
-
-} // namespace
 
 void MainWindow::on_pushButtonGo_clicked()
 {
@@ -39,6 +29,7 @@ void MainWindow::on_pushButtonGo_clicked()
     // A trial that was abandoned by closing its window must not run into this one.
     timerPlay->stop();
     soundIndex = 0;
+    forgetTrialOfSounds();
     setPlaybackRate();
 
     if (subjectWindow != nullptr) {
@@ -101,6 +92,7 @@ void MainWindow::updateMainwindow(int response)
     qDebug() << "response: " << response;
     data.records.append(answeredTrial(
         adaptedValue(data), data.deviantPosition, response, static_cast<double>(elapsed)));
+    recordedDisturbances.append(disturbances);
     updateTrend();
     updateReversal();
 }
@@ -108,8 +100,13 @@ void MainWindow::updateMainwindow(int response)
 void MainWindow::playWav()
 {
     genRandomSequence();
+    forgetTrialOfSounds();
+    disturbances = {};
+    waitsForSound = false;
     if (!enoughReversals(data)) {
-        timerPlay->start(trialPeriodMs(data.silentInterval, data.dur));
+        const int periodMs = trialPeriodMs(data.silentInterval, data.dur);
+        pacing.begin(pacingTimeMs(), periodMs);
+        timerPlay->start(periodMs);
     }
     ++data.nTrials;
 }
@@ -121,50 +118,139 @@ void MainWindow::genRandomSequence()
     stimSequence = trialSequence(nSoundsPerTrial, data.deviantPosition);
 }
 
-// A tick after the fourth sound plays nothing, but counts on: the end of the trial is then never
-// seen, and the timer goes on.
+// A tick after the fourth sound plays nothing, but counts on: the trial then ends when the report
+// of the fourth sound's end arrives, and until then the timer goes on.
 void MainWindow::playOneSound()
 {
-    putCurrentSoundAside();
-    if (soundIndex < nSoundsPerTrial) {
-        const bool isDeviant = stimSequence[soundIndex];
-        audioBytes = new QByteArray(isDeviant ? encodedPcm(deviantSound, data.nSamples[deviant])
-                                              : encodedPcm(standardSound, data.nSamples[standard]));
-    } else {
-        audioBytes = new QByteArray;
+    const bool isTick = sender() == timerPlay;
+    const bool isSound = soundIndex < nSoundsPerTrial;
+    const double tickMs = pacingTimeMs();
+    const double latenessMs = pacing.latenessMs(tickMs);
+    if (isTick && isSound) {
+        if (mustWaitForSound(tickMs)) {
+            return;
+        }
+        paceNextSound(tickMs);
     }
-    audioBuffer = new QBuffer(audioBytes);
-    audioBuffer->open(QIODevice::ReadOnly);
-    audioOutput = new QAudioOutput(audioFormat, this);
-    connect(audioOutput, SIGNAL(stateChanged(QAudio::State)), this,
-        SLOT(handleStateChanged(QAudio::State)));
-    audioOutput->start(audioBuffer);
-
+    putCurrentSoundAside();
+    if (isSound) {
+        const bool isDeviant = stimSequence[soundIndex];
+        currentProgress.interval = soundIndex + 1;
+        startSound(isDeviant ? encodedPcm(deviantSound, data.nSamples[deviant])
+                             : encodedPcm(standardSound, data.nSamples[standard]));
+    } else {
+        startSound(QByteArray());
+    }
     ++soundIndex;
+    if (isTick && isSound) {
+        judgeStart(latenessMs, pacingTimeMs() - tickMs);
+    }
     if (soundIndex == nSoundsPerTrial && timerPlay->isActive()) {
-        timerPlay->setInterval(endReportTimeoutMs(timerPlay->interval()));
+        timerPlay->setInterval(endReportTimeoutMs(pacing.periodMs()));
     }
     emit soundPlaying(soundIndex);
 }
 
-void MainWindow::handleStateChanged(QAudio::State state)
+// Undisturbed, the timer repeats by itself. After a late tick the next sound comes a whole period
+// after this one.
+void MainWindow::paceNextSound(double tickMs)
 {
-    auto* const output = qobject_cast<QAudioOutput*>(sender());
-    if (output != nullptr && output != audioOutput) {
-        handleSoundAside(output, state);
+    if (pacing.isLate(tickMs) || timerPlay->interval() != pacing.periodMs()) {
+        restartPeriod();
+    } else {
+        pacing.soundStarted(tickMs);
+    }
+}
+
+void MainWindow::restartPeriod()
+{
+    pacing.dueAfter(pacingTimeMs(), pacing.periodMs());
+    timerPlay->start(pacing.periodMs());
+}
+
+// A server that stands still blocks the start of a sound until it goes on.
+void MainWindow::judgeStart(double tickLatenessMs, double startMs)
+{
+    constexpr double mostStartMs = 50.0; // PipeWire takes 10 ms, PulseAudio 1 ms
+    const bool wasBlocked = startMs > mostStartMs;
+    if (wasBlocked) {
+        restartPeriod();
+        noteLateSound(tickLatenessMs + startMs);
+    } else if (tickLatenessMs > SoundPacing::mostLatenessMs) {
+        noteLateSound(tickLatenessMs);
+    }
+}
+
+// An output takes its first samples 20 ms after it was started, unless this thread stands still.
+void MainWindow::judgeOnset(double delayMs)
+{
+    constexpr double usualDelayMs = 20.0;
+    const double latenessMs = delayMs - usualDelayMs;
+    if (latenessMs <= SoundPacing::mostLatenessMs || currentProgress.interval == 0) {
         return;
     }
-    if (state == QAudio::StoppedState) {
-        warnOfError(audioOutput);
-    } else if (state == QAudio::IdleState) {
-        const bool wasLastSound = soundIndex == nSoundsPerTrial;
-        release(takeCurrentSound());
-        if (wasLastSound) {
-            timerPlay->stop();
-            startReactionTimer();
-            emit soundPlaying(answerState);
-        }
+    noteLateSound(latenessMs);
+    if (soundIndex < nSoundsPerTrial && timerPlay->isActive() && !waitsForSound) {
+        restartPeriod();
     }
+}
+
+void MainWindow::noteLateSound(double ms)
+{
+    if (currentProgress.isLate) {
+        return;
+    }
+    currentProgress.isLate = true;
+    const int latenessMs = qCeil(ms);
+    ++disturbances.lateSounds;
+    disturbances.worstLatenessMs = std::max(disturbances.worstLatenessMs, latenessMs);
+    qWarning("Sound late: interval %d of trial %d, %d ms", soundIndex, data.nTrials, latenessMs);
+}
+
+// Sounds must not overlap because one was held up: an interrupted one is waited for, one that has
+// not been handed over whole when it should have ended, and when the tick is late, any that has not
+// ended. The end of the sound sets the timer again.
+bool MainWindow::mustWaitForSound(double tickMs)
+{
+    const auto* const playback = qobject_cast<const PlaybackBuffer*>(audioBuffer);
+    const bool mustWait = pacing.isLate(tickMs) || (playback != nullptr && playback->isOverdue());
+    const auto holdsUp = [mustWait](const Sound& sound) {
+        return sound.progress.interval > 0 && plays(sound)
+            && (mustWait || sound.progress.isInterrupted);
+    };
+    waitsForSound
+        = holdsUp(currentSound()) || std::any_of(soundsAside.cbegin(), soundsAside.cend(), holdsUp);
+    return waitsForSound;
+}
+
+// After a sound that was interrupted or waited for, the silent interval begins at its real end.
+void MainWindow::resumePacing(const SoundProgress& ended)
+{
+    const bool isOfThisTrial = ended.interval > 0 && timerPlay->isActive();
+    if (!isOfThisTrial || !(ended.isInterrupted || waitsForSound)) {
+        return;
+    }
+    const int silenceMs = silentIntervalMs(data.silentInterval);
+    if (waitsForSound || timerPlay->remainingTime() < silenceMs) {
+        timerPlay->start(silenceMs);
+    }
+    if (ended.isInterrupted) {
+        pacing.dueAfter(pacingTimeMs(), timerPlay->remainingTime());
+    }
+    waitsForSound = false;
+}
+
+double MainWindow::pacingTimeMs() const
+{
+    constexpr double nsPerMs = 1e6;
+    return static_cast<double>(pacingClock.nsecsElapsed()) / nsPerMs;
+}
+
+void MainWindow::endTrial()
+{
+    timerPlay->stop();
+    startReactionTimer();
+    emit soundPlaying(answerState);
 }
 
 void MainWindow::startReactionTimer()
@@ -175,84 +261,6 @@ void MainWindow::startReactionTimer()
         timerReaction->restart();
     }
     ++nReactionTimerStarts;
-}
-
-MainWindow::Sound MainWindow::takeCurrentSound()
-{
-    const Sound sound = {audioBytes, audioBuffer, audioOutput};
-    audioBytes = nullptr;
-    audioBuffer = nullptr;
-    audioOutput = nullptr;
-    return sound;
-}
-
-// A sound that has not ended yet when the next one starts plays on by itself and is released at its
-// own end. One that has stopped, or has nothing to play, would never report an end.
-void MainWindow::putCurrentSoundAside()
-{
-    constexpr int mostSoundsAside = 8; // should reports stay away, streams must not pile up
-    const Sound sound = takeCurrentSound();
-    const bool plays = sound.output != nullptr && sound.output->state() != QAudio::StoppedState
-        && !sound.bytes->isEmpty();
-    if (!plays) {
-        release(sound);
-        return;
-    }
-    if (soundsAside.size() >= mostSoundsAside) {
-        release(soundsAside.takeFirst());
-    }
-    soundsAside.append(sound);
-}
-
-void MainWindow::handleSoundAside(QAudioOutput* output, QAudio::State state)
-{
-    const auto found = std::find_if(soundsAside.begin(), soundsAside.end(),
-        [output](const Sound& sound) { return sound.output == output; });
-    const bool hasEnded = state == QAudio::IdleState || state == QAudio::StoppedState;
-    if (found == soundsAside.end() || !hasEnded) {
-        return;
-    }
-    const Sound sound = *found;
-    soundsAside.erase(found);
-    if (state == QAudio::StoppedState) {
-        warnOfError(output);
-    }
-    release(sound);
-}
-
-// The output may be the one whose signal is being handled, so it goes later; without a parent,
-// which could go first: the sound backends run the event loop in their destructors, and the
-// deletion that waits there would meet the output half deleted.
-void MainWindow::release(const Sound& sound)
-{
-    silence(sound);
-    if (sound.output != nullptr) {
-        sound.output->disconnect(this);
-        sound.output->setParent(nullptr);
-        sound.output->deleteLater();
-    }
-}
-
-void MainWindow::silence(const Sound& sound)
-{
-    if (sound.output != nullptr) {
-        sound.output->stop();
-    }
-    if (sound.buffer != nullptr) {
-        sound.buffer->close();
-    }
-    delete sound.bytes;
-    delete sound.buffer;
-}
-
-void MainWindow::deleteAllSounds()
-{
-    soundsAside.append(takeCurrentSound());
-    for (const Sound& sound : qAsConst(soundsAside)) {
-        silence(sound);
-        delete sound.output;
-    }
-    soundsAside.clear();
 }
 
 void MainWindow::finishIt()

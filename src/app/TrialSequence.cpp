@@ -8,6 +8,12 @@
 #include <algorithm>
 #include <limits>
 
+namespace {
+
+constexpr double msPerSecond = 1000.0;
+
+} // namespace
+
 QVector<bool> trialSequence(int nSounds, int deviantPosition)
 {
     QVector<bool> sequence(nSounds, false);
@@ -19,6 +25,11 @@ int trialPeriodMs(double silentInterval, const QVector<double>& durations)
 {
     const double longer = std::max(durations[standard], durations[deviant]);
     return std::max(truncatedCount(inMs(silentInterval) + inMs(longer)), 1);
+}
+
+int silentIntervalMs(double silentInterval)
+{
+    return std::max(truncatedCount(silentInterval * msPerSecond), 1);
 }
 
 int endReportTimeoutMs(int periodMs)

@@ -15,6 +15,10 @@ QVector<bool> trialSequence(int nSounds, int deviantPosition);
 ///                       leaves the standard's as the longer
 int trialPeriodMs(double silentInterval, const QVector<double>& durations);
 
+/// The silent interval in whole ms, truncated, from 1 to INT_MAX.
+/// @param silentInterval s; NaN gives 1
+int silentIntervalMs(double silentInterval);
+
 /// How long the pacing timer may wait for the report that the fourth sound has ended: a period and
 /// 5 s, at most INT_MAX ms. Sound servers report an end 10 to 30 ms late and more, and a tick
 /// before the report would start a fifth sound.

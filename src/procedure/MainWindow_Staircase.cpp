@@ -92,6 +92,8 @@ void MainWindow::resetTrend()
     trendX.clear();
     trendY.clear();
     clearRun(data);
+    recordedDisturbances.clear();
+    disturbances = {};
     trendSeries->clear();
     trendYMin = emptyTrendMin;
     trendYMax = emptyTrendMax;

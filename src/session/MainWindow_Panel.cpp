@@ -103,6 +103,9 @@ void MainWindow::makeTrialLoop()
     timerPlay = new QTimer(this);
     timerPlay->setTimerType(Qt::PreciseTimer); // a coarse one is up to 5 % off
     connect(timerPlay, SIGNAL(timeout()), this, SLOT(playOneSound()));
+    timerInterruption = new QTimer(this);
+    connect(timerInterruption, &QTimer::timeout, this, &MainWindow::lookAfterInterruptedSounds);
+    pacingClock.start();
 }
 
 void MainWindow::makeAudioFormat()

@@ -28,8 +28,9 @@ void runDeferredDeletions()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-// An output that still plays when the next sound starts, as the window keeps it.
-QAudioOutput* addSoundAside(MainWindow& window)
+// An output that still plays when the next sound starts, as the window keeps it: that of an
+// interval of the trial under way, or of no trial.
+QAudioOutput* addSoundAside(MainWindow& window, int interval = 0)
 {
     auto* const bytes = new QByteArray(4, '\0');
     auto* const buffer = new QBuffer(bytes);
@@ -37,7 +38,7 @@ QAudioOutput* addSoundAside(MainWindow& window)
     auto* const output = new QAudioOutput(Probe::audioFormat(window), &window);
     QObject::connect(output, SIGNAL(stateChanged(QAudio::State)), &window,
         SLOT(handleStateChanged(QAudio::State)));
-    Probe::soundsAside(window).append({bytes, buffer, output});
+    Probe::soundsAside(window).append({bytes, buffer, output, {interval}});
     return output;
 }
 
@@ -245,6 +246,71 @@ private slots:
         QVERIFY(Probe::timerPlay(trial.window)->isActive());
         trial.driver.endSound();
         QCOMPARE(told.count(), 1);
+    }
+
+    void fourthSound_endsTheTrial_whenATickHasPutItAside()
+    {
+        RunningTrial trial(4);
+        MainWindow& window = trial.window;
+        const QPointer<QAudioOutput> fourth(addSoundAside(window, 4));
+        trial.driver.startSound();
+        QCOMPARE(Probe::soundIndex(window), 5);
+        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
+        trial.driver.endSound(); // that of the empty sound
+        QCOMPARE(told.count(), 0);
+        QVERIFY(Probe::timerPlay(window)->isActive());
+
+        emit fourth->stateChanged(QAudio::IdleState);
+        QCOMPARE(told, QList<QVariantList>() << (QVariantList() << -1));
+        QVERIFY(!Probe::timerPlay(window)->isActive());
+        QCOMPARE(Probe::nReactionTimerStarts(window), 1);
+        QVERIFY(Probe::soundsAside(window).isEmpty());
+    }
+
+    void fourthSound_endsNoTrial_whenItsOutputStopped()
+    {
+        tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
+        RunningTrial trial(4);
+        const QPointer<QAudioOutput> fourth(addSoundAside(trial.window, 4));
+        trial.driver.startSound();
+        QSignalSpy told(&trial.window, SIGNAL(soundPlaying(int)));
+        emit fourth->stateChanged(QAudio::StoppedState);
+        QCOMPARE(told.count(), 0);
+        QVERIFY(Probe::timerPlay(trial.window)->isActive());
+    }
+
+    void fourthSound_endsNoTrial_butItsOwn()
+    {
+        RunningTrial trial(4);
+        MainWindow& window = trial.window;
+        const QPointer<QAudioOutput> fourth(addSoundAside(window, 4));
+        trial.driver.endSound();
+        trial.driver.answer(2);
+        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
+        emit fourth->stateChanged(QAudio::IdleState);
+        QCOMPARE(told.count(), 0);
+        QVERIFY(Probe::timerPlay(window)->isActive());
+    }
+
+    void disturbances_areToldForTheTrialAndForEachRecord()
+    {
+        RunningTrial trial(4);
+        MainWindow& window = trial.window;
+        QVERIFY(window.runDisturbances().isEmpty());
+        const bool hasNoDevice = Probe::audioOutput(window)->error() != QAudio::NoError;
+        QCOMPARE(window.trialDisturbances().hasOutputFailed, hasNoDevice);
+        QCOMPARE(window.trialDisturbances().interruptedSounds, 0);
+        QCOMPARE(window.trialDisturbances().lateSounds, 0);
+        trial.driver.endSound();
+        trial.driver.answer(2);
+        QCOMPARE(window.runDisturbances().size(), 1);
+        QCOMPARE(window.runDisturbances()[0].hasOutputFailed, hasNoDevice);
+        QVERIFY(!window.trialDisturbances().hasOutputFailed);
+        trial.driver.playTrial();
+        trial.driver.answer(2);
+        QCOMPARE(window.runDisturbances().size(), Probe::data(window).records.size());
+        window.resetTrend();
+        QVERIFY(window.runDisturbances().isEmpty());
     }
 
     void strangersIdle_isIgnored()

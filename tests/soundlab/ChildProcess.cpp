@@ -52,3 +52,11 @@ void ChildProcess::setupChildProcess()
     setpriority(PRIO_PROCESS, 0, aheadOfOthers);
 #endif
 }
+
+void stopProcess(qint64 pid, int ms)
+{
+    const double seconds = ms / 1000.0;
+    QProcess::startDetached("sh",
+        {"-c", "kill -STOP $0; sleep $1; kill -CONT $0", QString::number(pid),
+            QString::number(seconds)});
+}

@@ -23,3 +23,6 @@ public:
 protected:
     void setupChildProcess() override;
 };
+
+/// Stops a process, this one included, and lets it go on after a time. Returns at once.
+void stopProcess(qint64 pid, int ms);

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QtCore/qtestsupport_core.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -63,6 +64,24 @@ void SoundServer::kill()
     m_process.waitForFinished();
 }
 
+void SoundServer::standStill(int ms)
+{
+    stopProcess(m_process.processId(), ms);
+}
+
+void SoundServer::setDefaultSink(const QString& name)
+{
+    answerTo({"set-default-sink", name});
+}
+
+bool SoundServer::isSuspended(const QString& sink) const
+{
+    const QList<QByteArray> sinks = answerTo({"list", "short", "sinks"}).split('\n');
+    return std::any_of(sinks.cbegin(), sinks.cend(), [&](const QByteArray& line) {
+        return line.contains('\t' + sink.toLatin1() + '\t') && line.endsWith("SUSPENDED");
+    });
+}
+
 void SoundServer::removeSink()
 {
     answerTo({"unload-module", "module-null-sink"});
@@ -117,9 +136,14 @@ QStringList SoundServer::arguments() const
 {
     const QString protocol = QString("module-native-protocol-unix socket=%1 auth-anonymous=1")
                                  .arg(m_folder.filePath("pulse.sock"));
-    return {"-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--disallow-exit",
-        "--high-priority=no", "--realtime=no", "--log-target=stderr", "-L", sinkModule(), "-L",
-        protocol};
+    QStringList modules;
+    for (const QString& module : m_settings.moreModules) {
+        modules << "-L" << module;
+    }
+    return QStringList {"-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+               "--disallow-exit", "--high-priority=no", "--realtime=no", "--log-target=stderr",
+               "-L", sinkModule(), "-L", protocol}
+    + modules;
 }
 
 QByteArray SoundServer::description() const

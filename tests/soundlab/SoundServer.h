@@ -21,6 +21,7 @@ public:
         /// A sink that may rewind takes back what it rendered: beginnings and tails of sounds are
         /// lost in the recording.
         bool mayRewind = false;
+        QStringList moreModules; ///< loaded besides, with their arguments
     };
 
     SoundServer();
@@ -39,6 +40,12 @@ public:
     void stop();
     /// Kills the server, as in a crash.
     void kill();
+    /// The server's process stands still for a time, as when the machine is busy. Returns at once.
+    void standStill(int ms);
+    /// Where sounds that name no sink are played from now on; "lab" is this server's own sink.
+    void setDefaultSink(const QString& name);
+    /// Whether the server has put a sink to sleep.
+    bool isSuspended(const QString& sink) const;
     /// Takes the sink away from the running server, as when a sound card is pulled out.
     void removeSink();
     /// Gives the running server its sink again.

@@ -1,0 +1,288 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A sound from its start to its release: sounds that are put aside because the next one begins, and
+// sounds that ran dry and are brought to their end.
+#include "app/MainWindow.h"
+#include "app/PcmEncoding.h"
+#include "app/PlaybackBuffer.h"
+
+#include <QAudioOutput>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace {
+
+bool hasFailed(const QAudioOutput* output)
+{
+    return output != nullptr && output->error() != QAudio::NoError;
+}
+
+bool hasRunDry(const QBuffer* buffer)
+{
+    const auto* const playback = qobject_cast<const PlaybackBuffer*>(buffer);
+    return playback != nullptr && playback->hasRunDry();
+}
+
+} // namespace
+
+void MainWindow::startSound(const QByteArray& bytes)
+{
+    constexpr double msPerSecond = 1000.0;
+    const double bytesPerMs = audioFormat.sampleRate() * audioFormat.bytesPerFrame() / msPerSecond;
+    audioBytes = new QByteArray(bytes);
+    auto* const playback = new PlaybackBuffer(audioBytes, bytesPerMs);
+    audioBuffer = playback;
+    audioBuffer->open(QIODevice::ReadOnly);
+    audioOutput = new QAudioOutput(audioFormat, this);
+    connect(audioOutput, SIGNAL(stateChanged(QAudio::State)), this,
+        SLOT(handleStateChanged(QAudio::State)));
+    const double beforeStartMs = playback->ageMs();
+    audioOutput->start(audioBuffer);
+    const double startMs = playback->ageMs() - beforeStartMs;
+    connect(playback, &PlaybackBuffer::firstTaken, this,
+        [this, playback, startMs] { judgeOnset(playback->ageMs() - startMs); });
+    // Without a device the output has stopped by now, and reports nothing.
+    noteFailure(audioOutput->state() == QAudio::StoppedState && hasFailed(audioOutput));
+}
+
+void MainWindow::handleStateChanged(QAudio::State state)
+{
+    auto* const output = qobject_cast<QAudioOutput*>(sender());
+    if (output != nullptr && output != audioOutput) {
+        handleSoundAside(output, state);
+        return;
+    }
+    if (state == QAudio::StoppedState) {
+        warnOfError(audioOutput);
+    } else if (state == QAudio::IdleState) {
+        if (output != nullptr && isInterrupted(currentSound())) {
+            noteInterruption(currentProgress);
+        } else {
+            endCurrentSound();
+        }
+    }
+}
+
+void MainWindow::endCurrentSound()
+{
+    const bool wasLastSound = soundIndex == nSoundsPerTrial;
+    const Sound sound = takeCurrentSound();
+    release(sound);
+    if (wasLastSound) {
+        endTrial();
+    } else {
+        resumePacing(sound.progress);
+    }
+}
+
+void MainWindow::warnOfError(const QAudioOutput* output)
+{
+    if (hasFailed(output)) {
+        qWarning("Audio stopped unexpectedly");
+        noteFailure(true);
+    }
+}
+
+void MainWindow::noteFailure(bool outputHasFailed)
+{
+    disturbances.hasOutputFailed = disturbances.hasOutputFailed || outputHasFailed;
+}
+
+// An output that reports idleness has nothing to play, which is not always the end: while this
+// thread, the process or the server stood still the sound's rest may not have reached the server,
+// or have reached it too late. A report that is older than the output's own state counts only if
+// the output did run dry.
+bool MainWindow::isInterrupted(const Sound& sound)
+{
+    const bool isReport = sound.output->state() == QAudio::IdleState || hasRunDry(sound.buffer);
+    return isReport && !hasBeenPlayed(sound);
+}
+
+// The server's queue is asked only after a gap: some backends report the end before their queue is
+// empty, and play the rest when they are stopped.
+bool MainWindow::hasBeenPlayed(const Sound& sound)
+{
+    const bool hadGap = sound.progress.isInterrupted || hasRunDry(sound.buffer);
+    return sound.buffer->atEnd()
+        && (!hadGap || sound.output->bytesFree() >= sound.output->bufferSize());
+}
+
+void MainWindow::noteInterruption(SoundProgress& progress)
+{
+    if (progress.isInterrupted) {
+        return;
+    }
+    progress.isInterrupted = true;
+    if (progress.interval > 0) {
+        ++disturbances.interruptedSounds;
+        qWarning("Sound interrupted: interval %d of trial %d", progress.interval, data.nTrials);
+    }
+    constexpr int lookEveryMs = 20;
+    timerInterruption->start(lookEveryMs);
+}
+
+// The end of a sound that ran dry is not always reported: an output that was idle already says
+// nothing, and a server does not begin to play less than it wants in its queue.
+void MainWindow::lookAfterInterruptedSounds()
+{
+    if (currentProgress.isInterrupted && audioOutput != nullptr) {
+        Sound sound = currentSound();
+        const bool hasEnded = looksEnded(sound);
+        currentProgress = sound.progress;
+        if (hasEnded) {
+            endCurrentSound();
+        }
+    }
+    for (int i = soundsAside.size() - 1; i >= 0; --i) {
+        if (soundsAside[i].progress.isInterrupted && looksEnded(soundsAside[i])) {
+            endSoundAside(i);
+        }
+    }
+    const bool isAnyLeft = currentProgress.isInterrupted
+        || std::any_of(soundsAside.cbegin(), soundsAside.cend(),
+            [](const Sound& sound) { return sound.progress.isInterrupted; });
+    if (!isAnyLeft) {
+        timerInterruption->stop();
+    }
+}
+
+// Suspending and resuming makes a server play what is left of a queue that stands still.
+bool MainWindow::looksEnded(Sound& sound)
+{
+    constexpr int looksUntilStill = 5;
+    constexpr int mostResumptions = 3; // a queue that moves for none of them never will
+    if (hasBeenPlayed(sound)) {
+        return true;
+    }
+    SoundProgress& progress = sound.progress;
+    const int bytesFree = sound.output->bytesFree();
+    const bool isStill = sound.buffer->atEnd() && bytesFree == progress.bytesFree
+        && sound.output->state() != QAudio::StoppedState;
+    progress.nLooksStill = isStill ? progress.nLooksStill + 1 : 0;
+    progress.bytesFree = bytesFree;
+    if (progress.nLooksStill < looksUntilStill) {
+        return false;
+    }
+    if (progress.nResumptions == mostResumptions) {
+        return true;
+    }
+    progress.nLooksStill = 0;
+    ++progress.nResumptions;
+    sound.output->suspend();
+    sound.output->resume();
+    return false;
+}
+
+MainWindow::Sound MainWindow::currentSound() const
+{
+    return {audioBytes, audioBuffer, audioOutput, currentProgress};
+}
+
+MainWindow::Sound MainWindow::takeCurrentSound()
+{
+    const Sound sound = currentSound();
+    audioBytes = nullptr;
+    audioBuffer = nullptr;
+    audioOutput = nullptr;
+    currentProgress = {};
+    return sound;
+}
+
+bool MainWindow::plays(const Sound& sound)
+{
+    return sound.output != nullptr && sound.output->state() != QAudio::StoppedState
+        && !sound.bytes->isEmpty();
+}
+
+// A sound that has not ended yet when the next one starts plays on by itself and is released at its
+// own end. One that has stopped, or has nothing to play, would never report an end.
+void MainWindow::putCurrentSoundAside()
+{
+    constexpr int mostSoundsAside = 8; // should reports stay away, streams must not pile up
+    const Sound sound = takeCurrentSound();
+    if (!plays(sound)) {
+        release(sound);
+        return;
+    }
+    if (soundsAside.size() >= mostSoundsAside) {
+        release(soundsAside.takeFirst());
+    }
+    soundsAside.append(sound);
+}
+
+void MainWindow::handleSoundAside(QAudioOutput* output, QAudio::State state)
+{
+    const auto found = std::find_if(soundsAside.begin(), soundsAside.end(),
+        [output](const Sound& sound) { return sound.output == output; });
+    const bool hasEnded = state == QAudio::IdleState || state == QAudio::StoppedState;
+    if (found == soundsAside.end() || !hasEnded) {
+        return;
+    }
+    const int index = static_cast<int>(found - soundsAside.begin());
+    if (state == QAudio::StoppedState) {
+        warnOfError(output);
+        const Sound sound = soundsAside.takeAt(index);
+        release(sound);
+        resumePacing(sound.progress);
+    } else if (isInterrupted(*found)) {
+        noteInterruption(found->progress);
+    } else {
+        endSoundAside(index);
+    }
+}
+
+// The trial ends with its fourth sound, also when a later tick has put that aside.
+void MainWindow::endSoundAside(int index)
+{
+    const Sound sound = soundsAside.takeAt(index);
+    release(sound);
+    if (sound.progress.interval == nSoundsPerTrial) {
+        endTrial();
+    } else {
+        resumePacing(sound.progress);
+    }
+}
+
+// The sounds of a trial that was left play on, but no trial waits for them or ends with them.
+void MainWindow::forgetTrialOfSounds()
+{
+    currentProgress.interval = 0;
+    for (Sound& sound : soundsAside) {
+        sound.progress.interval = 0;
+    }
+}
+
+// The output may be the one whose signal is being handled, so it goes later; without a parent,
+// which could go first: the sound backends run the event loop in their destructors, and the
+// deletion that waits there would meet the output half deleted.
+void MainWindow::release(const Sound& sound)
+{
+    silence(sound);
+    if (sound.output != nullptr) {
+        sound.output->disconnect(this);
+        sound.output->setParent(nullptr);
+        sound.output->deleteLater();
+    }
+}
+
+void MainWindow::silence(const Sound& sound)
+{
+    if (sound.output != nullptr) {
+        sound.output->stop();
+    }
+    if (sound.buffer != nullptr) {
+        sound.buffer->close();
+    }
+    delete sound.bytes;
+    delete sound.buffer;
+}
+
+void MainWindow::deleteAllSounds()
+{
+    soundsAside.append(takeCurrentSound());
+    for (const Sound& sound : qAsConst(soundsAside)) {
+        silence(sound);
+        delete sound.output;
+    }
+    soundsAside.clear();
+}

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QtGlobal>
+
+/// What disturbed the sounds of one trial. All zero: every sound was played whole and in time, as
+/// far as the program can tell.
+struct Disturbances {
+    int interruptedSounds = 0; ///< that ran dry and went on after a gap
+    int lateSounds = 0; ///< that started more than 10 ms after they were due
+    int worstLatenessMs = 0; ///< of the late sounds, in ms rounded up; 0 without any
+    bool hasOutputFailed = false; ///< an output stopped with an error: a sound may be missing
+
+    bool any() const { return interruptedSounds > 0 || lateSounds > 0 || hasOutputFailed; }
+};
+Q_DECLARE_TYPEINFO(Disturbances, Q_PRIMITIVE_TYPE);

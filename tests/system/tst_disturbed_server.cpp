@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The sound server stands still in a trial.
+#include "soundlab/SoundRecorder.h"
+#include "soundlab/SoundServer.h"
+#include "support/MainWindowProbe.h"
+#include "support/QuietTest.h"
+#include "system/DisturbedTrial.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+#include <QTimer>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+// The phases of a trial in which the server is stopped, by the state that soundPlaying told last.
+struct Phase {
+    const char* name;
+    int state; ///< 0: the listener is ready
+    int afterMs;
+};
+
+constexpr Phase phases[] = {
+    {"before the first sound", 0, 300},
+    {"as the first sound starts", 1, 0},
+    {"in the first sound", 1, 300},
+    {"after the first sound", 1, 700},
+    {"as the second sound starts", 2, 0},
+    {"in the second sound", 2, 300},
+    {"after the second sound", 2, 700},
+    {"in the third sound", 3, 300},
+    {"after the third sound", 3, 700},
+    {"as the fourth sound starts", 4, 0},
+    {"in the fourth sound", 4, 300},
+};
+
+} // namespace
+
+class TestDisturbedServer : public QuietTest {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QVERIFY2(m_server.start(), qPrintable(m_server.errorText())); }
+
+    void init() override
+    {
+        QuietTest::init();
+        tolerateWarning(QRegularExpression("^Sound interrupted: interval [1-4] of trial 1$"));
+    }
+
+    void trial_isWhole_andEndsOnce_whenTheServerStandsStill_data()
+    {
+        QTest::addColumn<int>("phase");
+        QTest::addColumn<int>("lengthMs");
+#ifdef ALL_STANDSTILLS
+        for (const int lengthMs : {500, 3000, 12000}) {
+            for (size_t phase = 0; phase < std::size(phases); ++phase) {
+                QTest::addRow("%s, %d ms", phases[phase].name, lengthMs) << int(phase) << lengthMs;
+            }
+        }
+#else
+        QTest::newRow("in the second sound, 3000 ms") << 5 << 3000;
+#endif
+    }
+
+    void trial_isWhole_andEndsOnce_whenTheServerStandsStill()
+    {
+        QFETCH(int, phase);
+        QFETCH(int, lengthMs);
+        SoundRecorder recorder(m_server);
+        QVERIFY2(recorder.start(), qPrintable(recorder.errorText()));
+        DisturbedTrial trial;
+        const auto stopLater = [&] {
+            QTimer::singleShot(phases[phase].afterMs, &trial.window,
+                [this, lengthMs] { m_server.standStill(lengthMs); });
+        };
+        trial.disturb = [&](int state) {
+            if (state == phases[phase].state) {
+                stopLater();
+            }
+        };
+        if (phases[phase].state == 0) {
+            stopLater();
+        }
+        QVERIFY(trial.play());
+        const QVector<SoundPlace> places = trial.placesIn(recorder.stop());
+        QVERIFY2(!places.isEmpty(), qPrintable(trial.whatIsWrong()));
+        QCOMPARE(trial.states().mid(0, 4), QVector<int>({1, 2, 3, 4}));
+        QCOMPARE(trial.states().count(-1), 1);
+        QCOMPARE(trial.states().constLast(), -1);
+        QVERIFY(!Probe::timerPlay(trial.window)->isActive());
+        QVERIFY(Probe::timerReaction(trial.window)->isValid());
+    }
+
+    // The next sound comes a whole period after the late one.
+    void lateSounds_areTold_whenStartBlocks()
+    {
+        constexpr int lengthMs = 1500;
+        SoundRecorder recorder(m_server);
+        QVERIFY2(recorder.start(), qPrintable(recorder.errorText()));
+        DisturbedTrial trial;
+        QVector<qint64> startsMs;
+        QElapsedTimer clock;
+        clock.start();
+        trial.disturb = [&](int state) {
+            startsMs.append(clock.elapsed());
+            if (state == 1) { // silent for the last 100 ms before the second sound is due
+                QTimer::singleShot(800, &trial.window, [this] { m_server.standStill(lengthMs); });
+            }
+        };
+        QVERIFY(trial.play());
+        const QStringList late = messages().filter("Sound late: interval 2 of trial 1");
+        QCOMPARE(late.size(), 1);
+        const Disturbances& told = trial.window.trialDisturbances();
+        QVERIFY(told.lateSounds >= 1);
+        QVERIFY(told.worstLatenessMs > lengthMs / 2);
+        QVERIFY(told.worstLatenessMs <= lengthMs + 1000);
+        QCOMPARE(told.interruptedSounds, 0);
+        // Nothing is earlier than a period after the one before.
+        QVERIFY(startsMs[2] - startsMs[1]
+            >= DisturbedTrial::soundMs + DisturbedTrial::defaultSilenceMs - 1);
+        QVERIFY2(!trial.placesIn(recorder.stop()).isEmpty(), qPrintable(trial.whatIsWrong()));
+    }
+
+private:
+    SoundServer m_server;
+};
+
+QTEST_MAIN(TestDisturbedServer)
+#include "tst_disturbed_server.moc"

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The thread of the windows or the whole process stands still inside the sounds of a trial.
+#include "soundlab/ChildProcess.h"
+#include "soundlab/SoundRecorder.h"
+#include "soundlab/SoundServer.h"
+#include "support/MainWindowProbe.h"
+#include "support/QuietTest.h"
+#include "system/DisturbedTrial.h"
+
+#include <QLineEdit>
+#include <QTest>
+#include <QThread>
+#include <QTimer>
+
+using Probe = MainWindowProbe;
+
+namespace {
+
+constexpr int samplesPerMs = 40;
+constexpr int samplesPerSound = samplesPerMs * DisturbedTrial::soundMs;
+
+constexpr int blockMs = 5; // onsets are quantised to the server's blocks
+constexpr int onTimeMs = 20; // a tick, and the first samples after it, are not late by 10 ms each
+
+enum Standstill { ofTheThread, ofTheProcess };
+
+void standStill(Standstill standstill, int ms)
+{
+    if (standstill == ofTheThread) {
+        QThread::msleep(static_cast<unsigned long>(ms));
+    } else {
+        stopProcess(QCoreApplication::applicationPid(), ms);
+    }
+}
+
+} // namespace
+
+class TestInterruptedSounds : public QuietTest {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QVERIFY2(m_server.start(), qPrintable(m_server.errorText())); }
+
+    void init() override
+    {
+        QuietTest::init();
+        tolerateWarning(QRegularExpression("^Sound interrupted: "));
+    }
+
+    void everySample_isPlayed_whenSomethingStandsStill_data()
+    {
+        QTest::addColumn<int>("standstill");
+        QTest::addColumn<int>("placeMs");
+        QTest::addColumn<int>("lengthMs");
+#ifdef ALL_STANDSTILLS
+        const QVector<int> lengths = {0, 100, 200, 300, 500, 1000};
+        const QVector<int> places = {1, 300, 560};
+#else
+        const QVector<int> lengths = {500};
+        const QVector<int> places = {300};
+#endif
+        for (const int lengthMs : lengths) {
+            for (const int placeMs : places) {
+                QTest::addRow("thread for %d ms at %d ms", lengthMs, placeMs)
+                    << int(ofTheThread) << placeMs << lengthMs;
+                QTest::addRow("process for %d ms at %d ms", lengthMs, placeMs)
+                    << int(ofTheProcess) << placeMs << lengthMs;
+            }
+        }
+    }
+
+    void everySample_isPlayed_whenSomethingStandsStill()
+    {
+        QFETCH(int, standstill);
+        QFETCH(int, placeMs);
+        QFETCH(int, lengthMs);
+        SoundRecorder recorder(m_server);
+        QVERIFY2(recorder.start(), qPrintable(recorder.errorText()));
+        DisturbedTrial trial;
+        trial.disturb = [&](int state) {
+            if (state > 0) {
+                QTimer::singleShot(placeMs, Qt::PreciseTimer, &trial.window,
+                    [=] { standStill(static_cast<Standstill>(standstill), lengthMs); });
+            }
+        };
+        QVERIFY(trial.play());
+        const QVector<SoundPlace> places = trial.placesIn(recorder.stop());
+        QVERIFY2(!places.isEmpty(), qPrintable(trial.whatIsWrong()));
+        QCOMPARE(trial.states(), QVector<int>({1, 2, 3, 4, -1}));
+        QCOMPARE(
+            messages().filter("Sound interrupted"), interruptionLines(places, samplesPerSound));
+        for (int i = 1; i < places.size(); ++i) {
+            const int silence = places[i].begin - places[i - 1].end;
+            const bool wasInterrupted = places[i - 1].length() > samplesPerSound;
+            const int leastMs
+                = DisturbedTrial::defaultSilenceMs - blockMs - (wasInterrupted ? 0 : onTimeMs);
+            QVERIFY2(silence >= samplesPerMs * leastMs,
+                qPrintable(QString("%1 samples before sound %2").arg(silence).arg(i + 1)));
+        }
+        verifyDisturbances(trial.window);
+    }
+
+private:
+    void verifyDisturbances(const MainWindow& window)
+    {
+        const Disturbances& told = window.trialDisturbances();
+        QCOMPARE(told.interruptedSounds, messages().filter("Sound interrupted").size());
+        QCOMPARE(told.lateSounds, messages().filter("Sound late").size());
+        QVERIFY(!told.hasOutputFailed);
+    }
+
+    SoundServer m_server;
+};
+
+QTEST_MAIN(TestInterruptedSounds)
+#include "tst_interrupted_sounds.moc"
