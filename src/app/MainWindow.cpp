@@ -119,6 +119,7 @@ MainWindow::MainWindow(QWidget* parent)
     , heightFraction(0.9)
     , timerInterruption(nullptr)
     , waitsForSound(false)
+    , waitingSinceMs(0.0)
 {
     makeConnections();
     setupGUIMainWindow();

@@ -202,10 +202,12 @@ private:
     void connectToListener(SubjectWindow* window);
     void setPlaybackRate();
     void checkPlaybackFormat() const;
+    QByteArray nextPcm() const;
     bool mustWaitForSound(double tickMs);
+    void waitForSound();
     void paceNextSound(double tickMs);
     void restartPeriod();
-    void judgeStart(double tickLatenessMs, double startMs);
+    void judgeStart(double latenessMs, bool wasBlocked);
     void judgeOnset(double delayMs);
     void noteLateSound(double ms);
     void resumePacing(const SoundProgress& ended);
@@ -225,6 +227,7 @@ private:
     Sound currentSound() const;
     Sound takeCurrentSound();
     static bool plays(const Sound& sound);
+    static bool isUnfinished(const Sound& sound);
     void putCurrentSoundAside();
     void handleSoundAside(QAudioOutput* output, QAudio::State state);
     void endSoundAside(int index);
@@ -392,6 +395,7 @@ private:
     QElapsedTimer pacingClock;
     SoundPacing pacing;
     bool waitsForSound; ///< a tick has passed without a sound, since an earlier one has not ended
+    double waitingSinceMs; ///< on the pacing clock
     Disturbances disturbances; ///< of the trial under way
     QVector<Disturbances> recordedDisturbances; ///< one a record
 };

@@ -194,6 +194,12 @@ bool MainWindow::plays(const Sound& sound)
         && !sound.bytes->isEmpty();
 }
 
+// Of the trial under way, that is: sounds of a trial that was left hold nothing up.
+bool MainWindow::isUnfinished(const Sound& sound)
+{
+    return sound.progress.interval > 0 && plays(sound);
+}
+
 // A sound that has not ended yet when the next one starts plays on by itself and is released at its
 // own end. One that has stopped, or has nothing to play, would never report an end.
 void MainWindow::putCurrentSoundAside()

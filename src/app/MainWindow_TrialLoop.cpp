@@ -20,6 +20,13 @@
 
 #include <algorithm>
 
+namespace {
+
+// A start that takes longer was blocked by the server: PipeWire takes 10 ms, PulseAudio 1 ms.
+constexpr double mostStartMs = 50.0;
+
+} // namespace
+
 void MainWindow::on_pushButtonGo_clicked()
 {
     pushButtonGo->setEnabled(false);
@@ -122,33 +129,43 @@ void MainWindow::genRandomSequence()
 // of the fourth sound's end arrives, and until then the timer goes on.
 void MainWindow::playOneSound()
 {
-    const bool isTick = sender() == timerPlay;
     const bool isSound = soundIndex < nSoundsPerTrial;
+    const bool isPaced = sender() == timerPlay && isSound;
     const double tickMs = pacingTimeMs();
-    const double latenessMs = pacing.latenessMs(tickMs);
-    if (isTick && isSound) {
-        if (mustWaitForSound(tickMs)) {
-            return;
-        }
+    const SoundPacing pacingBefore = pacing;
+    if (isPaced && mustWaitForSound(tickMs)) {
+        return;
+    }
+    if (isPaced) {
         paceNextSound(tickMs);
     }
     putCurrentSoundAside();
-    if (isSound) {
-        const bool isDeviant = stimSequence[soundIndex];
-        currentProgress.interval = soundIndex + 1;
-        startSound(isDeviant ? encodedPcm(deviantSound, data.nSamples[deviant])
-                             : encodedPcm(standardSound, data.nSamples[standard]));
-    } else {
-        startSound(QByteArray());
+    currentProgress.interval = isSound ? soundIndex + 1 : 0;
+    startSound(isSound ? nextPcm() : QByteArray());
+    const bool wasBlocked = pacingTimeMs() - tickMs > mostStartMs;
+    if (isPaced && wasBlocked
+        && std::any_of(soundsAside.cbegin(), soundsAside.cend(), isUnfinished)) {
+        release(takeCurrentSound());
+        pacing = pacingBefore;
+        waitForSound();
+        return;
     }
     ++soundIndex;
-    if (isTick && isSound) {
-        judgeStart(latenessMs, pacingTimeMs() - tickMs);
+    if (isPaced) {
+        const double latenessMs = pacingBefore.latenessMs(tickMs);
+        judgeStart(wasBlocked ? latenessMs + pacingTimeMs() - tickMs : latenessMs, wasBlocked);
     }
     if (soundIndex == nSoundsPerTrial && timerPlay->isActive()) {
         timerPlay->setInterval(endReportTimeoutMs(pacing.periodMs()));
     }
     emit soundPlaying(soundIndex);
+}
+
+QByteArray MainWindow::nextPcm() const
+{
+    const bool isDeviant = stimSequence[soundIndex];
+    return isDeviant ? encodedPcm(deviantSound, data.nSamples[deviant])
+                     : encodedPcm(standardSound, data.nSamples[standard]);
 }
 
 // Undisturbed, the timer repeats by itself. After a late tick the next sound comes a whole period
@@ -168,16 +185,13 @@ void MainWindow::restartPeriod()
     timerPlay->start(pacing.periodMs());
 }
 
-// A server that stands still blocks the start of a sound until it goes on.
-void MainWindow::judgeStart(double tickLatenessMs, double startMs)
+void MainWindow::judgeStart(double latenessMs, bool wasBlocked)
 {
-    constexpr double mostStartMs = 50.0; // PipeWire takes 10 ms, PulseAudio 1 ms
-    const bool wasBlocked = startMs > mostStartMs;
     if (wasBlocked) {
         restartPeriod();
-        noteLateSound(tickLatenessMs + startMs);
-    } else if (tickLatenessMs > SoundPacing::mostLatenessMs) {
-        noteLateSound(tickLatenessMs);
+    }
+    if (latenessMs > SoundPacing::mostLatenessMs) {
+        noteLateSound(latenessMs);
     }
 }
 
@@ -209,18 +223,28 @@ void MainWindow::noteLateSound(double ms)
 
 // Sounds must not overlap because one was held up: an interrupted one is waited for, one that has
 // not been handed over whole when it should have ended, and when the tick is late, any that has not
-// ended. The end of the sound sets the timer again.
+// ended. The end of the sound sets the timer again; should it stay away, the trial goes on.
 bool MainWindow::mustWaitForSound(double tickMs)
 {
+    constexpr double patienceMs = 5000.0;
     const auto* const playback = qobject_cast<const PlaybackBuffer*>(audioBuffer);
-    const bool mustWait = pacing.isLate(tickMs) || (playback != nullptr && playback->isOverdue());
-    const auto holdsUp = [mustWait](const Sound& sound) {
-        return sound.progress.interval > 0 && plays(sound)
-            && (mustWait || sound.progress.isInterrupted);
+    const bool isBehind = pacing.isLate(tickMs) || (playback != nullptr && playback->isOverdue());
+    const auto holdsUp = [isBehind](const Sound& sound) {
+        return isUnfinished(sound) && (isBehind || sound.progress.isInterrupted);
     };
-    waitsForSound
+    const bool mustWait
         = holdsUp(currentSound()) || std::any_of(soundsAside.cbegin(), soundsAside.cend(), holdsUp);
+    if (mustWait && !waitsForSound) {
+        waitForSound();
+    }
+    waitsForSound = mustWait && tickMs - waitingSinceMs <= patienceMs;
     return waitsForSound;
+}
+
+void MainWindow::waitForSound()
+{
+    waitsForSound = true;
+    waitingSinceMs = pacingTimeMs();
 }
 
 // After a sound that was interrupted or waited for, the silent interval begins at its real end.

@@ -28,6 +28,7 @@ constexpr Phase phases[] = {
     {"after the first sound", 1, 700},
     {"as the second sound starts", 2, 0},
     {"in the second sound", 2, 300},
+    {"near the end of the second sound", 2, 480}, // all of it has been handed over
     {"after the second sound", 2, 700},
     {"in the third sound", 3, 300},
     {"after the third sound", 3, 700},
@@ -61,6 +62,7 @@ private slots:
         }
 #else
         QTest::newRow("in the second sound, 3000 ms") << 5 << 3000;
+        QTest::newRow("near the end of the second sound, 3000 ms") << 6 << 3000;
 #endif
     }
 
