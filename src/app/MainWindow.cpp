@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
 
+#include "app/ReactionClock.h"
 #include "app/WindowParts.h"
 #include "procedure/StaircaseRule.h"
 #include "session/OutputFileName.h"

@@ -31,6 +31,8 @@
 #include <QPointF>
 #include <QVector>
 
+#include <memory>
+
 class QAudioOutput;
 class QBuffer;
 class QCheckBox;
@@ -41,6 +43,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QTimer;
+class ReactionClock;
 class SubjectWindow;
 
 /// The experimenter's window: the parameter panel, the charts and the controller of the experiment.
@@ -375,6 +378,7 @@ private:
     SubjectWindow* subjectWindow; ///< of the latest run; earlier ones live on, hidden
     QTimer* timerPlay; ///< paces the sounds
     QElapsedTimer* timerReaction; ///< runs from the reported end of the fourth sound
+    std::unique_ptr<ReactionClock> reactionClock; ///< reads timerReaction; a test may replace it
     int nReactionTimerStarts;
     int nSoundsPerTrial;
     int soundIndex; ///< sounds started in the current trial

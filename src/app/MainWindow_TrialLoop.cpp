@@ -3,6 +3,7 @@
 #include "app/MainWindow.h"
 #include "app/PcmEncoding.h"
 #include "app/PlaybackBuffer.h"
+#include "app/ReactionClock.h"
 #include "app/TrialSequence.h"
 #include "procedure/StaircaseRule.h"
 #include "session/AdaptedParameter.h"
@@ -12,7 +13,6 @@
 
 #include <QAudioDeviceInfo>
 #include <QDebug>
-#include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -85,7 +85,7 @@ void MainWindow::checkPlaybackFormat() const
 
 void MainWindow::updateMainwindow(int response)
 {
-    const qint64 elapsed = timerReaction->isValid() ? timerReaction->elapsed() : 0;
+    const qint64 elapsed = reactionClock->elapsedMs();
     soundIndex = 0;
     if (response == readyResponse) {
         qDebug() << "Test just started";
@@ -280,9 +280,9 @@ void MainWindow::endTrial()
 void MainWindow::startReactionTimer()
 {
     if (nReactionTimerStarts == 0) {
-        timerReaction->start();
+        reactionClock->start();
     } else {
-        timerReaction->restart();
+        reactionClock->restart();
     }
     ++nReactionTimerStarts;
 }

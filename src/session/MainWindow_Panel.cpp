@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
+#include "app/ReactionClock.h"
 #include "session/Counts.h"
 #include "session/OutputFileName.h"
 #include "session/PanelNumbers.h"
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 // The combo boxes' slots run while the boxes are filled and set: they compose the file name and put
 // the deviant to its starting values. The record's choices are set before the boxes', or the
@@ -100,6 +102,7 @@ void MainWindow::makeTrialLoop()
     nReactionTimerStarts = 0;
     stimSequence = QVector<bool>(nSoundsPerTrial, false);
     timerReaction = new QElapsedTimer;
+    reactionClock = std::make_unique<ElapsedTimerClock>(*timerReaction);
     timerPlay = new QTimer(this);
     timerPlay->setTimerType(Qt::PreciseTimer); // a coarse one is up to 5 % off
     connect(timerPlay, SIGNAL(timeout()), this, SLOT(playOneSound()));

@@ -132,6 +132,7 @@ struct MainWindowProbe {
     static auto& subjectWindow(MainWindow& window) { return window.subjectWindow; }
     static auto& timerPlay(MainWindow& window) { return window.timerPlay; }
     static auto& timerReaction(MainWindow& window) { return window.timerReaction; }
+    static auto& reactionClock(MainWindow& window) { return window.reactionClock; }
     static auto& nReactionTimerStarts(MainWindow& window) { return window.nReactionTimerStarts; }
     static auto& nSoundsPerTrial(MainWindow& window) { return window.nSoundsPerTrial; }
     static auto& soundIndex(MainWindow& window) { return window.soundIndex; }
