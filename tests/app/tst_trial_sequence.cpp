@@ -38,6 +38,11 @@ private slots:
         QTest::newRow("no silence") << 0.0 << QVector<double> {0.25, 0.6} << 600;
         QTest::newRow("sum truncated, not the parts")
             << 0.0015 << QVector<double> {0.00175, 0.0} << 3;
+        // 60 + 600, where (0.06 + 0.6) * 1000 is just below 660; then the other way round.
+        QTest::newRow("sum of products, not product of the sum")
+            << 0.06 << QVector<double> {0.6, 0.6} << 660;
+        QTest::newRow("sum of products below that of the sum")
+            << 1.0009 << QVector<double> {0.1001, 0.1} << 1100;
         QTest::newRow("truncated, not rounded") << 0.0 << QVector<double> {0.00199, 0.0} << 1;
         QTest::newRow("nothing at all") << 0.0 << QVector<double> {0.0, 0.0} << 1;
         QTest::newRow("negative") << -5.0 << QVector<double> {0.6, 0.6} << 1;

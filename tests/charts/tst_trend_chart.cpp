@@ -2,6 +2,9 @@
 #include "charts/ChartObjects.h"
 #include "support/WindowTest.h"
 
+#include <QImage>
+#include <QPixmap>
+#include <QScreen>
 #include <QTest>
 
 using Probe = MainWindowProbe;
@@ -19,6 +22,24 @@ void answer(MainWindow& window, double depth)
     data.md[deviant] = depth;
     data.records.append(Record());
     window.updateTrend();
+}
+
+QImage part(const QPixmap& picture, const QWidget& window, const QWidget* view)
+{
+    const QRect place(view->mapTo(&window, QPoint(0, 0)), view->size());
+    return picture.copy(place).toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+// A part of a window as it is on the screen after what was repainted of it.
+QImage shown(const QWidget& window, const QWidget* view)
+{
+    return part(window.screen()->grabWindow(window.winId()), window, view);
+}
+
+// The same part when all of the window is painted anew.
+QImage drawn(QWidget& window, const QWidget* view)
+{
+    return part(window.grab(), window, view);
 }
 
 } // namespace
@@ -123,6 +144,24 @@ private slots:
             QCoreApplication::processEvents();
             QCOMPARE(trend(window).view->grab().toImage(), expected.view->grab().toImage());
         }
+    }
+
+    // A point that stands alone is larger than the region that Qt Charts gives for it.
+    void screen_showsTheWholePoint_whenItStandsAlone()
+    {
+        MainWindow window;
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCoreApplication::processEvents();
+        const QtCharts::QChartView* const view = trend(window).view;
+        const QImage before = shown(window, view);
+        answer(window, 0.5);
+        QCoreApplication::processEvents();
+        QVERIFY(shown(window, view) != before);
+        QTRY_COMPARE(shown(window, view), drawn(window, view));
+        window.resetTrend();
+        QCoreApplication::processEvents();
+        QTRY_COMPARE(shown(window, view), drawn(window, view));
     }
 
     void chart_isEmptyFrom0To100Again_afterAReset()

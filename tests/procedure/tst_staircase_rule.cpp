@@ -34,18 +34,19 @@ private slots:
     {
         QTest::addColumn<int>("stepDb");
         QTest::addColumn<double>("ratio");
-        QTest::newRow("wrong, large step: 10^(1/5)") << 4 << 1.5848931924611134852;
-        QTest::newRow("correct, large step: 10^(-1/10)") << -2 << 0.79432823472428150207;
-        QTest::newRow("wrong, small step: 10^(1/10)") << 2 << 1.2589254117941672104;
-        QTest::newRow("correct, small step: 10^(-1/20)") << -1 << 0.89125093813374552995;
+        QTest::newRow("wrong, large step: 10^(1/5)") << 4 << 1.5848931924611136;
+        QTest::newRow("correct, large step: 10^(-1/10)") << -2 << 0.79432823472428149;
+        QTest::newRow("wrong, small step: 10^(1/10)") << 2 << 1.2589254117941673;
+        QTest::newRow("correct, small step: 10^(-1/20)") << -1 << 0.89125093813374556;
     }
 
     void step_multipliesByAnAmplitudeRatio()
     {
         QFETCH(int, stepDb);
         QFETCH(double, ratio);
-        // stepDb / 20 is not exactly a fifth or a tenth, so neither is the power.
-        QCOMPARE(steppedValue(0.25, stepDb, 1.0), 0.25 * ratio);
+        for (const double value : {1.0, 0.5, 0.3, 0.05, 0.0123}) {
+            QUORIN_COMPARE_EXACT(steppedValue(value, stepDb, noCeiling), value * ratio);
+        }
     }
 
     void steppedValue_stopsAtTheCeiling_whenItWouldExceedIt()
@@ -269,6 +270,26 @@ private slots:
         QCOMPARE(data.md, (Values {0.75, md}));
         QCOMPARE(data.fd, (Values {0.5, fd}));
         QCOMPARE(data.cf, (Values {2000.0, cf}));
+    }
+
+    // Where cf - cf * 0.05 is the next larger number.
+    void startCarrier_isTheProduct_toTheLastBit_data()
+    {
+        QTest::addColumn<double>("standardCarrier");
+        QTest::addColumn<double>("carrier");
+        QTest::newRow("333 Hz") << 333.0 << 316.34999999999997;
+        QTest::newRow("1234.5 Hz") << 1234.5 << 1172.7749999999999;
+    }
+
+    void startCarrier_isTheProduct_toTheLastBit()
+    {
+        QFETCH(double, standardCarrier);
+        QFETCH(double, carrier);
+        Data data = dataWith(carrierFrequencyParameter);
+        data.cf = {standardCarrier, 0.0};
+        resetDeviant(data);
+        QUORIN_COMPARE_EXACT(data.cf[deviant], carrier);
+        QUORIN_COMPARE_EXACT(data.fd[deviant], 0.05);
     }
 
     void clearedRun_keepsTheLengthOfTheReversals()
