@@ -34,6 +34,15 @@ QPalette choicePalette()
     return palette;
 }
 
+// Where AltGr arrives as Ctrl and Alt, a digit that it typed is the key's text; a command has none.
+bool isCommand(const QKeyEvent& event)
+{
+    const Qt::KeyboardModifiers altGr = Qt::ControlModifier | Qt::AltModifier;
+    const Qt::KeyboardModifiers held = event.modifiers() & (altGr | Qt::MetaModifier);
+    const bool isTyped = event.text() == QString(QChar(event.key()));
+    return held != Qt::NoModifier && !(held == altGr && isTyped);
+}
+
 } // namespace
 
 SubjectWindow::SubjectWindow(QWidget* parent)
@@ -222,14 +231,12 @@ QPushButton* SubjectWindow::buttonOfKey(int key) const
     }
 }
 
-// Not by shortcuts of the buttons: those show the press first and answer 100 ms late. Shift is let
-// pass, some keyboards have their digits there.
+// Not by shortcuts of the buttons: those show the press first and answer 100 ms late. Shift and
+// AltGr are let pass, some keyboards have their digits there.
 void SubjectWindow::keyPressEvent(QKeyEvent* event)
 {
-    const bool isCommand
-        = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
     QPushButton* const button
-        = isCommand || event->isAutoRepeat() ? nullptr : buttonOfKey(event->key());
+        = isCommand(*event) || event->isAutoRepeat() ? nullptr : buttonOfKey(event->key());
     if (button != nullptr && button->isVisible()) {
         button->click();
     } else {

@@ -55,7 +55,8 @@ public:
 
 protected:
     /// The keys 2 and 3 answer, Return and Enter press "I am ready" or "Done": at once, and only
-    /// while the button can be pressed. A held key presses once, Ctrl, Alt and Meta none.
+    /// while the button can be pressed. A held key presses once; with Ctrl, Alt or Meta none does,
+    /// but digits that Shift or AltGr types do.
     void keyPressEvent(QKeyEvent* event) override;
     /// Asks for confirmation; only Yes closes the window.
     void closeEvent(QCloseEvent* event) override;

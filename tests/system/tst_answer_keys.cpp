@@ -14,9 +14,12 @@ using Probe = MainWindowProbe;
 
 namespace {
 
+// With Ctrl a key types nothing that could be read.
 void click(SubjectWindow& subject, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 {
-    QTest::keyClick(subject.windowHandle(), key, modifiers);
+    const bool isTyped = key < Qt::Key_Escape && (modifiers & Qt::ControlModifier) == 0;
+    const QString text = isTyped ? QString(QChar(key)) : QString();
+    QTest::sendKeyEvent(QTest::Click, subject.windowHandle(), key, text, modifiers);
 }
 
 // What a key does that is held down: presses that the window system marks as repeated.
@@ -69,6 +72,11 @@ private slots:
         row("3 of the keypad", Qt::Key_3, Qt::KeypadModifier);
         row("2 on the shifted level", Qt::Key_2, Qt::ShiftModifier);
         row("3 on the shifted level", Qt::Key_3, Qt::ShiftModifier);
+        row("2 on the level of AltGr", Qt::Key_2, Qt::GroupSwitchModifier);
+        row("3 on the level of AltGr", Qt::Key_3, Qt::GroupSwitchModifier);
+        row("2 of AltGr as Ctrl and Alt", Qt::Key_2, Qt::ControlModifier | Qt::AltModifier);
+        row("3 of AltGr as Ctrl and Alt", Qt::Key_3, Qt::ControlModifier | Qt::AltModifier);
+        row("3 of Shift and AltGr", Qt::Key_3, Qt::ShiftModifier | Qt::GroupSwitchModifier);
     }
 
     // The press alone answers, before any event is processed.
@@ -81,7 +89,7 @@ private slots:
         QVERIFY(run.isShown);
         run.driver.beReady();
         run.driver.playTrial();
-        QKeyEvent press(QEvent::KeyPress, key, modifiers);
+        QKeyEvent press(QEvent::KeyPress, key, modifiers, QString(QChar(key)));
         QCoreApplication::sendEvent(run.subject.windowHandle(), &press);
         QCOMPARE(answers(run.records()), QVector<int>({answer}));
         QVERIFY(!run.subject.isEnabled());
@@ -209,6 +217,8 @@ private slots:
         row("Alt+2", Qt::Key_2, Qt::AltModifier);
         row("Meta+3", Qt::Key_3, Qt::MetaModifier);
         row("Ctrl+Shift+3", Qt::Key_3, Qt::ControlModifier | Qt::ShiftModifier);
+        row("Ctrl+Alt+2", Qt::Key_2, Qt::ControlModifier | Qt::AltModifier);
+        row("Ctrl+Alt+Meta+2", Qt::Key_2, Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     }
 
     // Wherever Tab, a click and a new activation of the window could have put the focus.
