@@ -5,7 +5,9 @@
 #include "app/WindowParts.h"
 #include "procedure/StaircaseRule.h"
 #include "session/OutputFileName.h"
+#include "subject/SubjectWindow.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -192,6 +194,30 @@ void MainWindow::disableAllComponents()
 }
 
 void MainWindow::doNothing() { }
+
+// In front, this window would hide the listener's, which lies inside its rectangle, and swallow its
+// keys. Some window managers raise a window without giving it the keyboard: hence the press.
+bool MainWindow::event(QEvent* event)
+{
+    const bool comesForward
+        = event->type() == QEvent::WindowActivate || event->type() == QEvent::MouseButtonPress;
+    if (comesForward && !isEnabled()) {
+        bringSubjectWindowForward();
+    }
+    return QMainWindow::event(event);
+}
+
+// An open box keeps its place.
+void MainWindow::bringSubjectWindowForward()
+{
+    const bool isShown = subjectWindow != nullptr && subjectWindow->isVisible();
+    if (!isShown || QApplication::activeModalWidget() != nullptr) {
+        return;
+    }
+    subjectWindow->setWindowState(subjectWindow->windowState() & ~Qt::WindowMinimized);
+    subjectWindow->raise();
+    subjectWindow->activateWindow();
+}
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {

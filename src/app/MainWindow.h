@@ -171,6 +171,9 @@ public:
     void displayTrend();
 
 protected:
+    /// While a run has this window disabled, what would put it in front puts the listener's window
+    /// there.
+    bool event(QEvent* event) override;
     /// Ignores the title bar's close while a run has the window disabled.
     void closeEvent(QCloseEvent* event) override;
 
@@ -196,6 +199,7 @@ private:
 
     // app/MainWindow.cpp
     void makeConnections();
+    void bringSubjectWindowForward();
     void deleteCharts();
     void deleteWidgets();
     // app/MainWindow_Layout.cpp, app/MainWindow_Help.cpp
