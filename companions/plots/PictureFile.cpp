@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Pictures as PNG, SVG and PDF files, each with the mark of the program that made it.
 #include "plots/PictureFile.h"
+
+#include "output/OutputFile.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -8,7 +11,6 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 
 namespace {
@@ -39,6 +41,7 @@ bool paint(QPaintDevice& device, qreal scale, const QSize& size, const Drawing& 
 bool paintPng(QBuffer& buffer, const QSize& size, const Drawing& draw)
 {
     QImage image(size * pngScale, QImage::Format_RGB32);
+    image.setText("Software", makerText());
     return paint(image, pngScale, size, draw) && image.save(&buffer, "PNG");
 }
 
@@ -46,6 +49,7 @@ bool paintSvg(QBuffer& buffer, const QSize& size, const Drawing& draw)
 {
     QSvgGenerator generator;
     generator.setOutputDevice(&buffer);
+    generator.setDescription(makerText());
     generator.setResolution(pixelsPerInch);
     generator.setSize(size);
     generator.setViewBox(QRect(QPoint(0, 0), size));
@@ -55,6 +59,7 @@ bool paintSvg(QBuffer& buffer, const QSize& size, const Drawing& draw)
 bool paintPdf(QBuffer& buffer, const QSize& size, const Drawing& draw)
 {
     QPdfWriter writer(&buffer);
+    writer.setCreator(makerText());
     writer.setResolution(pixelsPerInch * pdfScale);
     writer.setPageSize(
         QPageSize(QSizeF(size) * pointsPerInch / pixelsPerInch, QPageSize::Point, "plot"));
@@ -87,20 +92,21 @@ QString pictureNameError(const QString& path)
     return "a picture's name must end in .png, .svg or .pdf: " + path;
 }
 
-QString writePicture(const QString& path, const QSize& size, const Drawing& draw)
+QString writePicture(const QString& path, const QSize& size, const Drawing& draw, bool isForced)
 {
     QString nameError = pictureNameError(path);
     if (!nameError.isEmpty()) {
         return nameError;
     }
+    // What may not be replaced need not be drawn.
+    const OutputFile file {path, OutputFile::Kind::marked, {}, isForced};
+    QString obstacle = outputObstacle(file);
+    if (!obstacle.isEmpty()) {
+        return obstacle;
+    }
     QBuffer picture;
     if (!picture.open(QIODevice::WriteOnly) || !paintKind(kindOf(path), picture, size, draw)) {
-        return "could not draw " + path;
+        return path + ": could not be drawn";
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(picture.data()) != picture.data().size()
-        || !file.commit()) {
-        return "could not write " + path + ": " + file.errorString();
-    }
-    return {};
+    return writeOutput(file, picture.data());
 }

@@ -21,7 +21,9 @@ void drawWithoutDisplay();
 QString pictureNameError(const QString& path);
 
 /// Draws into a picture file of the kind that its suffix tells. The file appears whole or, after a
-/// failure, not at all; one of the same name stays as it was until then. Needs a QGuiApplication.
-/// @param size of the picture, pixels; a PNG has twice as many in each direction
+/// failure, not at all. It carries the program's name and version. Needs a QGuiApplication.
+/// @param size     of the picture, pixels; a PNG has twice as many in each direction
+/// @param isForced whether a picture of a companion may be replaced; no other file ever is
 /// @return what went wrong; empty if the file was written
-QString writePicture(const QString& path, const QSize& size, const Drawing& draw);
+QString writePicture(
+    const QString& path, const QSize& size, const Drawing& draw, bool isForced = false);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "report/Report.h"
 
+#include "output/OutputFile.h"
 #include "plots/PictureFile.h"
 #include "report/ResultsSearch.h"
 #include "report/RunPicture.h"
@@ -10,7 +11,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QTextStream>
 
 #include <utility>
@@ -24,6 +24,7 @@ Report::Report(ReportOptions options, QTextStream& output, QTextStream& errors)
 
 bool Report::make()
 {
+    checkOutputs();
     findFiles();
     makeFolder();
     for (const QString& path : qAsConst(m_paths)) {
@@ -94,10 +95,12 @@ void Report::plot(const Run& run)
     if (name.endsWith(".txt")) {
         name.chop(4);
     }
-    const QString error = writePicture(picturePath(name), runPictureSize,
-        [&run](QPainter& painter, const QSize& size) { drawRun(painter, size, run); });
+    const QString error = writePicture(
+        picturePath(name), runPictureSize,
+        [&run](QPainter& painter, const QSize& size) { drawRun(painter, size, run); },
+        m_options.isForced);
     if (!error.isEmpty()) {
-        complain(run.path + ": " + error);
+        complain(error);
     }
 }
 
@@ -127,12 +130,29 @@ void Report::writeTables()
     }
 }
 
+// What cannot be written is said before hours of reading, and the rest is done nevertheless.
+void Report::checkOutputs()
+{
+    const QString obstacle = m_options.csvPath.isEmpty() || m_options.csvPath == "-"
+        ? QString()
+        : outputObstacle(csvFile());
+    if (!obstacle.isEmpty()) {
+        complain(obstacle);
+        m_options.csvPath.clear();
+    }
+}
+
+OutputFile Report::csvFile() const
+{
+    return {
+        m_options.csvPath, OutputFile::Kind::table, runCsvHeadings().toUtf8(), m_options.isForced};
+}
+
 void Report::writeCsv()
 {
-    QSaveFile file(m_options.csvPath);
-    const QByteArray csv = runCsv(m_runs).toUtf8();
-    if (!file.open(QIODevice::WriteOnly) || file.write(csv) != csv.size() || !file.commit()) {
-        complain(m_options.csvPath + ": cannot be written: " + file.errorString());
+    const QString error = writeOutput(csvFile(), runCsv(m_runs).toUtf8());
+    if (!error.isEmpty()) {
+        complain(error);
     }
 }
 
@@ -144,12 +164,13 @@ void Report::writeSummary()
             m_output << summaryPage(subject);
         }
         if (!m_options.plotFolder.isEmpty()) {
-            const QString error = writePicture(picturePath(subject.name + "_summary"),
-                subjectPictureSize, [&subject](QPainter& painter, const QSize& size) {
-                    drawSubject(painter, size, subject);
-                });
+            const QString error = writePicture(
+                picturePath(subject.name + "_summary"), subjectPictureSize,
+                [&subject](
+                    QPainter& painter, const QSize& size) { drawSubject(painter, size, subject); },
+                m_options.isForced);
             if (!error.isEmpty()) {
-                complain("subject " + subject.name + ": " + error);
+                complain(error);
             }
         }
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "output/OutputFile.h"
 #include "report/ReportOptions.h"
 #include "report/Run.h"
 
@@ -20,6 +21,8 @@ public:
     bool make();
 
 private:
+    void checkOutputs();
+    OutputFile csvFile() const;
     void findFiles();
     void makeFolder();
     void readFile(const QString& path);

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "report/ReportOptions.h"
 
-#include "report/ResultsReader.h"
-
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
 
@@ -28,6 +24,9 @@ void addOptions(QCommandLineParser& parser)
             "file"},
         {"plot", "Draw a picture a run into <folder>, which is made if it is missing.", "folder"},
         {"format", "Format of the pictures: png, svg or pdf. Default: png.", "format", "png"},
+        {"force",
+            "Replace tables and pictures that a companion of Quorin Lab wrote. Any other file "
+            "is never replaced."},
         {"summary", "Add a page over all runs of each subject; with --plot also a picture of it."},
     });
     parser.addPositionalArgument(
@@ -46,14 +45,6 @@ QString countError(const QCommandLineParser& parser, const QString& option, int&
               .arg(parser.value(option));
 }
 
-// A forgotten name would make the first of the files to read the one to write.
-bool isResultsFile(const QString& path)
-{
-    QFile file(path);
-    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly)
-        && readResults(file).mainParameter >= 0;
-}
-
 QString otherError(const QCommandLineParser& parser)
 {
     if (std::find(formats.begin(), formats.end(), parser.value("format")) == formats.end()) {
@@ -63,9 +54,6 @@ QString otherError(const QCommandLineParser& parser)
         if (parser.isSet(option) && parser.value(option).isEmpty()) {
             return "--" + option + " needs a name";
         }
-    }
-    if (isResultsFile(parser.value("csv"))) {
-        return "--csv names a results file: " + parser.value("csv");
     }
     return parser.positionalArguments().isEmpty() ? "no files or folders are given" : QString();
 }
@@ -106,6 +94,7 @@ ReportOptions reportOptions(const QStringList& arguments)
     options.csvPath = parser.value("csv");
     options.plotFolder = parser.value("plot");
     options.format = parser.value("format");
+    options.isForced = parser.isSet("force");
     options.hasSummary = parser.isSet("summary");
     options.inputs = parser.positionalArguments();
     return options;

@@ -11,6 +11,7 @@ struct ReportOptions {
     QString csvPath; ///< empty: no such file; "-": standard output
     QString plotFolder; ///< empty: no pictures
     QString format = "png"; ///< of the pictures: png, svg or pdf
+    bool isForced = false; ///< whether older tables and pictures may be replaced
     bool hasSummary = false;
     QStringList inputs; ///< files and folders
 

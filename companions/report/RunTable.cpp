@@ -58,10 +58,15 @@ QString runTable(const QVector<Run>& runs)
         + alignedTable(rows, nLeft);
 }
 
+QString runCsvHeadings()
+{
+    return "file,subject,session_type,session,sound,main_parameter,unit,trials,reversals,"
+           "threshold,sd,geometric_mean,rt_ms,rt_correct_ms,rt_wrong_ms,percent_correct";
+}
+
 QString runCsv(const QVector<Run>& runs)
 {
-    QString csv("file,subject,session_type,session,sound,main_parameter,unit,trials,reversals,"
-                "threshold,sd,geometric_mean,rt_ms,rt_correct_ms,rt_wrong_ms,percent_correct\n");
+    QString csv = runCsvHeadings() + '\n';
     for (const Run& run : runs) {
         QStringList fields = csvRow(run);
         for (QString& field : fields) {

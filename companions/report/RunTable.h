@@ -11,6 +11,9 @@
 /// @param runs at least one, all judged by the same rule
 QString runTable(const QVector<Run>& runs);
 
+/// The first line of runCsv without its end.
+QString runCsvHeadings();
+
 /// The runs as comma-separated values with a line of headings: fields with a comma, a quotation
 /// mark or a line break are quoted, what a run does not have is empty, numbers have up to 10
 /// significant digits.

@@ -31,6 +31,12 @@ class TestPictureFile : public QuietTest {
     Q_OBJECT
 
 private slots:
+    void initTestCase()
+    {
+        QCoreApplication::setApplicationName("quorin-report");
+        QCoreApplication::setApplicationVersion("1.2.3");
+    }
+
     void png_isTwiceAsFine()
     {
         const QTemporaryDir folder;
@@ -81,9 +87,39 @@ private slots:
     void nothingIsLeft_whenTheFolderIsMissing()
     {
         const QTemporaryDir folder;
-        const QString errorText = writePicture(folder.filePath("no/a.svg"), size, drawBox);
-        QVERIFY(errorText.startsWith("could not write " + folder.filePath("no/a.svg") + ": "));
+        QCOMPARE(writePicture(folder.filePath("no/a.svg"), size, drawBox),
+            folder.filePath("no/a.svg") + ": there is no folder " + folder.filePath("no")
+                + ": make it");
         QVERIFY(QDir(folder.path()).isEmpty());
+    }
+
+    void picture_isReplaced_onlyIfForcedAndOfACompanion_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("png") << "a.png";
+        QTest::newRow("svg") << "a.svg";
+        QTest::newRow("pdf") << "a.pdf";
+    }
+
+    void picture_isReplaced_onlyIfForcedAndOfACompanion()
+    {
+        QFETCH(QString, name);
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(name);
+        QCOMPARE(writePicture(path, size, drawBox), QString());
+        const QByteArray before = contentOf(path);
+        const auto draw = [](QPainter& painter, const QSize&) { painter.drawText(9, 20, "other"); };
+        QCOMPARE(writePicture(path, size, draw),
+            path + ": is there already: give another name, or --force to replace it");
+        QCOMPARE(contentOf(path), before);
+        QCOMPARE(writePicture(path, size, draw, true), QString());
+        QVERIFY(contentOf(path) != before);
+
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("mine") == 4);
+        file.close();
+        QVERIFY(!writePicture(path, size, draw, true).isEmpty());
+        QCOMPARE(contentOf(path), QByteArray("mine"));
     }
 
     void earlierFile_stays_whenNothingCanBeDrawn()
@@ -93,7 +129,7 @@ private slots:
         QCOMPARE(writePicture(path, size, drawBox), QString());
         const QByteArray before = contentOf(path);
         tolerateWarning(QRegularExpression("QPainter::begin|QImage"));
-        QCOMPARE(writePicture(path, QSize(), drawBox), "could not draw " + path);
+        QCOMPARE(writePicture(path, QSize(), drawBox, true), path + ": could not be drawn");
         QCOMPARE(contentOf(path), before);
     }
 };

@@ -242,8 +242,7 @@ private slots:
         fillFile(bench.path("file"), "kept");
         const Outcome csv = bench.report({"--csv", "missing/all.csv", "run.txt"});
         QCOMPARE(csv.status, 1);
-        QCOMPARE(csv.errors.size(), 1);
-        QVERIFY(csv.errors[0].startsWith("missing/all.csv: cannot be written: "));
+        QCOMPARE(csv.errors, QStringList("missing/all.csv: there is no folder missing: make it"));
         QVERIFY(!csv.output.isEmpty());
 
         const Outcome plot = bench.report({"--plot", "file", "run.txt"});
@@ -255,6 +254,63 @@ private slots:
         const Outcome full = bench.report({"run.txt"}, "/dev/full");
         QCOMPARE(full.status, 1);
         QCOMPARE(full.errors, QStringList("standard output: cannot be written"));
+    }
+
+    void resultsFile_isNeverReplaced()
+    {
+        const Bench bench;
+        bench.addRun("run.txt", modulationDepthParameter, 1);
+        const QByteArray before = contentOf(bench.path("run.txt"));
+        for (const QStringList& options : {QStringList {}, QStringList {"--force"}}) {
+            const Outcome outcome = bench.report(options + QStringList {"--csv", "run.txt", "."});
+            QCOMPARE(outcome.errors,
+                QStringList("run.txt: is there already and not recognised as a companion's file: "
+                            "give another name, or move it away"));
+            QVERIFY(!outcome.output.isEmpty());
+            QCOMPARE(outcome.status, 1);
+            QCOMPARE(contentOf(bench.path("run.txt")), before);
+        }
+    }
+
+    void tablesAndPictures_areReplaced_onlyByForce()
+    {
+        const Bench bench;
+        bench.addRun("a.txt", modulationDepthParameter, 1);
+        bench.addRun("b/a.txt", modulationDepthParameter, 2);
+        const QStringList rest {"--csv", "all.csv", "--plot", "p", "--summary"};
+        QCOMPARE(bench.report(rest + QStringList("a.txt")).errors, QStringList());
+        const auto contents = [&bench] {
+            return QList<QByteArray> {contentOf(bench.path("all.csv")),
+                contentOf(bench.path("p/a.png")), contentOf(bench.path("p/a.txt_summary.png"))};
+        };
+        const QList<QByteArray> before = contents();
+
+        const Outcome refused = bench.report(rest + QStringList("b"));
+        QCOMPARE(refused.status, 1);
+        QStringList expected;
+        for (const char* name : {"all.csv", "p/a.png", "p/a.txt_summary.png"}) {
+            expected.append(
+                QString(name) + ": is there already: give another name, or --force to replace it");
+        }
+        QCOMPARE(refused.errors, expected);
+        QCOMPARE(contents(), before);
+
+        QCOMPARE(bench.report(rest + QStringList({"--force", "b"})).errors, QStringList());
+        for (int i = 0; i < before.size(); ++i) {
+            QVERIFY(contents()[i] != before[i]);
+        }
+    }
+
+    void devices_areWrittenTo_andStayDevices()
+    {
+        const Bench bench;
+        bench.addRun("run.txt", modulationDepthParameter, 1);
+        const Outcome full = bench.report({"--csv", "/dev/full", "run.txt"});
+        QCOMPARE(full.errors, QStringList("/dev/full: cannot be written: No space left on device"));
+        QCOMPARE(full.status, 1);
+        QVERIFY(!QFileInfo("/dev/full").isFile());
+        QCOMPARE(bench.report({"--csv", "/dev/null", "run.txt"}).status, 0);
+        QVERIFY(!QFileInfo("/dev/null").isFile());
     }
 
     void nothingIsWritten_withoutARun()
@@ -275,7 +331,7 @@ private slots:
         const Outcome help = bench.report({"--help"});
         QCOMPARE(help.status, 0);
         const QStringList options {"--reversals <n>", "--last <n>", "--csv <file>",
-            "--plot <folder>", "--format <format>", "--summary", "--help", "--version"};
+            "--plot <folder>", "--format <format>", "--force", "--summary", "--help", "--version"};
         for (const QString& option : options) {
             QVERIFY2(help.output.contains(option), qPrintable(option));
         }
@@ -296,8 +352,6 @@ private slots:
                                 << "--format is png, svg or pdf, not \"gif\"";
         QTest::newRow("nameless table")
             << QStringList {"--csv=", "run.txt"} << "--csv needs a name";
-        QTest::newRow("table over a results file")
-            << QStringList {"--csv", "run.txt", "run.txt"} << "--csv names a results file: run.txt";
     }
 
     void usage_isRefused()

@@ -172,7 +172,9 @@ private slots:
         const QString path = folder.filePath("no/plot.pdf");
         const Ended ended = run({"--runs", "10", "--plot", path});
         QCOMPARE(ended.status, 1);
-        QVERIFY(ended.errors.startsWith("quorin-simulate: could not write " + path + ": "));
+        QCOMPARE(ended.errors,
+            "quorin-simulate: " + path + ": there is no folder " + folder.filePath("no")
+                + ": make it\n");
         QVERIFY(ended.output.endsWith("cut runs                       0\n"));
     }
 
