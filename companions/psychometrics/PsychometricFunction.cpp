@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The functions that simulated listeners answer by, and the numbers that decide an answer.
 #include "psychometrics/PsychometricFunction.h"
 
 #include <cmath>
@@ -55,7 +56,8 @@ double withoutLapses(const PsychometricFunction& function, double value)
 
 double PsychometricFunction::probabilityRight(double value) const
 {
-    return (1.0 - lapseRate) * withoutLapses(*this, value) + lapseRate * chance;
+    const double guessed = 2.0 * lapseRate; // share of the trials; half of the guesses are right
+    return (1.0 - guessed) * withoutLapses(*this, value) + guessed * chance;
 }
 
 PsychometricFunction logisticListener(double threshold, double slopeDb, double lapseRate)

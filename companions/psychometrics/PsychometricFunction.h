@@ -4,7 +4,7 @@
 #include <random>
 
 /// How often a listener is right about a deviant: from chance (0.5) for values far below the
-/// threshold to 1 far above it, less the lapses. Made by one of the functions below.
+/// threshold to 1 far above it, less the lapse rate. Made by one of the functions below.
 struct PsychometricFunction {
     enum class Kind {
         logistic,
@@ -17,7 +17,10 @@ struct PsychometricFunction {
     double threshold; ///< value at which 2 of 3 answers are right without lapses; a fraction > 0
     double slope; ///< what steepens the function; its meaning and unit depend on the kind
     double probability; ///< of a right answer, for a constant listener
-    double lapseRate; ///< share of the trials that are answered by chance, 0 to 1
+    /// lambda, 0 to 0.5: the largest share of right answers is 1 - lambda. Of the trials 2 lambda
+    /// are answered by chance: p becomes 0.5 + (1 - 2 lambda) (p - 0.5), as in Wichmann and Hill
+    /// (2001), Percept. Psychophys. 63, 1293-1313, with a guess rate of 0.5.
+    double lapseRate;
 
     /// @param value of the deviant, a fraction; 0 gives the listener's lowest share, NaN gives NaN
     ///              unless the listener is constant

@@ -34,7 +34,10 @@ void addListenerOptions(QCommandLineParser& parser)
             "beta (1.5); of the Gaussian function, k (1).",
             "number"},
         {"probability", "Of a constant listener's right answers. Default: 0.5.", "share"},
-        {"lapse", "Share of the trials that are answered by chance. Default: 0.", "share"},
+        {"lapse",
+            "Lapse rate lambda, 0 to 0.5: the listener is right in at most 1 - lambda of the "
+            "trials. Default: 0.",
+            "share"},
     });
 }
 
@@ -76,7 +79,7 @@ void addRunOptions(QCommandLineParser& parser)
 PsychometricFunction readListener(
     const QCommandLineParser& parser, OptionReader& reader, double defaultThreshold)
 {
-    const double lapseRate = reader.number("lapse", 0.0, 1.0, 0.0);
+    const double lapseRate = reader.number("lapse", 0.0, 0.5, 0.0);
     const double threshold = reader.positiveNumber("threshold", largest, defaultThreshold);
     const auto slope
         = [&reader](double fallback) { return reader.positiveNumber("slope", largest, fallback); };

@@ -47,7 +47,7 @@ private slots:
         row("--threshold nan", "--threshold must be a number from 0 to 1000000, not \"nan\"");
         row("--slope -1", "--slope must be a number from 0 to 1000000, not \"-1\"");
         row("--slope 2,5", "--slope must be a number from 0 to 1000000, not \"2,5\"");
-        row("--lapse 1.1", "--lapse must be a number from 0 to 1, not \"1.1\"");
+        row("--lapse 1.1", "--lapse must be a number from 0 to 0.5, not \"1.1\"");
         row("--probability 0.5", "--probability is for a constant listener only");
         row("--listener constant --probability 2",
             "--probability must be a number from 0 to 1, not \"2\"");

@@ -84,12 +84,19 @@ private slots:
         QVERIFY(std::isnan(constantListener(0.7).threshold));
     }
 
-    void lapses_areAnsweredByChance()
+    // lambda is what is missing of 1: 0.5 + (0.5 - lambda) F with F the function from 0 to 1.
+    void lapseRate_isWhatTheUpperAsymptoteLacks()
     {
-        QCOMPARE(logisticListener(threshold, 2.5, 0.1).probabilityRight(infinity), 0.95);
+        QCOMPARE(logisticListener(threshold, 2.5, 0.1).probabilityRight(infinity), 0.9);
+        QCOMPARE(weibullListener(threshold, 2.5, 0.02).probabilityRight(infinity), 0.98);
         QCOMPARE(weibullListener(threshold, 2.5, 0.1).probabilityRight(0.0), 0.5);
-        QCOMPARE(gaussianListener(threshold, 1, 1.0).probabilityRight(infinity), 0.5);
-        QCOMPARE(constantListener(1.0, 0.2).probabilityRight(0.0), 0.9);
+        QCOMPARE(gaussianListener(threshold, 1, 0.5).probabilityRight(infinity), 0.5);
+        QCOMPARE(constantListener(1.0, 0.2).probabilityRight(0.0), 0.8);
+        // F is 1/3 at the threshold.
+        QCOMPARE(logisticListener(threshold, 2.5, 0.06).probabilityRight(threshold),
+            0.5 + (0.5 - 0.06) / 3.0);
+        QCOMPARE(weibullListener(threshold, 1.5, 0.06).probabilityRight(threshold),
+            0.5 + (0.5 - 0.06) / 3.0);
     }
 
     void fraction_isTheGeneratorsUpperBits()
