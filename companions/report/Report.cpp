@@ -3,6 +3,8 @@
 
 #include "output/OutputFile.h"
 #include "plots/PictureFile.h"
+#include "report/FitPicture.h"
+#include "report/FitTable.h"
 #include "report/ResultsSearch.h"
 #include "report/RunPicture.h"
 #include "report/RunTable.h"
@@ -74,6 +76,9 @@ void Report::readFile(const QString& path)
     if (!m_options.plotFolder.isEmpty()) {
         plot(run);
     }
+    if (m_options.fits.isAsked) {
+        m_fits.add(run);
+    }
     run.data.records.clear(); // the tables need the results only
     m_runs.append(run);
 }
@@ -123,34 +128,39 @@ void Report::writeTables()
         m_output << runTable(m_runs);
     }
     if (!m_options.csvPath.isEmpty() && m_options.csvPath != "-") {
-        writeCsv();
+        writeCsv(csvFile(m_options.csvPath, runCsvHeadings()), runCsv(m_runs));
     }
     if (m_options.hasSummary) {
         writeSummary();
+    }
+    if (m_options.fits.isAsked) {
+        writeFits();
     }
 }
 
 // What cannot be written is said before hours of reading, and the rest is done nevertheless.
 void Report::checkOutputs()
 {
-    const QString obstacle = m_options.csvPath.isEmpty() || m_options.csvPath == "-"
-        ? QString()
-        : outputObstacle(csvFile());
-    if (!obstacle.isEmpty()) {
-        complain(obstacle);
-        m_options.csvPath.clear();
-    }
+    const auto check = [this](QString& path, const QString& headings) {
+        const QString obstacle
+            = path.isEmpty() || path == "-" ? QString() : outputObstacle(csvFile(path, headings));
+        if (!obstacle.isEmpty()) {
+            complain(obstacle);
+            path.clear();
+        }
+    };
+    check(m_options.csvPath, runCsvHeadings());
+    check(m_options.fits.csvPath, fitCsvHeadings());
 }
 
-OutputFile Report::csvFile() const
+OutputFile Report::csvFile(const QString& path, const QString& headings) const
 {
-    return {
-        m_options.csvPath, OutputFile::Kind::table, runCsvHeadings().toUtf8(), m_options.isForced};
+    return {path, OutputFile::Kind::table, headings.toUtf8(), m_options.isForced};
 }
 
-void Report::writeCsv()
+void Report::writeCsv(const OutputFile& file, const QString& text)
 {
-    const QString error = writeOutput(csvFile(), runCsv(m_runs).toUtf8());
+    const QString error = writeOutput(file, text.toUtf8());
     if (!error.isEmpty()) {
         complain(error);
     }
@@ -172,6 +182,30 @@ void Report::writeSummary()
             if (!error.isEmpty()) {
                 complain(error);
             }
+        }
+    }
+}
+
+void Report::writeFits()
+{
+    const FitOptions& options = m_options.fits;
+    const QVector<SubjectFit> fits = m_fits.made(options, [](double) {});
+    if (m_options.csvPath != "-") {
+        m_output << fitTable(fits, options);
+    }
+    if (!options.csvPath.isEmpty()) {
+        writeCsv(csvFile(options.csvPath, fitCsvHeadings()), fitCsv(fits, options));
+    }
+    for (const SubjectFit& fit : fits) {
+        if (m_options.plotFolder.isEmpty()) {
+            break;
+        }
+        const QString error = writePicture(
+            picturePath(fitName(fit)), fitPictureSize,
+            [&fit](QPainter& painter, const QSize& size) { drawFit(painter, size, fit); },
+            m_options.isForced);
+        if (!error.isEmpty()) {
+            complain(error);
         }
     }
 }

@@ -22,15 +22,16 @@ public:
 
 private:
     void checkOutputs();
-    OutputFile csvFile() const;
+    OutputFile csvFile(const QString& path, const QString& headings) const;
     void findFiles();
     void makeFolder();
     void readFile(const QString& path);
     void noteLongRun(const Run& run);
     void plot(const Run& run);
     void writeTables();
-    void writeCsv();
+    void writeCsv(const OutputFile& file, const QString& text);
     void writeSummary();
+    void writeFits();
     void complain(const QString& what);
     QString picturePath(const QString& name);
 
@@ -39,6 +40,7 @@ private:
     QTextStream& m_errors;
     QStringList m_paths;
     QVector<Run> m_runs;
+    SubjectFits m_fits;
     QSet<QString> m_pictureNames;
     bool m_isGood = true;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "report/ReportOptions.h"
 
+#include "report/FitOptionReader.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
@@ -29,6 +31,7 @@ void addOptions(QCommandLineParser& parser)
             "is never replaced."},
         {"summary", "Add a page over all runs of each subject; with --plot also a picture of it."},
     });
+    addFitOptions(parser);
     parser.addPositionalArgument(
         "inputs", "Results files, or folders that are searched for *.txt.", "file|folder...");
 }
@@ -61,7 +64,8 @@ QString otherError(const QCommandLineParser& parser)
 QString firstError(const QCommandLineParser& parser, ReportOptions& options)
 {
     for (const QString& error : {countError(parser, "reversals", options.nReversals),
-             countError(parser, "last", options.nLast), otherError(parser)}) {
+             countError(parser, "last", options.nLast), otherError(parser),
+             readFitOptions(parser, options.fits)}) {
         if (!error.isEmpty()) {
             return error;
         }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "report/SubjectFits.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -13,6 +15,7 @@ struct ReportOptions {
     QString format = "png"; ///< of the pictures: png, svg or pdf
     bool isForced = false; ///< whether older tables and pictures may be replaced
     bool hasSummary = false;
+    FitOptions fits;
     QStringList inputs; ///< files and folders
 
     enum Request { report, help, version, nothing };
