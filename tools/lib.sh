@@ -38,6 +38,9 @@ document_packages=(
     pandoc weasyprint # the guide for the browser and on paper,
     chromium poppler-utils # and what opens the two
 )
+page_packages=(
+    chromium # opens the report's page
+)
 bench_packages=(
     libbenchmark-dev libfftw3-dev libkissfft-dev python3
 )
