@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "output/ProgressBar.h"
 #include "plots/PictureFile.h"
-#include "simulate/ProgressBar.h"
 #include "simulate/SimulateOptions.h"
 #include "simulate/SimulatedRuns.h"
 #include "simulate/SimulationPlot.h"

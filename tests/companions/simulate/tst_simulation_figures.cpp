@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "companions/simulate/Simulations.h"
-#include "simulate/ProgressBar.h"
+#include "output/ProgressBar.h"
 #include "simulate/SimulationReport.h"
 #include "support/QuietTest.h"
 

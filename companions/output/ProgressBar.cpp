@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "simulate/ProgressBar.h"
+#include "output/ProgressBar.h"
 
 #include <QString>
 #include <QTextStream>
