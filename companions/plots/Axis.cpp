@@ -15,7 +15,7 @@ constexpr double largestShown = 1e250;
 bool canShow(double value, Axis::Scale scale)
 {
     return std::abs(value) <= largestShown
-        && (scale == Axis::Scale::linear || value >= 1 / largestShown);
+        && (scale != Axis::Scale::logarithmic || value >= 1 / largestShown);
 }
 
 double marginAround(double least, double greatest)
@@ -41,9 +41,9 @@ double niceStep(double range, int most)
     return 10 * power;
 }
 
-QVector<double> linearTicks(double min, double max, int most)
+QVector<double> linearTicks(double min, double max, int most, double leastStep)
 {
-    const double step = niceStep(max - min, most);
+    const double step = std::max(leastStep, niceStep(max - min, most));
     const double first = std::ceil(min / step - slack);
     const double last = std::floor(max / step + slack);
     const int n = static_cast<int>(last - first) + 1;
@@ -115,7 +115,9 @@ double Axis::position(double value) const
 
 QVector<double> Axis::ticks(int most) const
 {
-    return m_scale == Scale::logarithmic ? logarithmicTicks(most) : linearTicks(m_min, m_max, most);
+    return m_scale == Scale::logarithmic
+        ? logarithmicTicks(most)
+        : linearTicks(m_min, m_max, most, m_scale == Scale::counts ? 1.0 : 0.0);
 }
 
 QVector<double> Axis::logarithmicTicks(int most) const
@@ -123,7 +125,7 @@ QVector<double> Axis::logarithmicTicks(int most) const
     constexpr int fewest = 3;
     const QVector<double> fine = ticksOfDecades(m_min, m_max, {1, 2, 5}, 1);
     if (fine.size() < fewest) {
-        return linearTicks(m_min, m_max, most);
+        return linearTicks(m_min, m_max, most, 0.0);
     }
     if (fine.size() <= most) {
         return fine;

@@ -9,6 +9,7 @@ class Axis {
 public:
     enum class Scale {
         linear,
+        counts, ///< linear, for whole numbers: no ticks between them
         logarithmic,
     };
 

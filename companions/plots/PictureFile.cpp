@@ -3,6 +3,7 @@
 #include "plots/PictureFile.h"
 
 #include "output/OutputFile.h"
+#include "plots/Palette.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -18,6 +19,7 @@ namespace {
 constexpr int pixelsPerInch = 96;
 constexpr int pointsPerInch = 72;
 constexpr int pngScale = 2;
+constexpr int fastPng = 80; // a third larger than by the default, in a third of the time
 constexpr int pdfScale = 10; // fine enough that the page's integer grid does not show
 
 QString kindOf(const QString& path)
@@ -41,8 +43,12 @@ bool paint(QPaintDevice& device, qreal scale, const QSize& size, const Drawing& 
 bool paintPng(QBuffer& buffer, const QSize& size, const Drawing& draw)
 {
     QImage image(size * pngScale, QImage::Format_RGB32);
-    image.setText("Software", makerText());
-    return paint(image, pngScale, size, draw) && image.save(&buffer, "PNG");
+    if (!paint(image, pngScale, size, draw)) {
+        return false;
+    }
+    QImage picture = withPalette(image);
+    picture.setText("Software", makerText());
+    return picture.save(&buffer, "PNG", fastPng);
 }
 
 bool paintSvg(QBuffer& buffer, const QSize& size, const Drawing& draw)
@@ -90,6 +96,15 @@ QString pictureNameError(const QString& path)
         return {};
     }
     return "a picture's name must end in .png, .svg or .pdf: " + path;
+}
+
+QByteArray svgPicture(const QSize& size, const Drawing& draw)
+{
+    QBuffer picture;
+    if (!picture.open(QIODevice::WriteOnly) || !paintSvg(picture, size, draw)) {
+        return {};
+    }
+    return picture.data().mid(picture.data().indexOf("<svg")).trimmed();
 }
 
 QString writePicture(const QString& path, const QSize& size, const Drawing& draw, bool isForced)

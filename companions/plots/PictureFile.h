@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QSize>
 #include <QString>
 
@@ -19,6 +20,10 @@ void drawWithoutDisplay();
 
 /// What is wrong with a picture file's name: empty if it ends in .png, .svg or .pdf, in any case.
 QString pictureNameError(const QString& path);
+
+/// Draws a picture as SVG, for a page that holds it. Needs a QGuiApplication.
+/// @return the element svg without anything before or after it; empty if it could not be drawn
+QByteArray svgPicture(const QSize& size, const Drawing& draw);
 
 /// Draws into a picture file of the kind that its suffix tells. The file appears whole or, after a
 /// failure, not at all. It carries the program's name and version. Needs a QGuiApplication.

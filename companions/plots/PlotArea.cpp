@@ -44,6 +44,11 @@ bool isDrawable(const QPointF& point)
     return std::isfinite(point.x()) && std::isfinite(point.y());
 }
 
+QRectF squareAround(const QPointF& point, qreal half)
+{
+    return {point.x() - half, point.y() - half, 2 * half, 2 * half};
+}
+
 // Saves the painter's state and draws inside a rectangle only, until its end.
 class Clipped {
 public:
@@ -158,7 +163,8 @@ void PlotArea::drawMarks(const QVector<QPointF>& points, Mark mark, const QColor
     constexpr qreal penWidth = 1.5;
     const Clipped clipped(m_painter, m_inside);
     m_painter.setPen(QPen(color, penWidth));
-    m_painter.setBrush(mark == Mark::dot ? QBrush(color) : QBrush(Qt::NoBrush));
+    m_painter.setBrush(
+        mark == Mark::dot || mark == Mark::square ? QBrush(color) : QBrush(Qt::NoBrush));
     for (const QPointF& values : points) {
         const QPointF point = at(values);
         if (isDrawable(point)) {
@@ -184,6 +190,12 @@ void PlotArea::drawMark(const QPointF& point, Mark mark)
         break;
     case Mark::ring:
         m_painter.drawEllipse(point, ringRadius, ringRadius);
+        break;
+    case Mark::square:
+        m_painter.drawRect(squareAround(point, dotRadius));
+        break;
+    case Mark::box:
+        m_painter.drawRect(squareAround(point, ringRadius));
         break;
     }
 }

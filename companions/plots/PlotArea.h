@@ -19,6 +19,8 @@ public:
         dot,
         cross,
         ring,
+        square,
+        box, ///< an open square as large as a ring
     };
 
     /// Font sizes of every text in a picture, pixels.
@@ -32,7 +34,7 @@ public:
     void drawFrame(const QString& title);
     /// A line through the points, broken where one of them cannot be shown.
     void drawLine(const QVector<QPointF>& points, const QPen& pen);
-    /// A mark of 7 pixels at each point; a ring has 13.
+    /// A mark of 7 pixels at each point; a ring and a box have 13.
     void drawMarks(const QVector<QPointF>& points, Mark mark, const QColor& color);
     /// A bar from the lower limit of the vertical axis up to a height.
     void drawBar(double left, double right, double height, const QColor& color);

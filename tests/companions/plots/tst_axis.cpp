@@ -95,6 +95,13 @@ private slots:
         const Axis logarithmic = Axis::covering("", Scale::logarithmic, {1e-300, 1, 100});
         QCOMPARE(logarithmic.max(), std::pow(10.0, 2.08));
     }
+
+    void counts_haveNoTicksBetweenWholeNumbers()
+    {
+        QCOMPARE(Axis("", Axis::Scale::counts, 0, 2).ticks(10), QVector<double>({0, 1, 2}));
+        QCOMPARE(
+            Axis("", Axis::Scale::counts, 0, 40).ticks(5), QVector<double>({0, 10, 20, 30, 40}));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestAxis)
