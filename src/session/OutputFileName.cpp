@@ -43,7 +43,8 @@ QString composedFileName(const Data& data)
 
 bool readFileName(const QString& name, Data& data)
 {
-    const QRegularExpressionMatch match = namePattern(data).match(name);
+    static const QRegularExpression pattern = namePattern(Data()); // the same for every record
+    const QRegularExpressionMatch match = pattern.match(name);
     const int sesNum = match.captured(4).toInt();
     if (!match.hasMatch() || sessionNumber(sesNum) != match.captured(3) + match.captured(4)) {
         return false;
