@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// What the pictures of runs and of subjects share.
 #include "report/PlotParts.h"
 
-#include "plots/PlotArea.h"
 #include "session/AdaptedParameter.h"
 #include "session/Data.h"
 
@@ -9,6 +9,7 @@
 #include <QSize>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -74,7 +75,7 @@ QVector<double> valuesOf(const QVector<QVector<QPointF>>& lines)
 }
 
 void drawReactionTimes(QPainter& painter, const QRectF& outer, const Axis& x,
-    const QVector<QPointF>& correct, const QVector<QPointF>& wrong)
+    const QVector<QPointF>& correct, const QVector<QPointF>& wrong, bool hasKey)
 {
     const QVector<double> shown = valuesOf({correct, wrong, {QPointF(0, 0)}});
     PlotArea area(
@@ -82,6 +83,45 @@ void drawReactionTimes(QPainter& painter, const QRectF& outer, const Axis& x,
     area.drawFrame("");
     area.drawMarks(correct, PlotArea::Mark::dot, correctColor);
     area.drawMarks(wrong, PlotArea::Mark::cross, wrongColor);
-    drawKey(
-        painter, area.inside(), {{"\u2022 correct", correctColor}, {"\u00d7 wrong", wrongColor}});
+    if (hasKey) {
+        drawKey(painter, area.inside(),
+            {{"\u2022 correct", correctColor}, {"\u00d7 wrong", wrongColor}});
+    }
+}
+
+PlotArea::Mark markOf(const Run& run)
+{
+    constexpr int test = 1;
+    const bool isTest = run.isNamed && run.data.sesType == test;
+    if (run.isNamed && run.data.soundType == sinusoidCarrier) {
+        return isTest ? PlotArea::Mark::dot : PlotArea::Mark::ring;
+    }
+    return isTest ? PlotArea::Mark::square : PlotArea::Mark::box;
+}
+
+QPen penOf(const Run& run)
+{
+    constexpr qreal width = 1.5;
+    const bool isNoise = run.isNamed && run.data.soundType == noiseCarrier;
+    return isNoise ? QPen(thresholdColor, width, Qt::DashLine) : QPen(correctColor, width);
+}
+
+QVector<QPair<QString, QColor>> keyOfRuns()
+{
+    return {{"\u2022 \u2014 sinusoid", correctColor}, {"\u25aa - - noise", thresholdColor},
+        {"\u25cb \u25a1 practice or unknown", reversalColor}};
+}
+
+QVector<QVector<Run>> byParameter(const QVector<Run>& runs)
+{
+    QVector<QVector<Run>> columns;
+    for (const int parameter : {carrierFrequencyParameter, modulationDepthParameter}) {
+        QVector<Run> column;
+        std::copy_if(runs.cbegin(), runs.cend(), std::back_inserter(column),
+            [parameter](const Run& run) { return run.data.mainParameter == parameter; });
+        if (!column.isEmpty()) {
+            columns.append(column);
+        }
+    }
+    return columns;
 }

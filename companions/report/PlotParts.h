@@ -2,14 +2,16 @@
 #pragma once
 
 #include "plots/Axis.h"
+#include "plots/PlotArea.h"
+#include "report/Run.h"
 
 #include <QColor>
 #include <QPair>
+#include <QPen>
 #include <QPointF>
 #include <QRectF>
 #include <QVector>
 
-class Data;
 class QPainter;
 class QSize;
 
@@ -40,4 +42,17 @@ QVector<double> valuesOf(const QVector<QVector<QPointF>>& lines);
 
 /// Reaction times of correct and of wrong answers, from 0 ms up.
 void drawReactionTimes(QPainter& painter, const QRectF& outer, const Axis& x,
-    const QVector<QPointF>& correct, const QVector<QPointF>& wrong);
+    const QVector<QPointF>& correct, const QVector<QPointF>& wrong, bool hasKey = true);
+
+/// How a run is marked among others: filled for a test and open otherwise, round for a sinusoid and
+/// a square otherwise.
+PlotArea::Mark markOf(const Run& run);
+
+/// The colour and the line of a run's sound: broken for noise.
+QPen penOf(const Run& run);
+
+/// The key of markOf and penOf.
+QVector<QPair<QString, QColor>> keyOfRuns();
+
+/// The runs of each main parameter that there is.
+QVector<QVector<Run>> byParameter(const QVector<Run>& runs);

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A whole report: the runs are read, then tables, summaries and pictures are written.
 #include "report/Report.h"
 
-#include "output/OutputFile.h"
 #include "plots/PictureFile.h"
 #include "report/FitPicture.h"
 #include "report/FitTable.h"
-#include "report/ResultsSearch.h"
+#include "report/GroupTable.h"
+#include "report/HtmlPage.h"
+#include "report/RunCsv.h"
+#include "report/RunFlags.h"
 #include "report/RunPicture.h"
 #include "report/RunTable.h"
 #include "report/SubjectPicture.h"
-#include "report/Texts.h"
+#include "report/TrialsCsv.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -17,95 +20,211 @@
 
 #include <utility>
 
-Report::Report(ReportOptions options, QTextStream& output, QTextStream& errors)
+namespace {
+
+constexpr auto standardOutput = "-";
+
+OutputFile tableFile(const QString& path, const QString& headings, bool isForced)
+{
+    return {path, OutputFile::Kind::table, headings.toUtf8(), isForced};
+}
+
+QString firstLine(const QString& text)
+{
+    return text.left(text.indexOf('\n'));
+}
+
+QString pictureName(const QString& fileName)
+{
+    return fileName.endsWith(".txt") ? fileName.chopped(4) : fileName;
+}
+
+} // namespace
+
+Report::Report(ReportOptions options, QTextStream& output, QTextStream& errors, bool isTerminal)
     : m_options(std::move(options))
     , m_output(output)
-    , m_errors(errors)
+    , m_messages(errors, isTerminal)
 {
 }
 
 bool Report::make()
 {
     checkOutputs();
-    findFiles();
+    m_runs = readRuns(m_options.runs, m_messages);
     makeFolder();
-    for (const QString& path : qAsConst(m_paths)) {
-        readFile(path);
-    }
     if (!m_runs.isEmpty()) {
+        flagRuns(m_runs);
+        fit();
         writeTables();
+        writePictures();
+        writePage();
     }
     m_output.flush();
     if (m_output.status() != QTextStream::Ok) {
-        complain("standard output: cannot be written");
+        m_messages.complain("standard output: cannot be written");
     }
-    m_errors.flush();
-    return m_isGood;
+    return m_messages.isGood();
 }
 
-void Report::findFiles()
+// What cannot be written is said before long reading, and the rest is done nevertheless.
+void Report::checkOutputs()
 {
-    const ResultsFiles files = resultsFiles(m_options.inputs);
-    m_paths = files.paths;
-    for (const QString& complaint : files.complaints) {
-        complain(complaint);
+    checkTable(m_options.csvPath, firstLine(runCsv({})));
+    checkTable(m_options.trialsPath, firstLine(trialsCsv({}, {})));
+    checkTable(m_options.fits.csvPath, fitCsvHeadings());
+    if (!m_options.htmlPath.isEmpty()) {
+        checkFile(pageFile(), m_options.htmlPath);
+    }
+}
+
+void Report::checkTable(QString& path, const QString& headings)
+{
+    if (!path.isEmpty() && path != standardOutput) {
+        checkFile(tableFile(path, headings, m_options.isForced), path);
+    }
+}
+
+void Report::checkFile(const OutputFile& file, QString& path)
+{
+    const QString obstacle = outputObstacle(file);
+    if (!obstacle.isEmpty()) {
+        m_messages.complain(obstacle);
+        path.clear();
     }
 }
 
 void Report::makeFolder()
 {
     if (!m_options.plotFolder.isEmpty() && !QDir().mkpath(m_options.plotFolder)) {
-        complain(m_options.plotFolder + ": the folder cannot be made");
+        m_messages.complain(m_options.plotFolder + ": the folder cannot be made");
         m_options.plotFolder.clear();
     }
 }
 
-void Report::readFile(const QString& path)
+bool Report::isOutputATable() const
 {
-    Run run;
-    run.path = path;
-    run.data.nReversals = m_options.nReversals;
-    run.data.nReversalsToCalculate = m_options.nLast;
-    const Complaint complaint = readRun(run);
-    if (!complaint.text.isEmpty()) {
-        complain((complaint.line > 0 ? path + ':' + QString::number(complaint.line) : path) + ": "
-            + complaint.text);
+    return m_options.csvPath == standardOutput || m_options.trialsPath == standardOutput;
+}
+
+void Report::writeTables()
+{
+    if (!isOutputATable()) {
+        m_output << runTable(m_runs);
+        if (m_options.hasSummary) {
+            m_output << summaryPages(m_runs);
+        }
+        if (!m_options.groupKeys.isEmpty()) {
+            m_output << groupTable(m_runs, m_options.groupKeys);
+        }
+    }
+    writeFits();
+    writeTable(m_options.csvPath, runCsv(m_runs, m_options.carrier));
+    if (!m_options.trialsPath.isEmpty()) {
+        writeTable(m_options.trialsPath, trialsCsv(m_runs, m_options.carrier));
+    }
+}
+
+void Report::fit()
+{
+    if (!m_options.fits.isAsked) {
         return;
     }
-    noteLongRun(run);
-    if (!m_options.plotFolder.isEmpty()) {
-        plot(run);
+    SubjectFits answers;
+    for (const Run& run : qAsConst(m_runs)) {
+        answers.add(run);
     }
-    if (m_options.fits.isAsked) {
-        m_fits.add(run);
-    }
-    run.data.records.clear(); // the tables need the results only
-    m_runs.append(run);
+    constexpr int whole = 1000;
+    m_messages.begin();
+    m_fits = answers.made(m_options.fits,
+        [this](double share) { m_messages.progress(static_cast<int>(share * whole), whole); });
+    m_messages.end();
 }
 
-// The application would have ended the run there: it was made with another number of reversals.
-void Report::noteLongRun(const Run& run)
+void Report::writeFits()
 {
-    if (run.data.reversalCount > run.data.nReversals) {
-        const int line
-            = run.reversalTrials[run.data.nReversals - 1] + 2; // after the header, from 1
-        m_errors << onOneLine(run.path) << ':' << line << ": note: the run goes on after reversal "
-                 << run.data.nReversals << ", to " << run.data.reversalCount << '\n';
+    if (m_fits.isEmpty()) {
+        return;
+    }
+    if (!isOutputATable()) {
+        m_output << fitTable(m_fits, m_options.fits);
+    }
+    writeTable(m_options.fits.csvPath, fitCsv(m_fits, m_options.fits));
+}
+
+void Report::writeTable(const QString& path, const QString& csv)
+{
+    if (path == standardOutput) {
+        m_output << csv;
+    } else if (!path.isEmpty()) {
+        const QString error
+            = writeOutput(tableFile(path, firstLine(csv), m_options.isForced), csv.toUtf8());
+        if (!error.isEmpty()) {
+            m_messages.complain(error);
+        }
     }
 }
 
-void Report::plot(const Run& run)
+void Report::writePictures()
 {
-    QString name = QFileInfo(run.path).fileName();
-    if (name.endsWith(".txt")) {
-        name.chop(4);
+    if (m_options.plotFolder.isEmpty()) {
+        return;
     }
-    const QString error = writePicture(
-        picturePath(name), runPictureSize,
-        [&run](QPainter& painter, const QSize& size) { drawRun(painter, size, run); },
-        m_options.isForced);
+    m_messages.begin();
+    for (int i = 0; i < m_runs.size(); ++i) {
+        m_messages.progress(i, m_runs.size());
+        const Run& run = m_runs[i];
+        plot(pictureName(run.fileName), runPictureSize,
+            [&run](QPainter& painter, const QSize& size) { drawRun(painter, size, run); });
+    }
+    const QVector<Subject> subjects = m_options.hasSummary ? bySubject(m_runs) : QVector<Subject>();
+    for (const Subject& subject : subjects) {
+        plot(subject.pictureName + "_summary", subjectPictureSize,
+            [&subject](
+                QPainter& painter, const QSize& size) { drawSubject(painter, size, subject); });
+        if (hasLearningCurve(subject, m_options.curves)) {
+            plot(subject.pictureName + "_learning", learningPictureSize,
+                [&](QPainter& painter, const QSize& size) {
+                    drawLearning(painter, size, subject, m_options.curves);
+                });
+        }
+    }
+    for (const SubjectFit& fit : qAsConst(m_fits)) {
+        plot(fitName(fit), fitPictureSize,
+            [&fit](QPainter& painter, const QSize& size) { drawFit(painter, size, fit); });
+    }
+    m_messages.end();
+}
+
+OutputFile Report::pageFile() const
+{
+    return {m_options.htmlPath, OutputFile::Kind::marked, {}, m_options.isForced};
+}
+
+void Report::writePage()
+{
+    if (m_options.htmlPath.isEmpty()) {
+        return;
+    }
+    PageParts parts;
+    parts.curves = m_options.curves;
+    parts.fits = m_fits;
+    parts.fitOptions = m_options.fits;
+    parts.progress = [this](int done, int total) { m_messages.progress(done, total); };
+    m_messages.begin();
+    const QString error = writeOutput(pageFile(), htmlPage(m_runs, parts));
+    m_messages.end();
     if (!error.isEmpty()) {
-        complain(error);
+        m_messages.complain(error);
+    }
+}
+
+void Report::plot(const QString& name, const QSize& size,
+    const std::function<void(QPainter& painter, const QSize& size)>& draw)
+{
+    const QString error = writePicture(picturePath(name), size, draw, m_options.isForced);
+    if (!error.isEmpty()) {
+        m_messages.complain(error);
     }
 }
 
@@ -118,100 +237,4 @@ QString Report::picturePath(const QString& name)
     }
     m_pictureNames.insert(unique);
     return m_options.plotFolder + '/' + unique + '.' + m_options.format;
-}
-
-void Report::writeTables()
-{
-    if (m_options.csvPath == "-") {
-        m_output << runCsv(m_runs);
-    } else {
-        m_output << runTable(m_runs);
-    }
-    if (!m_options.csvPath.isEmpty() && m_options.csvPath != "-") {
-        writeCsv(csvFile(m_options.csvPath, runCsvHeadings()), runCsv(m_runs));
-    }
-    if (m_options.hasSummary) {
-        writeSummary();
-    }
-    if (m_options.fits.isAsked) {
-        writeFits();
-    }
-}
-
-// What cannot be written is said before hours of reading, and the rest is done nevertheless.
-void Report::checkOutputs()
-{
-    const auto check = [this](QString& path, const QString& headings) {
-        const QString obstacle
-            = path.isEmpty() || path == "-" ? QString() : outputObstacle(csvFile(path, headings));
-        if (!obstacle.isEmpty()) {
-            complain(obstacle);
-            path.clear();
-        }
-    };
-    check(m_options.csvPath, runCsvHeadings());
-    check(m_options.fits.csvPath, fitCsvHeadings());
-}
-
-OutputFile Report::csvFile(const QString& path, const QString& headings) const
-{
-    return {path, OutputFile::Kind::table, headings.toUtf8(), m_options.isForced};
-}
-
-void Report::writeCsv(const OutputFile& file, const QString& text)
-{
-    const QString error = writeOutput(file, text.toUtf8());
-    if (!error.isEmpty()) {
-        complain(error);
-    }
-}
-
-void Report::writeSummary()
-{
-    const QVector<Subject> subjects = bySubject(m_runs);
-    for (const Subject& subject : subjects) {
-        if (m_options.csvPath != "-") {
-            m_output << summaryPage(subject);
-        }
-        if (!m_options.plotFolder.isEmpty()) {
-            const QString error = writePicture(
-                picturePath(subject.name + "_summary"), subjectPictureSize,
-                [&subject](
-                    QPainter& painter, const QSize& size) { drawSubject(painter, size, subject); },
-                m_options.isForced);
-            if (!error.isEmpty()) {
-                complain(error);
-            }
-        }
-    }
-}
-
-void Report::writeFits()
-{
-    const FitOptions& options = m_options.fits;
-    const QVector<SubjectFit> fits = m_fits.made(options, [](double) {});
-    if (m_options.csvPath != "-") {
-        m_output << fitTable(fits, options);
-    }
-    if (!options.csvPath.isEmpty()) {
-        writeCsv(csvFile(options.csvPath, fitCsvHeadings()), fitCsv(fits, options));
-    }
-    for (const SubjectFit& fit : fits) {
-        if (m_options.plotFolder.isEmpty()) {
-            break;
-        }
-        const QString error = writePicture(
-            picturePath(fitName(fit)), fitPictureSize,
-            [&fit](QPainter& painter, const QSize& size) { drawFit(painter, size, fit); },
-            m_options.isForced);
-        if (!error.isEmpty()) {
-            complain(error);
-        }
-    }
-}
-
-void Report::complain(const QString& what)
-{
-    m_errors << onOneLine(what) << '\n';
-    m_isGood = false;
 }

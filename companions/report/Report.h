@@ -2,11 +2,16 @@
 #pragma once
 
 #include "output/OutputFile.h"
+#include "report/Messages.h"
 #include "report/ReportOptions.h"
 #include "report/Run.h"
 
 #include <QSet>
+#include <QSize>
 
+#include <functional>
+
+class QPainter;
 class QTextStream;
 
 /// Reads the results files that the options name, and writes the tables and pictures. What is wrong
@@ -14,7 +19,9 @@ class QTextStream;
 /// Pictures need a QGuiApplication.
 class Report {
 public:
-    Report(ReportOptions options, QTextStream& output, QTextStream& errors);
+    /// @param isTerminal whether the errors go to a terminal, which shows the progress
+    Report(
+        ReportOptions options, QTextStream& output, QTextStream& errors, bool isTerminal = false);
 
     /// Reads and writes everything.
     /// @return whether every file could be used and everything was written
@@ -22,25 +29,25 @@ public:
 
 private:
     void checkOutputs();
-    OutputFile csvFile(const QString& path, const QString& headings) const;
-    void findFiles();
+    void checkTable(QString& path, const QString& headings);
+    void checkFile(const OutputFile& file, QString& path);
+    OutputFile pageFile() const;
     void makeFolder();
-    void readFile(const QString& path);
-    void noteLongRun(const Run& run);
-    void plot(const Run& run);
     void writeTables();
-    void writeCsv(const OutputFile& file, const QString& text);
-    void writeSummary();
+    void writeTable(const QString& path, const QString& csv);
+    void fit();
     void writeFits();
-    void complain(const QString& what);
+    void writePictures();
+    void writePage();
+    void plot(const QString& name, const QSize& size,
+        const std::function<void(QPainter& painter, const QSize& size)>& draw);
     QString picturePath(const QString& name);
+    bool isOutputATable() const;
 
     ReportOptions m_options;
     QTextStream& m_output;
-    QTextStream& m_errors;
-    QStringList m_paths;
+    Messages m_messages;
     QVector<Run> m_runs;
-    SubjectFits m_fits;
+    QVector<SubjectFit> m_fits;
     QSet<QString> m_pictureNames;
-    bool m_isGood = true;
 };

@@ -1,22 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "report/LearningPicture.h"
+#include "report/RunCollection.h"
 #include "report/SubjectFits.h"
 
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 /// What the report is told on its command line.
 struct ReportOptions {
-    int nReversals = 14; ///< reversals after which the runs ended
-    int nLast = 8; ///< how many of the last ones the threshold averages, at most nReversals
+    RunDemand runs;
+    std::optional<double> carrier; ///< of the standard, Hz: what differences are a share of
     QString csvPath; ///< empty: no such file; "-": standard output
+    QString trialsPath; ///< the same of the table of all trials
     QString plotFolder; ///< empty: no pictures
     QString format = "png"; ///< of the pictures: png, svg or pdf
     bool isForced = false; ///< whether older tables and pictures may be replaced
     bool hasSummary = false;
+    QStringList groupKeys; ///< by which runs are grouped; empty: no groups
+    CurveAxis curves = CurveAxis::session;
     FitOptions fits;
-    QStringList inputs; ///< files and folders
+    QString htmlPath; ///< empty: no page
 
     enum Request { report, help, version, nothing };
     Request request = report; ///< nothing: the command line cannot be followed

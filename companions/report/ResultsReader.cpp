@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Results files, field by field; what an editor or a spreadsheet did to one is told by its cause.
 #include "report/ResultsReader.h"
 
 #include "procedure/ResultsFormat.h"
 #include "session/Data.h"
 
-#include <QIODevice>
 #include <QList>
 
 #include <cmath>
@@ -20,24 +20,28 @@ constexpr int nColumns = 5;
 /// The lines of a file without their ends, counted.
 class Lines {
 public:
-    explicit Lines(QIODevice& device)
-        : m_device(device)
+    explicit Lines(const QByteArray& bytes)
+        : m_bytes(bytes)
     {
     }
 
     /// The next line; false at the file's end and when the line is damaged, which error() tells.
     bool next(QByteArray& line)
     {
-        line = m_device.readLine(longestLine + 2);
-        if (line.isEmpty()) {
+        if (m_position >= m_bytes.size()) {
             return false;
         }
+        const int end = m_bytes.indexOf('\n', m_position);
+        const bool hasEnd = end >= 0;
+        const int length = (hasEnd ? end + 1 : m_bytes.size()) - m_position;
+        line = m_bytes.mid(m_position, length);
+        m_position += length;
         ++m_number;
-        if (line.size() > longestLine) {
+        if (length > longestLine) {
             m_error = QString("the line is longer than %1 bytes").arg(longestLine);
             return false;
         }
-        if (!line.endsWith('\n')) {
+        if (!hasEnd) {
             m_error = "the line has no end: the file is cut short";
             return false;
         }
@@ -61,7 +65,8 @@ private:
         return true;
     }
 
-    QIODevice& m_device;
+    const QByteArray& m_bytes;
+    int m_position = 0;
     int m_number = 0;
     bool m_firstHasReturn = false;
     QString m_error;
@@ -75,6 +80,44 @@ int parameterOfHeader(const QByteArray& line)
         }
     }
     return -1;
+}
+
+int parameterOfTexts(const QByteArray& line, const QByteArray& separator)
+{
+    return parameterOfHeader(QByteArray(line).replace(separator, "\t"));
+}
+
+bool isUtf16(const QByteArray& line)
+{
+    constexpr int fewest = 8;
+    return line.startsWith("\xff\xfe") || line.startsWith("\xfe\xff")
+        || (line.size() >= fewest && (line[0] == '\0') != (line[1] == '\0')
+            && (line[2] == '\0') == (line[0] == '\0') && (line[3] == '\0') == (line[1] == '\0'));
+}
+
+// What an editor, a spreadsheet or a transfer made of the header.
+QString changeOfHeader(const QByteArray& line)
+{
+    if (line.startsWith("\xef\xbb\xbf")) {
+        return "the file begins with a byte order mark: an editor saved it as UTF-8 with BOM";
+    }
+    if (isUtf16(line)) {
+        return "the file is in UTF-16: an editor saved it in another encoding";
+    }
+    if (parameterOfHeader(line.left(line.indexOf('\r'))) >= 0) {
+        return "the lines end in CR alone: an old editor changed the file";
+    }
+    if (parameterOfTexts(line, ",") >= 0 || parameterOfTexts(line, ";") >= 0) {
+        return "the columns are parted by commas or semicolons, not by tabs: a spreadsheet changed "
+               "the file";
+    }
+    const QByteArray simple = line.simplified();
+    for (const int parameter : {carrierFrequencyParameter, modulationDepthParameter}) {
+        if (simple == resultsHeader(parameter).toLatin1().simplified()) {
+            return "there are blanks in the place of tabs: an editor changed the file";
+        }
+    }
+    return "not a results file: the first line is no header of one";
 }
 
 // What stands in a damaged field may be anything: a few characters of it will do.
@@ -93,6 +136,10 @@ QString readValue(const QByteArray& field, double& value)
     if (isNegativeZero || resultsNumber(value).toLatin1() == field) {
         return {};
     }
+    if (resultsNumber(QByteArray(field).replace(',', '.').toDouble()).replace('.', ',').toLatin1()
+        == field) {
+        return quoted(field) + " has a decimal comma: a spreadsheet or an editor changed the file";
+    }
     return quoted(field) + " is not a value with 6 decimals";
 }
 
@@ -105,14 +152,11 @@ QString readPosition(const QByteArray& field, int& position)
         : quoted(field) + " is not a position from 1 to 4";
 }
 
-QString readCorrectness(const QByteArray& field, Record& record)
+QString readCorrectness(const QByteArray& field, bool& correctness)
 {
-    record.correctness = record.stimulusPosition == record.responsePosition;
-    if (field != "0" && field != "1") {
-        return quoted(field) + " is not a correctness, 0 or 1";
-    }
-    return (field == "1") == record.correctness ? QString()
-                                                : "the correctness contradicts the positions";
+    correctness = field == "1";
+    return correctness || field == "0" ? QString()
+                                       : quoted(field) + " is not a correctness, 0 or 1";
 }
 
 QString readReactionTime(const QByteArray& field, double& reactionTime)
@@ -132,12 +176,15 @@ QString readRecord(const QByteArray& line, Record& record)
     }
     const QList<QByteArray> fields = line.split('\t');
     if (fields.size() != nColumns) {
-        return QString("%1 columns are needed, not %2").arg(nColumns).arg(fields.size());
+        const bool hasBlanks = fields.size() == 1 && line.simplified().count(' ') == nColumns - 1;
+        return hasBlanks
+            ? "there are blanks in the place of tabs: an editor changed the line"
+            : QString("%1 columns are needed, not %2").arg(nColumns).arg(fields.size());
     }
     for (const QString& error : {readValue(fields[valueColumn], record.value),
              readPosition(fields[stimulusColumn], record.stimulusPosition),
              readPosition(fields[responseColumn], record.responsePosition),
-             readCorrectness(fields[correctnessColumn], record),
+             readCorrectness(fields[correctnessColumn], record.correctness),
              readReactionTime(fields[reactionTimeColumn], record.reactionTime)}) {
         if (!error.isEmpty()) {
             return error;
@@ -164,10 +211,10 @@ QString readRecords(Lines& lines, QVector<Record>& records)
 
 } // namespace
 
-ResultsReading readResults(QIODevice& device)
+ResultsReading readResults(const QByteArray& bytes)
 {
     ResultsReading reading;
-    Lines lines(device);
+    Lines lines(bytes);
     QByteArray header;
     if (!lines.next(header) && lines.number() == 0) {
         reading.complaint = {1, "the file is empty"};
@@ -175,7 +222,7 @@ ResultsReading readResults(QIODevice& device)
     }
     reading.mainParameter = parameterOfHeader(header);
     if (reading.mainParameter < 0) {
-        reading.complaint = {1, "not a results file: the first line is no header of one"};
+        reading.complaint = {1, changeOfHeader(header)};
         return reading;
     }
     const QString error

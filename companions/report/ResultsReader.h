@@ -3,10 +3,9 @@
 
 #include "session/Record.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QVector>
-
-class QIODevice;
 
 /// What is wrong with a file, and where.
 struct Complaint {
@@ -23,8 +22,8 @@ struct ResultsReading {
 
 /// Reads what writeResults wrote: a header and one line per record, all ended by CR LF, or all by
 /// LF after a transfer that converts line ends. Everything else is damage: a field that the writer
-/// would have written differently, positions beyond 1 to 4, a correctness that contradicts them, a
-/// last line without its end, a line of more than 4096 bytes, more than 100,000 trials, no
-/// trials.
-/// @param device open for reading; read as far as its first damage
-ResultsReading readResults(QIODevice& device);
+/// would have written differently, positions beyond 1 to 4, a last line without its end, a line of
+/// more than 4096 bytes, more than 100,000 trials, no trials. What editors and spreadsheets do to a
+/// file is told by its cause. Whether the lines follow from each other is not looked at.
+/// @param bytes of the whole file; read as far as its first damage
+ResultsReading readResults(const QByteArray& bytes);

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The files that the command line's arguments stand for, and a word on each that is left out.
 #include "report/ResultsSearch.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
+#include <QHash>
 
 #include <filesystem>
 
@@ -14,8 +15,8 @@ namespace {
 /// The search of one folder and all below it.
 class Search {
 public:
-    explicit Search(QStringList& complaints)
-        : m_complaints(complaints)
+    explicit Search(ResultsFiles& result)
+        : m_result(result)
     {
     }
 
@@ -39,33 +40,51 @@ private:
             entry.increment(error);
         }
         if (error) {
-            m_complaints.append(QFile::decodeName(folder.c_str())
+            m_result.complaints.append(QFile::decodeName(folder.c_str())
                 + ": cannot be searched: " + QString::fromStdString(error.message()));
         }
     }
 
     void take(const fs::directory_entry& entry)
     {
-        std::error_code ignored; // a link to nowhere is no file
-        const std::string& path = entry.path().native();
-        const QString name = QFile::decodeName(path.c_str());
-        if (entry.path().filename().native().front() == '.') {
-            return;
-        }
+        std::error_code ignored; // a link to nowhere is neither file nor folder
+        const QString name = QFile::decodeName(entry.path().c_str());
+        const bool isHidden = entry.path().filename().native().front() == '.';
         if (entry.is_directory(ignored)) {
-            if (!entry.is_symlink(ignored)) {
-                m_folders.append(entry.path());
-            }
-        } else if (entry.is_regular_file(ignored) && name.endsWith(".txt", Qt::CaseInsensitive)) {
-            if (QFile::encodeName(name).toStdString() == path) {
-                m_files.append(name);
-            } else {
-                m_complaints.append(name + ": cannot be read: its name is not UTF-8");
-            }
+            takeFolder(entry, name, isHidden);
+        } else if (!name.endsWith(".txt", Qt::CaseInsensitive)) {
+            return;
+        } else if (isHidden) {
+            note(name, "a hidden file, left out");
+        } else if (!entry.exists(ignored)) {
+            note(name, "a link to nowhere, left out");
+        } else if (!entry.is_regular_file(ignored)) {
+            note(name, "no regular file, left out");
+        } else if (QFile::encodeName(name).toStdString() != entry.path().native()) {
+            m_result.complaints.append(name + ": cannot be read: its name is not UTF-8");
+        } else {
+            m_files.append(name);
         }
     }
 
-    QStringList& m_complaints;
+    void takeFolder(const fs::directory_entry& entry, const QString& name, bool isHidden)
+    {
+        std::error_code ignored;
+        if (isHidden) {
+            note(name, "a hidden folder, left out");
+        } else if (entry.is_symlink(ignored)) {
+            note(name, "a link to a folder, not followed");
+        } else {
+            m_folders.append(entry.path());
+        }
+    }
+
+    void note(const QString& name, const QString& what)
+    {
+        m_result.notes.append(name + ": note: " + what);
+    }
+
+    ResultsFiles& m_result;
     QVector<fs::path> m_folders;
     QStringList m_files;
 };
@@ -75,18 +94,21 @@ private:
 ResultsFiles resultsFiles(const QStringList& arguments)
 {
     ResultsFiles files;
-    QSet<QString> known;
+    QHash<QString, QString> known; // the path that each real file was reached by
     for (const QString& argument : arguments) {
         const bool isFolder = QFileInfo(argument).isDir();
         const QStringList found
-            = isFolder ? Search(files.complaints).filesBelow(argument) : QStringList(argument);
+            = isFolder ? Search(files).filesBelow(argument) : QStringList(argument);
         if (found.isEmpty()) {
             files.complaints.append(argument + ": there is no results file (*.txt) in the folder");
         }
         for (const QString& path : found) {
             const QString canonical = QFileInfo(path).canonicalFilePath();
-            if (canonical.isEmpty() || !known.contains(canonical)) {
-                known.insert(canonical);
+            if (!canonical.isEmpty() && known.contains(canonical)) {
+                files.notes.append(
+                    path + ": note: the same file as " + known.value(canonical) + ", counted once");
+            } else {
+                known.insert(canonical, path);
                 files.paths.append(path);
             }
         }

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A run from its results file: who and what it was, and its results by the application's own rules.
 #include "report/Run.h"
 
-#include "procedure/Replay.h"
 #include "procedure/RunResults.h"
-#include "procedure/StaircaseRule.h"
+#include "report/RunCheck.h"
 #include "session/AdaptedParameter.h"
 #include "session/OutputFileName.h"
 #include "statistics/Spread.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -16,19 +15,20 @@
 
 namespace {
 
-void findReversals(Run& run)
+constexpr int usualLast = 8;
+constexpr auto unknown = "unknown";
+
+void takeReversals(Run& run, const Replay& replay)
 {
-    Data& data = run.data;
-    const Replay again = replay(data, resultsFileValues(data.mainParameter));
     run.reversalTrials.clear();
-    for (int i = 0; i < again.trials.size(); ++i) {
-        if (again.trials[i].isReversal) {
+    for (int i = 0; i < replay.trials.size(); ++i) {
+        if (replay.trials[i].isReversal) {
             run.reversalTrials.append(i);
         }
     }
-    data.reversals = again.reversals;
-    data.reversalCount = again.reversals.size();
-    data.nTrials = data.records.size();
+    run.data.reversals = replay.reversals;
+    run.data.reversalCount = replay.reversals.size();
+    run.data.nTrials = run.data.records.size();
 }
 
 double percentCorrect(const QVector<Record>& records)
@@ -36,6 +36,42 @@ double percentCorrect(const QVector<Record>& records)
     const auto nCorrect = std::count_if(
         records.cbegin(), records.cend(), [](const Record& record) { return record.correctness; });
     return 100.0 * static_cast<double>(nCorrect) / records.size();
+}
+
+QString lackOf(const Data& data)
+{
+    if (data.reversalCount < data.nReversals) {
+        return QString("the file ends after %1 reversals, %2 are needed")
+            .arg(data.reversalCount)
+            .arg(data.nReversals);
+    }
+    return data.nReversalsToCalculate > data.nReversals
+        ? QString("the run has %1 reversals, fewer than the last %2 that are asked for")
+              .arg(data.nReversals)
+              .arg(data.nReversalsToCalculate)
+        : QString();
+}
+
+Complaint readTrials(Run& run, const QByteArray& bytes)
+{
+    ResultsReading reading = readResults(bytes);
+    if (!reading.complaint.text.isEmpty()) {
+        return reading.complaint;
+    }
+    const QFileInfo file(run.path);
+    run.written = file.lastModified();
+    const QString real = file.canonicalFilePath();
+    run.fileName = QFileInfo(real.isEmpty() ? run.path : real).fileName();
+    Data& data = run.data;
+    run.isNamed = readFileName(run.fileName, data);
+    if (run.isNamed && data.mainParameter != reading.mainParameter) {
+        return {1,
+            "the file's name says " + data.mainParameters[data.mainParameter] + ", its header "
+                + data.mainParameters[reading.mainParameter]};
+    }
+    data.mainParameter = reading.mainParameter;
+    data.records = std::move(reading.records);
+    return {};
 }
 
 } // namespace
@@ -48,46 +84,37 @@ QVector<double> usedReversals(const Data& data)
             data.nReversals - data.nReversalsToCalculate, data.nReversalsToCalculate);
 }
 
-void judgeRun(Run& run)
+bool isUsed(const Data& data, int reversal)
 {
-    findReversals(run);
+    return reversal < data.nReversals && reversal >= data.nReversals - data.nReversalsToCalculate;
+}
+
+Complaint judgeRun(Run& run, const RunRule& rule)
+{
+    const Replay replay = replayOf(run.data);
+    takeReversals(run, replay);
+    run.data.nReversals = rule.nReversals.value_or(run.data.reversalCount);
+    run.data.nReversalsToCalculate = rule.nLast.value_or(std::min(usualLast, run.data.nReversals));
     computeRunResults(run.data);
     const QVector<double> used = usedReversals(run.data);
     run.standardDeviation = standardDeviationOf(used);
     run.geometricMean = geometricMeanOf(used);
     run.percentCorrect = percentCorrect(run.data.records);
+    return departureOf(run.data, replay);
 }
 
-Complaint readRun(Run& run)
+Complaint readRun(Run& run, const QByteArray& bytes, const RunRule& rule, bool isUnchecked)
 {
-    QFile file(run.path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {0, "cannot be read: " + file.errorString()};
+    const Complaint damage = readTrials(run, bytes);
+    if (!damage.text.isEmpty()) {
+        return damage;
     }
-    ResultsReading reading = readResults(file);
-    if (file.error() != QFileDevice::NoError) {
-        return {0, "cannot be read: " + file.errorString()};
+    run.departure = judgeRun(run, rule);
+    if (!run.departure.text.isEmpty() && !isUnchecked) {
+        return run.departure;
     }
-    if (!reading.complaint.text.isEmpty()) {
-        return reading.complaint;
-    }
-    Data& data = run.data;
-    run.isNamed = readFileName(QFileInfo(run.path).fileName(), data);
-    if (run.isNamed && data.mainParameter != reading.mainParameter) {
-        return {1,
-            "the file's name says " + data.mainParameters[data.mainParameter] + ", its header "
-                + data.mainParameters[reading.mainParameter]};
-    }
-    data.mainParameter = reading.mainParameter;
-    data.records = std::move(reading.records);
-    judgeRun(run);
-    if (!enoughReversals(data)) {
-        return {1 + data.records.size(),
-            QString("the file ends after %1 reversals, %2 are needed")
-                .arg(data.reversalCount)
-                .arg(data.nReversals)};
-    }
-    return {};
+    const QString lack = lackOf(run.data);
+    return lack.isEmpty() ? Complaint() : Complaint {1 + run.data.records.size(), lack};
 }
 
 QString unitOf(const Data& data)
@@ -97,18 +124,32 @@ QString unitOf(const Data& data)
 
 QString subjectOf(const Run& run)
 {
-    return run.isNamed ? run.data.subCode : QFileInfo(run.path).fileName();
+    return run.isNamed ? run.data.subCode : unknown;
+}
+
+QString subjectLabel(const Run& run)
+{
+    return run.isNamed ? run.data.subCode : QString("unknown (%1)").arg(run.fileName);
 }
 
 QString sessionOf(const Run& run)
 {
-    const Data& data = run.data;
-    return run.isNamed ? data.sesTypes[data.sesType] + sessionNumber(data.sesNum) : "-";
+    return run.isNamed ? sessionTypeOf(run) + sessionNumber(run.data.sesNum) : unknown;
+}
+
+QString sessionTypeOf(const Run& run)
+{
+    return run.isNamed ? run.data.sesTypes[run.data.sesType] : unknown;
 }
 
 QString soundOf(const Run& run)
 {
-    return run.isNamed ? run.data.soundTypes[run.data.soundType] : "-";
+    return run.isNamed ? run.data.soundTypes[run.data.soundType] : unknown;
+}
+
+QString parameterOf(const Run& run)
+{
+    return run.data.mainParameters[run.data.mainParameter];
 }
 
 QString ruleOf(const Data& data)
@@ -116,4 +157,12 @@ QString ruleOf(const Data& data)
     return QString("threshold: mean of the last %1 of %2 reversals")
         .arg(data.nReversalsToCalculate)
         .arg(data.nReversals);
+}
+
+QString ruleOf(const QVector<Run>& runs)
+{
+    const QString first = ruleOf(runs.constFirst().data);
+    const bool isCommon = std::all_of(
+        runs.cbegin(), runs.cend(), [&first](const Run& run) { return ruleOf(run.data) == first; });
+    return isCommon ? first : "threshold: mean of the last reversals, as many as each row says";
 }

@@ -4,47 +4,87 @@
 #include "report/ResultsReader.h"
 #include "session/Data.h"
 
+#include <QDateTime>
 #include <QString>
 #include <QVector>
 
+#include <optional>
+
+/// What the threshold of a run averages, as far as the user asks for it.
+struct RunRule {
+    std::optional<int> nReversals; ///< reversals that count; without: all that the file has
+    std::optional<int> nLast; ///< how many of the last are averaged; without: 8, or all if fewer
+};
+
+/// Something about a run that a reader of its threshold should know.
+struct Flag {
+    QString name; ///< a word or two for a column
+    QString seen; ///< what was seen, with figures
+    QString meaning; ///< why it matters
+};
+
 /// A run as its results file tells it.
 struct Run {
-    QString path;
+    QString path; ///< as it was given
+    QString fileName; ///< of the real file, behind all links
+    QDateTime written; ///< when the file was last changed
     bool isNamed = false; ///< whether data has subject, session and sound from the file's name
+    Complaint departure; ///< where the file departs from the rule, if it was read unchecked
     /// The trials, reversals and results. Values and threshold are in the shown unit, not
     /// fractions: the file does not tell the standard's carrier. nReversals and
-    /// nReversalsToCalculate hold the rule on entry; everything else that the file does not tell is
-    /// at its default.
+    /// nReversalsToCalculate are those of the threshold; everything else that the file does not
+    /// tell is at its default.
     Data data;
     QVector<int> reversalTrials; ///< indices of the trials that are reversals
     double standardDeviation = 0.0; ///< of the reversals that the threshold averages, over n - 1
     double geometricMean = 0.0; ///< of the same; NaN when a value is negative
     double percentCorrect = 0.0;
+    QVector<Flag> flags;
 };
 
 /// Judges the trials with the staircase's own rules and fills the reversals and all results.
 /// Needs at least one trial.
-void judgeRun(Run& run);
+/// @return the first line that does not follow from those before; without text if all do
+Complaint judgeRun(Run& run, const RunRule& rule = {});
 
 /// The reversals that the threshold averages. Empty when there are fewer than the rule needs.
 QVector<double> usedReversals(const Data& data);
 
-/// Reads the file at run.path and judges it.
-/// @return the reason why the run cannot be used: it cannot be read, is damaged, is of another kind
-///         than its name says, or has too few reversals; without text when all is well
-Complaint readRun(Run& run);
+/// Whether a reversal is averaged by the threshold.
+/// @param reversal index among the run's reversals, from 0
+bool isUsed(const Data& data, int reversal);
+
+/// Reads a run from the bytes of the file at run.path and judges it.
+/// @param isUnchecked whether a run that departs from the rule is taken nevertheless
+/// @return the reason why the run cannot be used: it is damaged, of another kind than its name
+///         says, departs from the rule, or has too few reversals; without text when all is well
+Complaint readRun(
+    Run& run, const QByteArray& bytes, const RunRule& rule = {}, bool isUnchecked = false);
 
 /// Hz or %.
 QString unitOf(const Data& data);
 
-/// The subject's code; the whole name of a file that does not tell it.
+/// The subject's code; "unknown" for a file whose name does not tell it.
 QString subjectOf(const Run& run);
 
-/// Session type and number as in the file's name, such as test001; "-" when the name does not tell.
+/// The same, with the file's name for an unknown subject: nobody knows whether two of them are one.
+QString subjectLabel(const Run& run);
+
+/// Session type and number as in the file's name, such as test001; "unknown" when the name does not
+/// tell.
 QString sessionOf(const Run& run);
 
-/// The type of sound; "-" when the file's name does not tell.
+/// Practice or test; "unknown" when the file's name does not tell.
+QString sessionTypeOf(const Run& run);
+
+/// The type of sound; "unknown" when the file's name does not tell.
 QString soundOf(const Run& run);
+
+/// What the run adapts: "modulation depth" or "carrier frequency".
+QString parameterOf(const Run& run);
 
 /// What the threshold is: "threshold: mean of the last 8 of 14 reversals".
 QString ruleOf(const Data& data);
+
+/// The same of all runs; without the numbers if they differ.
+QString ruleOf(const QVector<Run>& runs);

@@ -4,17 +4,17 @@
 #include "report/Run.h"
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
+
+/// Columns of text at the left and at the right of runRows.
+constexpr int runRowsLeft = 4;
+constexpr int runRowsLeftAtEnd = 2;
+
+/// The headings and a row a run.
+QVector<QStringList> runRows(const QVector<Run>& runs);
 
 /// The runs as a table to read: a line that tells the rule, the headings, a row a run. Numbers have
 /// up to 6 significant digits.
-/// @param runs at least one, all judged by the same rule
+/// @param runs at least one
 QString runTable(const QVector<Run>& runs);
-
-/// The first line of runCsv without its end.
-QString runCsvHeadings();
-
-/// The runs as comma-separated values with a line of headings: fields with a comma, a quotation
-/// mark or a line break are quoted, what a run does not have is empty, numbers have up to 10
-/// significant digits.
-QString runCsv(const QVector<Run>& runs);

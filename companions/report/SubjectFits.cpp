@@ -11,11 +11,6 @@ namespace {
 
 constexpr double dbPerDecade = 20.0;
 
-QString sessionTypeOf(const Run& run)
-{
-    return run.isNamed ? run.data.sesTypes[run.data.sesType] : "-";
-}
-
 double unitsAtZeroDb(int mainParameter)
 {
     return adaptedParameter(mainParameter)->isOfCarrier ? 1.0 : inPercent(1.0);
@@ -32,7 +27,7 @@ void SubjectFits::add(const Run& run)
 {
     const Data& data = run.data;
     Answers& answers
-        = m_answers[{subjectOf(run), data.mainParameter, soundOf(run), sessionTypeOf(run)}];
+        = m_answers[{subjectLabel(run), data.mainParameter, soundOf(run), sessionTypeOf(run)}];
     ++answers.nRuns;
     for (const Record& record : data.records) {
         if (!std::isfinite(record.value) || record.value <= 0.0) {

@@ -23,7 +23,7 @@ struct FitOptions {
 struct SubjectFit {
     QString subject;
     QString mainParameter;
-    QString sound; ///< "-" if the files' names do not tell
+    QString sound; ///< "unknown" if the file's name does not tell
     QString sessionType; ///< the same
     QString unit; ///< % or Hz
     QString quantity; ///< what is adapted, with the unit

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The picture of all runs of a subject.
 #include "report/SubjectPicture.h"
 
 #include "plots/PlotArea.h"
@@ -7,16 +8,13 @@
 
 #include <QPainter>
 
-#include <algorithm>
-#include <iterator>
-
 namespace {
 
 using Points = QVector<QPointF>;
 
 Axis runAxis(const QVector<Run>& runs)
 {
-    return {"run (by sound, practice before test, session)", Axis::Scale::linear, 0.0,
+    return {"run (by sound, practice before test, session)", Axis::Scale::counts, 0.0,
         runs.size() + 1.0};
 }
 
@@ -32,19 +30,6 @@ QVector<Points> spreadsOf(const QVector<Run>& runs)
     return spreads;
 }
 
-const QColor& colorOf(const Run& run)
-{
-    const bool isNoise = run.isNamed && run.data.soundType == noiseCarrier;
-    return isNoise ? thresholdColor : correctColor;
-}
-
-PlotArea::Mark markOf(const Run& run)
-{
-    constexpr int practice = 0;
-    const bool isPractice = run.isNamed && run.data.sesType == practice;
-    return isPractice ? PlotArea::Mark::ring : PlotArea::Mark::dot;
-}
-
 void drawThresholds(QPainter& painter, const QRectF& outer, const QVector<Run>& runs)
 {
     const QVector<Points> spreads = spreadsOf(runs);
@@ -52,13 +37,14 @@ void drawThresholds(QPainter& painter, const QRectF& outer, const QVector<Run>& 
         axisOfValues("threshold: " + adaptedQuantity(runs.constFirst().data), valuesOf(spreads)));
     area.drawFrame("");
     for (int i = 0; i < runs.size(); ++i) {
-        area.drawLine(spreads[i], QPen(trackColor, 1.5));
-        area.drawMarks({spreads[i][1]}, markOf(runs[i]), colorOf(runs[i]));
+        area.drawLine(spreads[i], penOf(runs[i]));
+        area.drawMarks({spreads[i][1]}, markOf(runs[i]), penOf(runs[i]).color());
     }
     drawKey(painter, area.inside(),
-        {{"\u25cb practice", reversalColor}, {"\u2022 test", reversalColor},
-            {"sinusoid", correctColor}, {"noise", thresholdColor},
-            {"| \u00b1 SD of the reversals", reversalColor}});
+        keyOfRuns()
+            + QVector<QPair<QString, QColor>> {
+                {"| \u00b1 SD of the reversals (" + unitOf(runs.constFirst().data) + ')',
+                    reversalColor}});
 }
 
 void drawMeanTimes(QPainter& painter, const QRectF& outer, const QVector<Run>& runs)
@@ -72,28 +58,13 @@ void drawMeanTimes(QPainter& painter, const QRectF& outer, const QVector<Run>& r
     drawReactionTimes(painter, outer, runAxis(runs), correct, wrong);
 }
 
-QVector<QVector<Run>> byParameter(const QVector<Run>& runs)
-{
-    QVector<QVector<Run>> columns;
-    for (const int parameter : {carrierFrequencyParameter, modulationDepthParameter}) {
-        QVector<Run> column;
-        std::copy_if(runs.cbegin(), runs.cend(), std::back_inserter(column),
-            [parameter](const Run& run) { return run.data.mainParameter == parameter; });
-        if (!column.isEmpty()) {
-            columns.append(column);
-        }
-    }
-    return columns;
-}
-
 } // namespace
 
 void drawSubject(QPainter& painter, const QSize& size, const Subject& subject)
 {
     constexpr qreal shareOfThresholds = 0.6;
     const QRectF below = drawHeading(painter, size, "Subject " + onOneLine(subject.name),
-        QString("runs: %1;   %2")
-            .arg(QString::number(subject.runs.size()), ruleOf(subject.runs.constFirst().data)));
+        QString("runs: %1;   %2").arg(QString::number(subject.runs.size()), ruleOf(subject.runs)));
     const QVector<QVector<Run>> columns = byParameter(subject.runs);
     const qreal width = below.width() / columns.size();
     const qreal height = below.height() * shareOfThresholds;

@@ -1,75 +1,86 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A page over the runs of each subject.
 #include "report/SubjectSummary.h"
 
+#include "report/Conditions.h"
 #include "report/Texts.h"
 #include "statistics/Spread.h"
 
-#include <QMap>
-
-#include <tuple>
-
 namespace {
 
-using Condition = std::tuple<int, int, int>; // main parameter, sound, session type
-
-Condition conditionOf(const Run& run)
+QStringList conditionRow(const QVector<Run>& runs, const QVector<int>& condition)
 {
-    const Data& data = run.data;
-    return {data.mainParameter, run.isNamed ? data.soundType : -1, run.isNamed ? data.sesType : -1};
-}
-
-QStringList conditionRow(const QVector<Run>& runs)
-{
-    const Run& first = runs.constFirst();
-    QVector<double> thresholds;
+    const Run& first = runs[condition.constFirst()];
     QVector<double> reactionTimes;
     QVector<double> percentsCorrect;
-    for (const Run& run : runs) {
-        thresholds.append(run.data.threshold);
-        reactionTimes.append(run.data.meanReactionTime);
-        percentsCorrect.append(run.percentCorrect);
+    for (const int i : condition) {
+        reactionTimes.append(runs[i].data.meanReactionTime);
+        percentsCorrect.append(runs[i].percentCorrect);
     }
-    return {first.data.mainParameters[first.data.mainParameter], soundOf(first),
-        first.isNamed ? first.data.sesTypes[first.data.sesType] : "-", QString::number(runs.size()),
-        shown(meanOf(thresholds)), shown(standardDeviationOf(thresholds)),
-        shown(geometricMeanOf(thresholds)), unitOf(first.data), shown(meanOf(reactionTimes)),
+    const ThresholdEstimate estimate = thresholdEstimate(runs, condition);
+    return {parameterOf(first), soundOf(first), sessionTypeOf(first),
+        QString::number(condition.size()), shown(estimate.inUnit.mean),
+        shown(estimate.inUnit.deviation), shown(estimate.inUnit.error),
+        shown(estimate.geometricMean), shown(estimate.low), shown(estimate.high),
+        unitOf(first.data), shownTime(meanOf(reactionTimes)),
         QString::number(meanOf(percentsCorrect), 'f', 1)};
+}
+
+QString flagLines(const QVector<Run>& runs)
+{
+    QString lines;
+    for (const Run& run : runs) {
+        for (const Flag& flag : run.flags) {
+            const QString who = run.isNamed ? sessionOf(run) + ' ' + soundOf(run) : run.fileName;
+            lines += QString("%1: %2: %3; %4\n")
+                         .arg(onOneLine(who), flag.name, onOneLine(flag.seen), flag.meaning);
+        }
+    }
+    return lines.isEmpty() ? lines : '\n' + lines;
 }
 
 } // namespace
 
 QVector<Subject> bySubject(const QVector<Run>& runs)
 {
-    QMap<std::tuple<QString, Condition, int, int>, int> indices;
-    for (int i = 0; i < runs.size(); ++i) {
-        indices.insert({subjectOf(runs[i]), conditionOf(runs[i]), runs[i].data.sesNum, i}, i);
-    }
     QVector<Subject> subjects;
-    for (const int i : qAsConst(indices)) {
-        const QString name = subjectOf(runs[i]);
-        if (subjects.isEmpty() || subjects.constLast().name != name) {
-            subjects.append({name, {}});
+    for (const QVector<int>& condition : byCondition(runs)) {
+        const Run& first = runs[condition.constFirst()];
+        const QString name = subjectLabel(first);
+        const bool isSame = first.isNamed && !subjects.isEmpty()
+            && subjects.constLast().runs.constLast().isNamed && subjects.constLast().name == name;
+        if (!isSame) {
+            subjects.append({name, first.isNamed ? name : first.fileName, {}});
         }
-        subjects.last().runs.append(runs[i]);
+        for (const int i : condition) {
+            subjects.last().runs.append(runs[i]);
+        }
     }
     return subjects;
 }
 
+QVector<QStringList> summaryRows(const Subject& subject)
+{
+    QVector<QStringList> rows {{"main parameter", "sound", "session", "runs", "mean threshold",
+        "SD", "SE", "geo. mean", "95 % from", "to", "unit", "RT", "correct %"}};
+    for (const QVector<int>& condition : byCondition(subject.runs)) {
+        rows.append(conditionRow(subject.runs, condition));
+    }
+    return rows;
+}
+
 QString summaryPage(const Subject& subject)
 {
-    constexpr int nLeft = 3;
-    QVector<QStringList> rows {{"main parameter", "sound", "session", "runs", "mean threshold",
-        "SD", "geo. mean", "unit", "RT", "correct %"}};
-    QVector<Run> alike;
-    for (const Run& run : subject.runs) {
-        if (!alike.isEmpty() && conditionOf(run) != conditionOf(alike.constFirst())) {
-            rows.append(conditionRow(alike));
-            alike.clear();
-        }
-        alike.append(run);
-    }
-    rows.append(conditionRow(alike));
     return QString("\nSubject %1, runs: %2\n\n")
                .arg(onOneLine(subject.name), QString::number(subject.runs.size()))
-        + alignedTable(rows, nLeft);
+        + alignedTable(summaryRows(subject), summaryLeft) + flagLines(subject.runs);
+}
+
+QString summaryPages(const QVector<Run>& runs)
+{
+    QString pages;
+    for (const Subject& subject : bySubject(runs)) {
+        pages += summaryPage(subject);
+    }
+    return pages;
 }

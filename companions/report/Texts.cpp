@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Numbers, names and tables as they are printed.
 #include "report/Texts.h"
 
 #include <algorithm>
@@ -8,6 +9,11 @@ QString shown(double number)
 {
     constexpr int significantDigits = 6;
     return std::isnan(number) ? QString("-") : QString::number(number, 'g', significantDigits);
+}
+
+QString shownTime(double ms)
+{
+    return std::isnan(ms) ? QString("-") : QString::number(ms, 'f', 0);
 }
 
 QString onOneLine(QString text)
@@ -20,22 +26,28 @@ QString onOneLine(QString text)
     return text;
 }
 
-QString alignedTable(const QVector<QStringList>& rows, int nLeft)
+QString alignedTable(const QVector<QStringList>& rows, int nLeft, int nLeftAtEnd)
 {
-    QVector<int> widths(rows.constFirst().size(), 0);
+    const int nColumns = rows.constFirst().size();
+    QVector<int> widths(nColumns, 0);
     for (const QStringList& row : rows) {
-        for (int column = 0; column < row.size(); ++column) {
+        for (int column = 0; column < nColumns; ++column) {
             widths[column] = std::max(widths[column], row[column].size());
         }
     }
     QString table;
     for (const QStringList& row : rows) {
-        QStringList cells;
-        for (int column = 0; column < row.size(); ++column) {
-            cells.append(column < nLeft ? row[column].leftJustified(widths[column])
-                                        : row[column].rightJustified(widths[column]));
+        QString line;
+        for (int column = 0; column < nColumns; ++column) {
+            const bool isLeft = column < nLeft || column >= nColumns - nLeftAtEnd;
+            line += column == 0 ? "" : "  ";
+            line += isLeft ? row[column].leftJustified(widths[column])
+                           : row[column].rightJustified(widths[column]);
         }
-        table += cells.join("  ") + '\n';
+        while (line.endsWith(' ')) {
+            line.chop(1);
+        }
+        table += line + '\n';
     }
     return table;
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// quorin-report: what runs tell, as tables, pictures and pages.
 #include "plots/PictureFile.h"
 #include "report/Report.h"
 
@@ -23,14 +24,19 @@ int answered(const ReportOptions& options, QTextStream& output, QTextStream& err
     case ReportOptions::version:
         output << options.text;
         output.flush();
-        return output.status() == QTextStream::Ok ? success : somethingIsWrong;
+        if (output.status() != QTextStream::Ok) {
+            errors << "quorin-report: standard output: cannot be written\n";
+            return somethingIsWrong;
+        }
+        return success;
     case ReportOptions::nothing:
-        errors << "quorin-report: " << options.text << "\nTry quorin-report --help.\n";
+        errors << "quorin-report: " << options.text << '\n';
         return wrongUsage;
     case ReportOptions::report:
         break;
     }
-    return Report(options, output, errors).make() ? success : somethingIsWrong;
+    const bool isTerminal = ::isatty(STDERR_FILENO) != 0;
+    return Report(options, output, errors, isTerminal).make() ? success : somethingIsWrong;
 }
 
 } // namespace
@@ -42,7 +48,13 @@ int main(int argc, char* argv[])
     // Qt's own warnings, such as one of a missing runtime folder, would stand between the errors.
     QLoggingCategory::setFilterRules("default.warning=false");
     drawWithoutDisplay();
-    QGuiApplication application(argc, argv);
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    }
+    // Qt would take options of its own, such as -platform, from the command line.
+    int one = 1;
+    QGuiApplication application(one, argv);
     QCoreApplication::setApplicationName("quorin-report");
     QCoreApplication::setApplicationVersion(QUORIN_VERSION);
 
@@ -52,5 +64,5 @@ int main(int argc, char* argv[])
     standardError.open(STDERR_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
     QTextStream output(&standardOutput);
     QTextStream errors(&standardError);
-    return answered(reportOptions(QCoreApplication::arguments()), output, errors);
+    return answered(reportOptions(arguments), output, errors);
 }

@@ -7,7 +7,6 @@
 #include "report/ResultsReader.h"
 #include "report/Run.h"
 
-#include <QBuffer>
 #include <QTextStream>
 
 #include <cstddef>
@@ -40,6 +39,7 @@ QByteArray rewritten(const ResultsReading& reading)
 void judge(const ResultsReading& reading)
 {
     Run run;
+    run.data.mainParameter = reading.mainParameter;
     run.data.records = reading.records;
     judgeRun(run);
     demand(run.data.reversalCount < run.data.nTrials, "a run has fewer reversals than trials");
@@ -50,10 +50,8 @@ void judge(const ResultsReading& reading)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    QByteArray file(reinterpret_cast<const char*>(bytes), static_cast<int>(size));
-    QBuffer buffer(&file);
-    buffer.open(QIODevice::ReadOnly);
-    const ResultsReading reading = readResults(buffer);
+    const QByteArray file(reinterpret_cast<const char*>(bytes), static_cast<int>(size));
+    const ResultsReading reading = readResults(file);
     if (reading.complaint.text.isEmpty()) {
         demand(reading.complaint.line == 0, "what is good has no line");
         demand(!reading.records.isEmpty(), "what is good has trials");

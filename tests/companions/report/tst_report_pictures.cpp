@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SimulatedRun.h"
 #include "plots/PictureFile.h"
+#include "report/LearningPicture.h"
 #include "report/RunPicture.h"
 #include "report/SubjectPicture.h"
 #include "support/QuietTest.h"
@@ -17,6 +18,7 @@ namespace {
 
 constexpr double ringRadius = 6;
 constexpr double dotRadius = 2.75;
+constexpr int firstUsed = 14 - 8; // of the reversals
 // Coordinates in the file have 6 significant digits.
 constexpr double coordinateTolerance = 0.002;
 
@@ -24,6 +26,7 @@ Run runOf(const Data& data)
 {
     Run run;
     run.path = "A_test001_noise_modulation depth.txt";
+    run.fileName = run.path;
     run.isNamed = true;
     run.data = data;
     for (Record& record : run.data.records) {
@@ -69,6 +72,14 @@ QVector<QPointF> circles(const QString& svg, double radius)
     return centres;
 }
 
+// How many squares of a side are drawn.
+int squares(const QString& svg, double side)
+{
+    const QString text = QString::number(side);
+    return svg.count(QRegularExpression(
+        "<rect x=\"[-.0-9]+\" y=\"[-.0-9]+\" width=\"" + text + "\" height=\"" + text + "\""));
+}
+
 // How many lines are drawn in a colour, "#rrggbb".
 int linesOf(const QString& svg, const QString& color)
 {
@@ -105,12 +116,14 @@ private slots:
     {
         const Run run = runOf(simulatedRun(modulationDepthParameter, 1));
         const QVector<QPointF> rings = circles(svgOf(run), ringRadius);
-        QCOMPARE(rings.size(), 14);
+        QCOMPARE(rings.size(), 8); // those that the threshold uses
+        QCOMPARE(squares(svgOf(run), 2 * ringRadius), 14 - 8);
         // The axis goes from trial 0 at the left to one beyond the last.
         const double left = 72;
         const double width = runPictureSize.width() - left - 18;
         for (int i = 0; i < rings.size(); ++i) {
-            const double x = left + width * (run.reversalTrials[i] + 1) / (run.data.nTrials + 1);
+            const double x
+                = left + width * (run.reversalTrials[firstUsed + i] + 1) / (run.data.nTrials + 1);
             QVERIFY(qAbs(rings[i].x() - x) <= coordinateTolerance);
         }
     }
@@ -132,7 +145,7 @@ private slots:
         const QString svg = svgOf(run);
         const QVector<QPointF> rings = circles(svg, ringRadius);
         const auto height = [&](int i) { return rings[i].y(); };
-        const auto level = [&](int i) { return std::log(run.data.reversals[i]); };
+        const auto level = [&](int i) { return std::log(run.data.reversals[firstUsed + i]); };
         int other = 1;
         while (level(other) == level(0)) {
             ++other;
@@ -150,7 +163,7 @@ private slots:
         for (Record& record : data.records) {
             record.value = 0.0;
         }
-        QCOMPARE(circles(svgOf(runOf(data)), ringRadius).size(), 14);
+        QCOMPARE(circles(svgOf(runOf(data)), ringRadius).size(), 8);
         for (Record& record : data.records) {
             record.value = std::numeric_limits<double>::quiet_NaN();
         }
@@ -159,6 +172,54 @@ private slots:
             record.value = -std::numeric_limits<double>::infinity();
         }
         QCOMPARE(circles(svgOf(runOf(data)), ringRadius).size(), 0);
+    }
+
+    void noise_isDrawnInSquares_andBrokenLines()
+    {
+        QVector<Run> runs;
+        for (unsigned seed = 1; seed <= 3; ++seed) {
+            runs.append(runOf(simulatedRun(modulationDepthParameter, seed)));
+            runs.last().data.soundType = noiseCarrier;
+            runs.last().data.sesType = seed == 1 ? 0 : 1;
+        }
+        const QString svg = svgOf(Subject {"A", "A", runs});
+        QCOMPARE(squares(svg, 2 * ringRadius), 1); // practice
+        QCOMPARE(squares(svg, 2 * dotRadius), 2);
+        QCOMPARE(svg.count("stroke-dasharray"), 3);
+        QVERIFY(svg.contains("SD of the reversals (%)"));
+    }
+
+    void runs_haveWholeNumbers()
+    {
+        const QString svg
+            = svgOf(Subject {"A", "A", {runOf(simulatedRun(modulationDepthParameter, 1))}});
+        QVERIFY(svg.contains(">1</text>"));
+        QVERIFY(!svg.contains(">0.5</text>"));
+    }
+
+    void learning_hasAMarkForEachRun_atItsSession()
+    {
+        Subject subject {"A", "A", {}};
+        for (unsigned seed = 1; seed <= 4; ++seed) {
+            subject.runs.append(runOf(simulatedRun(modulationDepthParameter, seed)));
+            subject.runs.last().data.sesType = 1;
+            subject.runs.last().data.sesNum = seed <= 2 ? 1 : 2;
+        }
+        const QString svg = svgOf(learningPictureSize, [&](QPainter& painter, const QSize& size) {
+            drawLearning(painter, size, subject, CurveAxis::session);
+        });
+        const QVector<QPointF> dots = circles(svg, dotRadius);
+        QCOMPARE(dots.size(), 4);
+        QCOMPARE(dots[0].x(), dots[1].x());
+        QCOMPARE(dots[2].x(), dots[3].x());
+        QVERIFY(dots[0].x() < dots[2].x());
+
+        QVERIFY(!hasLearningCurve(subject, CurveAxis::date)); // no file, no date
+        subject.runs[0].written = QDateTime(QDate(2026, 3, 1), QTime(9, 0));
+        QVERIFY(hasLearningCurve(subject, CurveAxis::date));
+        subject.runs = {subject.runs[1]};
+        subject.runs[0].isNamed = false;
+        QVERIFY(!hasLearningCurve(subject, CurveAxis::session));
     }
 
     void subject_hasAMarkForEachRun()
@@ -170,7 +231,7 @@ private slots:
         }
         runs.append(runOf(simulatedRun(carrierFrequencyParameter, 6)));
         runs.last().data.sesType = 1;
-        const QString svg = svgOf(Subject {"A", runs});
+        const QString svg = svgOf(Subject {"A", "A", runs});
         QCOMPARE(circles(svg, ringRadius).size(), 2); // practice
         QCOMPARE(circles(svg, dotRadius).size(), 4 + 6); // tests, and mean times of right answers
         QVERIFY(svg.contains(">Subject A<"));

@@ -9,6 +9,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <sys/stat.h>
 
 namespace {
 
@@ -90,6 +91,28 @@ private slots:
                                   tree.path("a")})
                      .paths,
             tree.paths({"a/x.txt", "b/x.txt"}));
+        const QString again(": note: the same file as " + tree.path("a/x.txt") + ", counted once");
+        QCOMPARE(resultsFiles({tree.path("a/x.txt"), tree.path("b"), tree.path("a")}).notes,
+            QStringList({tree.path("b/link.txt") + again, tree.path("a/x.txt") + again}));
+    }
+
+    void whatIsLeftOut_isNoted()
+    {
+        const Tree tree({"a.txt", "b/.c.txt", ".d/e.txt"});
+        QVERIFY(QFile::link(tree.path("nothing"), tree.path("b/gone.txt")));
+        QVERIFY(QFile::link(tree.path("b"), tree.path("folder")));
+        QCOMPARE(::mkfifo(tree.path("pipe.txt").toUtf8().constData(), 0600), 0);
+        ResultsFiles files = resultsFiles({tree.path()});
+        files.notes.sort();
+        QStringList expected {tree.path(".d") + ": note: a hidden folder, left out",
+            tree.path("b/.c.txt") + ": note: a hidden file, left out",
+            tree.path("b/gone.txt") + ": note: a link to nowhere, left out",
+            tree.path("folder") + ": note: a link to a folder, not followed",
+            tree.path("pipe.txt") + ": note: no regular file, left out"};
+        expected.sort();
+        QCOMPARE(files.notes, expected);
+        QCOMPARE(files.complaints, QStringList());
+        QCOMPARE(files.paths, tree.paths({"a.txt"}));
     }
 
     void search_ends_whenLinksGoRoundInCircles()

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "SimulatedRun.h"
 #include "report/Run.h"
 #include "report/Texts.h"
 #include "support/MainWindowProbe.h"
@@ -89,7 +90,7 @@ private slots:
 
         Run run;
         run.path = folder.filePath(name);
-        QCOMPARE(readRun(run).text, QString());
+        QCOMPARE(readRun(run, contentOf(run.path)).text, QString());
         QVERIFY(run.isNamed);
         QCOMPARE(run.data.nTrials, nTrials);
         QCOMPARE(run.data.reversalCount, 14);

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "report/Run.h"
+
+#include <QStringList>
+#include <QVector>
+
+class Messages;
+
+/// What runs are read for.
+struct RunDemand {
+    QStringList inputs; ///< files and folders
+    RunRule rule;
+    bool isUnchecked = false; ///< whether runs that depart from the rule are taken too
+};
+
+/// Reads the runs of all files that the inputs stand for, in their order. What is wrong with a file
+/// becomes a complaint, "file:line: what", and the file is left out; a file with the content of one
+/// read before is counted once, with a note.
+QVector<Run> readRuns(const RunDemand& demand, Messages& messages);
