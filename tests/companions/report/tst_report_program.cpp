@@ -252,6 +252,20 @@ private slots:
         QCOMPARE(contentOf(bench.path("page.html")), page);
     }
 
+    void guide_showsWhatIsPrinted()
+    {
+        const Bench bench;
+        const QString study(DOCUMENTS "/examples/study");
+        const QString guide = QString::fromUtf8(contentOf(DOCUMENTS "/user-guide.md"));
+        const QString summary = bench.report({"--summary", study}).output;
+        const int begin = summary.indexOf("Subject ANNA");
+        const QString page = summary.mid(begin, summary.indexOf("\nSubject BERT") - begin);
+        const QStringList groups = bench.report({"--by", "sound,type", study}).output.split('\n');
+        for (const QString& line : page.split('\n') + groups.mid(groups.size() - 3)) {
+            QVERIFY2(line.isEmpty() || guide.contains("\n    " + line + '\n'), qPrintable(line));
+        }
+    }
+
     void copy_isNoted_andCountedOnce()
     {
         const Bench bench;
