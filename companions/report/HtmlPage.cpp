@@ -133,7 +133,7 @@ QByteArray picturesOf(const QVector<Run>& runs, const PageParts& parts)
         const Run& run = runs[i];
         const QByteArray svg = svgPicture(figureSize,
             [&run](QPainter& painter, const QSize& size) { drawPlainRun(painter, size, run); });
-        const QString title = QString("%1: threshold %2 %3")
+        const QString title = QString("%1: threshold %2\u00a0%3")
                                   .arg(run.fileName, shown(run.data.threshold), unitOf(run.data));
         figures += figureOf({title, svg}, "small");
     }
