@@ -9,16 +9,8 @@ namespace {
 
 void simulate(benchmark::State& state, const PsychometricFunction& listener, int mainParameter)
 {
-    Simulation simulation = {};
+    Simulation simulation = defaultSimulation(mainParameter);
     simulation.listener = listener;
-    simulation.mainParameter = mainParameter;
-    simulation.startValue = mainParameter == modulationDepthParameter ? 0.5 : 0.05;
-    simulation.nReversals = 14;
-    simulation.nReversalsToCalculate = 8;
-    simulation.nRuns = 1;
-    simulation.seed = 1;
-    simulation.mostTrials = 10000;
-    simulation.standardCarrier = 1000.0;
     Data data = preparedRun(simulation);
     int index = 0;
     int64_t nTrials = 0;

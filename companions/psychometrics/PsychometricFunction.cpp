@@ -3,6 +3,7 @@
 #include "psychometrics/PsychometricFunction.h"
 
 #include <cmath>
+#include <gsl/gsl_cdf.h>
 #include <limits>
 
 namespace {
@@ -84,4 +85,10 @@ double nextFraction(std::mt19937_64& generator)
 {
     constexpr int unusedBits = 64 - 53;
     return static_cast<double>(generator() >> unusedBits) * 0x1p-53;
+}
+
+double nextNormal(std::mt19937_64& generator)
+{
+    constexpr double halfAStep = 0x1p-54; // keeps 0 out, which has no such number
+    return gsl_cdf_ugaussian_Pinv(nextFraction(generator) + halfAStep);
 }

@@ -47,3 +47,6 @@ PsychometricFunction constantListener(double probability, double lapseRate = 0.0
 /// The generator's next number as a fraction, 0 included and 1 not, in steps of 2^-53. The same on
 /// every machine, which the standard library's distributions are not.
 double nextFraction(std::mt19937_64& generator);
+
+/// A number of the standard normal distribution, from one of the generator's.
+double nextNormal(std::mt19937_64& generator);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QMap>
 #include <QString>
 
 class QCommandLineParser;
@@ -8,7 +9,13 @@ class QCommandLineParser;
 /// Reads numbers from a parsed command line and keeps the first mistake that it meets.
 class OptionReader {
 public:
-    explicit OptionReader(const QCommandLineParser& parser);
+    /// @param swept values of options that a sweep sets, read as if they had been given
+    explicit OptionReader(const QCommandLineParser& parser, QMap<QString, QString> swept = {});
+
+    /// Whether an option was given or is swept.
+    bool isSet(const QString& option) const;
+    bool isSwept(const QString& option) const { return m_swept.contains(option); }
+    QString value(const QString& option) const;
 
     /// A finite number within limits, given or default.
     /// @param fallback for an option that was not given
@@ -28,5 +35,6 @@ private:
     void refuse(const QString& option, const QString& kind, double min, double max);
 
     const QCommandLineParser& m_parser;
+    QMap<QString, QString> m_swept;
     QString m_errorText;
 };

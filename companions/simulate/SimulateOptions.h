@@ -1,22 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "simulate/Simulation.h"
+#include "simulate/Detection.h"
+#include "simulate/Sweep.h"
 #include "simulate/TrackFiles.h"
-
-#include <QStringList>
-#include <QVector>
 
 /// What the simulator is told on its command line.
 struct SimulateOptions {
-    Simulation simulation;
-    QVector<int> sweptReversals; ///< numbers of reversals to tabulate; empty: no table
-    int nThreads;
+    Simulation simulation; ///< the first one of a sweep
+    Sweep sweep;
+    bool isDetection = false; ///< whether the sizes of studies are asked for
+    Comparison comparison {1.0, 0.0};
+    int nThreads = 1;
     TrackTarget track; ///< an empty path: none
     QString plotPath; ///< empty: none
+    QString csvPath; ///< of the runs; empty: none
+    QString summaryCsvPath; ///< empty: none
+    bool isForced = false; ///< whether tables and pictures of the companions may be replaced
+
+    enum Request { simulate, help, version, nothing };
+    Request request = simulate; ///< nothing: the command line cannot be followed
+    QString text; ///< the help, the version, or what is wrong
 };
 
-/// Reads the command line; --help and --version print theirs and end the program. Needs a
-/// QCoreApplication.
-/// @param errorText what is wrong with an argument; empty if the options can be used
-SimulateOptions simulateOptions(const QStringList& arguments, QString& errorText);
+/// Reads the command line. Needs a QCoreApplication.
+/// @param arguments the program's name first
+SimulateOptions simulateOptions(const QStringList& arguments);

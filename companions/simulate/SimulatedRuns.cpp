@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// All runs of a simulation, shared out among threads.
 #include "simulate/SimulatedRuns.h"
 
 #include <algorithm>
@@ -21,7 +22,7 @@ void simulateBlocks(Data data, const Simulation& simulation, std::vector<RunOutc
 {
     for (;;) {
         const int begin = counts.nTaken.fetch_add(blockSize);
-        const int end = std::min(begin + blockSize, simulation.nRuns);
+        const int end = std::min(begin + blockSize, runCount(simulation));
         if (begin >= end) {
             return;
         }
@@ -37,7 +38,7 @@ void simulateBlocks(Data data, const Simulation& simulation, std::vector<RunOutc
 std::vector<RunOutcome> simulatedRuns(
     const Simulation& simulation, int nThreads, const RunsDone& runsDone)
 {
-    std::vector<RunOutcome> outcomes(static_cast<size_t>(simulation.nRuns));
+    std::vector<RunOutcome> outcomes(static_cast<size_t>(runCount(simulation)));
     SharedCounts counts;
     std::vector<std::future<void>> workers;
     workers.reserve(static_cast<size_t>(nThreads));
@@ -51,6 +52,6 @@ std::vector<RunOutcome> simulatedRuns(
             runsDone(counts.nDone);
         }
     }
-    runsDone(simulation.nRuns);
+    runsDone(runCount(simulation));
     return outcomes;
 }

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The picture of one simulation: its thresholds, and the tracks of its first runs.
 #include "simulate/SimulationPlot.h"
 
 #include "plots/PictureFile.h"
 #include "plots/PlotArea.h"
 #include "session/AdaptedParameter.h"
+#include "simulate/PlotHeading.h"
+#include "simulate/SimulationReport.h"
 
 #include <QPainter>
 
@@ -12,7 +15,7 @@
 
 namespace {
 
-constexpr QSize pictureSize(900, 760);
+constexpr QSize pictureSize(900, 800);
 constexpr int mostTracks = 5;
 constexpr int longestTrack = 1000; // trials that are drawn of a run without an end
 constexpr qreal lineWidth = 1.75;
@@ -55,6 +58,17 @@ QPen dashed(const QColor& color)
     return {color, lineWidth, Qt::DashLine};
 }
 
+QString histogramTitle(const Simulation& simulation, const RunStatistics& statistics)
+{
+    const QString warning = cutWarning(statistics.shareCut());
+    const int nMeans = statistics.thresholds.size();
+    return (simulation.runsAveraged == 1 ? QString("Thresholds of %1 runs").arg(nMeans)
+                                         : QString("Means of the thresholds of %1 runs, %2 times")
+                                               .arg(simulation.runsAveraged)
+                                               .arg(nMeans))
+        + (warning.isEmpty() ? QString() : ", " + warning);
+}
+
 void drawDistribution(QPainter& painter, const QRectF& outer, const Simulation& simulation,
     const RunStatistics& statistics)
 {
@@ -73,8 +87,9 @@ void drawDistribution(QPainter& painter, const QRectF& outer, const Simulation& 
     PlotArea plot(painter, outer,
         Axis::covering(title, Axis::Scale::linear,
             {bins.begin * unit, end * unit, (std::isnan(target) ? end : target) * unit}),
-        Axis("runs", Axis::Scale::linear, 0, most * 1.08));
-    plot.drawFrame(QString("Thresholds of %1 runs").arg(statistics.thresholds.size()));
+        Axis(simulation.runsAveraged == 1 ? "runs" : "experiments", Axis::Scale::linear, 0,
+            most * 1.08));
+    plot.drawFrame(histogramTitle(simulation, statistics));
     for (int i = 0; i < bins.counts.size(); ++i) {
         const double left = bins.begin + i * bins.binWidth;
         plot.drawBar(
@@ -111,7 +126,7 @@ void drawTracks(QPainter& painter, const QRectF& outer, const Simulation& simula
     QVector<QVector<QPointF>> tracks;
     QVector<double> xs;
     QVector<double> ys {simulation.listener.threshold * unit};
-    for (int i = 0; i < std::min(simulation.nRuns, mostTracks); ++i) {
+    for (int i = 0; i < std::min(runCount(simulation), mostTracks); ++i) {
         simulateRun(data, drawn, i);
         tracks.append(trackOf(data, unit));
         for (const QPointF& point : qAsConst(tracks.last())) {
@@ -132,12 +147,17 @@ void drawTracks(QPainter& painter, const QRectF& outer, const Simulation& simula
 
 } // namespace
 
-QString writeSimulationPlot(
-    const QString& path, const Simulation& simulation, const RunStatistics& statistics)
+QString writeSimulationPlot(const QString& path, const Simulation& simulation,
+    const RunStatistics& statistics, bool isForced)
 {
-    return writePicture(path, pictureSize, [&](QPainter& painter, const QSize& size) {
-        const QSizeF half(size.width(), size.height() / 2.0);
-        drawDistribution(painter, QRectF(QPointF(0, 0), half), simulation, statistics);
-        drawTracks(painter, QRectF(QPointF(0, half.height()), half), simulation);
-    });
+    return writePicture(
+        path, pictureSize,
+        [&](QPainter& painter, const QSize& size) {
+            const QRectF below = drawPlotHeading(painter, size, simulation);
+            const QSizeF half(below.width(), below.height() / 2.0);
+            drawDistribution(painter, QRectF(below.topLeft(), half), simulation, statistics);
+            drawTracks(painter,
+                QRectF(below.left(), below.center().y(), half.width(), half.height()), simulation);
+        },
+        isForced);
 }

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Simulated runs as results files of the application.
 #include "simulate/TrackFiles.h"
 
+#include "output/OutputFile.h"
 #include "procedure/ResultsFormat.h"
 #include "session/OutputFileName.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QTextStream>
 
 #include <cmath>
@@ -15,36 +16,35 @@ namespace {
 
 QString writeTrack(const QString& path, const Data& data)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        return "could not write " + path + ": " + file.errorString();
-    }
-    QTextStream stream(&file);
+    QByteArray content;
+    QTextStream stream(&content);
     writeResults(stream, data);
     stream.flush();
-    return file.commit() ? QString() : "could not write " + path + ": " + file.errorString();
+    return writeOutput({path, OutputFile::Kind::unmarked, {}, false}, content);
 }
 
 } // namespace
 
-QString writeTracks(const TrackTarget& target, const Simulation& simulation)
+QStringList writeTracks(
+    const TrackTarget& target, const Simulation& simulation, const RunsDone& runsDone)
 {
     Data data = preparedRun(simulation);
-    data.subCode = target.subCode;
     const bool isFolder = QFileInfo(target.path).isDir();
+    QStringList errors;
     for (int i = 0; i < target.nRuns; ++i) {
         if (std::isnan(simulateRun(data, simulation, i).threshold)) {
-            return QString("run %1 did not end within %2 trials, so it has no results file")
-                .arg(i + 1)
-                .arg(simulation.mostTrials);
+            errors.append(QString("run %1 did not end within %2 trials, so it has no results file")
+                              .arg(i + 1)
+                              .arg(simulation.mostTrials));
+            continue;
         }
         data.sesNum = i + 1;
-        const QString path
-            = isFolder ? QDir(target.path).filePath(composedFileName(data)) : target.path;
-        QString errorText = writeTrack(path, data);
-        if (!errorText.isEmpty()) {
-            return errorText;
+        const QString error = writeTrack(
+            isFolder ? QDir(target.path).filePath(composedFileName(data)) : target.path, data);
+        if (!error.isEmpty()) {
+            errors.append(error);
         }
+        runsDone(i + 1);
     }
-    return {};
+    return errors;
 }

@@ -1,118 +1,65 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "output/ProgressBar.h"
+// quorin-simulate from its command line to its exit status.
 #include "plots/PictureFile.h"
-#include "simulate/SimulateOptions.h"
-#include "simulate/SimulatedRuns.h"
-#include "simulate/SimulationPlot.h"
-#include "simulate/SimulationReport.h"
+#include "simulate/SimulateProgram.h"
 
-#include <QElapsedTimer>
+#include <QFile>
 #include <QGuiApplication>
-#include <QTextStream>
+#include <QTextCodec>
 
-#include <cstdlib>
 #include <unistd.h>
 
 namespace {
 
-constexpr int usageError = 2;
+constexpr int success = 0;
+constexpr int somethingIsWrong = 1;
+constexpr int wrongUsage = 2;
 
-void complain(const QString& text)
+QStringList argumentsOf(int argc, char* argv[])
 {
-    QTextStream(stderr) << "quorin-simulate: " << text << '\n';
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    }
+    return arguments;
 }
 
-// Simulates for all rows of a table in turn, with one bar over all of them.
-class Simulator {
-public:
-    Simulator(int nThreads, int nSimulations)
-        : m_nThreads(nThreads)
-        , m_nSimulations(nSimulations)
-    {
-        m_timer.start();
-    }
-
-    RunStatistics statisticsOf(const Simulation& simulation)
-    {
-        const qint64 total = qint64(m_nSimulations) * simulation.nRuns;
-        const qint64 before = qint64(m_nDone) * simulation.nRuns;
-        const auto outcomes = simulatedRuns(simulation, m_nThreads,
-            [&](int nRuns) { m_bar.show(before + nRuns, total, m_timer.elapsed()); });
-        m_bar.clear();
-        ++m_nDone;
-        return runStatistics(outcomes);
-    }
-
-private:
-    int m_nThreads;
-    int m_nSimulations;
-    int m_nDone = 0;
-    QElapsedTimer m_timer;
-    QTextStream m_stream {stderr};
-    ProgressBar m_bar {m_stream, isatty(STDERR_FILENO) != 0};
-};
-
-void tabulate(QTextStream& out, const SimulateOptions& options)
+int answered(const SimulateOptions& options, QTextStream& output, QTextStream& errors)
 {
-    Simulator simulator(options.nThreads, options.sweptReversals.size());
-    writeSweepHeader(out, options.simulation);
-    for (const int nReversals : options.sweptReversals) {
-        Simulation simulation = options.simulation;
-        simulation.nReversals = nReversals;
-        simulation.nReversalsToCalculate = qMin(simulation.nReversalsToCalculate, nReversals);
-        writeSweepRow(out, simulation, simulator.statisticsOf(simulation));
-        out.flush();
+    switch (options.request) {
+    case SimulateOptions::help:
+    case SimulateOptions::version:
+        output << options.text;
+        output.flush();
+        return output.status() == QTextStream::Ok ? success : somethingIsWrong;
+    case SimulateOptions::nothing:
+        errors << "quorin-simulate: " << options.text << '\n';
+        return wrongUsage;
+    case SimulateOptions::simulate:
+        break;
     }
-}
-
-bool simulateOne(QTextStream& out, const SimulateOptions& options)
-{
-    const Simulation& simulation = options.simulation;
-    const RunStatistics statistics = Simulator(options.nThreads, 1).statisticsOf(simulation);
-    writeStatistics(out, simulation, statistics);
-    out.flush();
-    QStringList errors;
-    if (!options.track.path.isEmpty()) {
-        errors.append(writeTracks(options.track, simulation));
-    }
-    if (!options.plotPath.isEmpty()) {
-        errors.append(writeSimulationPlot(options.plotPath, simulation, statistics));
-    }
-    errors.removeAll(QString());
-    for (const QString& error : qAsConst(errors)) {
-        complain(error);
-    }
-    return errors.isEmpty();
+    const bool isTerminal = isatty(STDERR_FILENO) != 0;
+    return SimulateProgram(options, output, errors, isTerminal).make() ? success : somethingIsWrong;
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
+    // Names of files are UTF-8 in any locale, as the results files' folders may be.
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     drawWithoutDisplay();
-    QGuiApplication application(argc, argv);
+    // Qt takes options of its own out of the command line, and dies of some: it sees none.
+    int nNames = 1;
+    QGuiApplication application(nNames, argv);
     QGuiApplication::setApplicationName("quorin-simulate");
     QGuiApplication::setApplicationVersion(QUORIN_VERSION);
 
-    QString errorText;
-    const SimulateOptions options = simulateOptions(QGuiApplication::arguments(), errorText);
-    if (!errorText.isEmpty()) {
-        complain(errorText + "\nquorin-simulate --help lists the options");
-        return usageError;
-    }
-    QTextStream out(stdout);
-    writeSettings(out, options.simulation);
-    out.flush();
-    bool isDone = true;
-    if (options.sweptReversals.isEmpty()) {
-        isDone = simulateOne(out, options);
-    } else {
-        tabulate(out, options);
-    }
-    out.flush();
-    if (out.status() != QTextStream::Ok) {
-        complain("the figures could not be written");
-        isDone = false;
-    }
-    return isDone ? EXIT_SUCCESS : EXIT_FAILURE;
+    QFile standardOutput;
+    QFile standardError;
+    standardOutput.open(STDOUT_FILENO, QIODevice::WriteOnly);
+    standardError.open(STDERR_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
+    QTextStream output(&standardOutput);
+    QTextStream errors(&standardError);
+    return answered(simulateOptions(argumentsOf(argc, argv)), output, errors);
 }

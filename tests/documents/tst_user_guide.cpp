@@ -8,7 +8,7 @@
 #include "session/PanelNumbers.h"
 #include "signal/SignalToolkit.h"
 #include "signal/Stimulus.h"
-#include "simulate/Distribution.h"
+#include "simulate/RunStatistics.h"
 #include "simulate/SimulatedRuns.h"
 #include "subject/ResultText.h"
 #include "support/MainWindowProbe.h"
@@ -77,15 +77,11 @@ double spreadOfLevelFactor(double seconds)
 std::vector<RunOutcome> runsOf(
     const PsychometricFunction& listener, int mainParameter, int nReversals, int nRuns)
 {
-    Simulation simulation {};
+    Simulation simulation = defaultSimulation(mainParameter);
     simulation.listener = listener;
-    simulation.mainParameter = mainParameter;
-    simulation.startValue = mainParameter == carrierFrequencyParameter ? 0.05 : 0.5;
     simulation.nReversals = nReversals;
-    simulation.nReversalsToCalculate = std::min(nReversals, 8);
+    simulation.nReversalsToCalculate = std::min(nReversals, simulation.nReversalsToCalculate);
     simulation.nRuns = nRuns;
-    simulation.seed = 1;
-    simulation.mostTrials = 10000;
     return simulatedRuns(simulation, QThread::idealThreadCount(), [](int) {});
 }
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// quorin-simulate as a user starts it: options, output, files and exit status.
 #include "support/QuietTest.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -15,14 +17,21 @@ struct Ended {
     QString errors;
 };
 
-Ended run(const QStringList& arguments)
+Ended run(const QStringList& arguments, const QString& folder = QString())
 {
     QProcess process;
+    process.setWorkingDirectory(folder);
     process.start(SIMULATE_PROGRAM, arguments);
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit) {
         return {-1, {}, process.errorString()};
     }
     return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+QString contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString(file.readAll()) : QString("(no such file)");
 }
 
 } // namespace
@@ -43,10 +52,11 @@ private slots:
         row("word", "unknown argument: word");
         row("--listener deaf",
             "--listener is logistic, weibull, gaussian or constant, not \"deaf\"");
-        row("--threshold 0", "--threshold must be above 0");
-        row("--threshold nan", "--threshold must be a number from 0 to 1000000, not \"nan\"");
-        row("--slope -1", "--slope must be a number from 0 to 1000000, not \"-1\"");
-        row("--slope 2,5", "--slope must be a number from 0 to 1000000, not \"2,5\"");
+        row("--threshold 0", "--threshold must be a number above 0, at most 1000000, not \"0\"");
+        row("--threshold nan",
+            "--threshold must be a number above 0, at most 1000000, not \"nan\"");
+        row("--slope -1", "--slope must be a number above 0, at most 1000000, not \"-1\"");
+        row("--slope 2,5", "--slope must be a number above 0, at most 1000000, not \"2,5\"");
         row("--lapse 1.1", "--lapse must be a number from 0 to 0.5, not \"1.1\"");
         row("--probability 0.5", "--probability is for a constant listener only");
         row("--listener constant --probability 2",
@@ -54,9 +64,9 @@ private slots:
         row("--listener constant --threshold 0.1",
             "a constant listener has no --threshold and no --slope");
         row("--parameter pitch", "--parameter is depth or frequency, not \"pitch\"");
-        row("--start 1.01", "--start must be a number from 0 to 1, not \"1.01\"");
+        row("--start 1.01", "--start must be a number above 0, at most 1, not \"1.01\"");
         row("--start 1 --parameter frequency",
-            "--start must be a number from 0 to 0.9999, not \"1\"");
+            "--start must be a number above 0, at most 0.9999, not \"1\"");
         row("--reversals 0", "--reversals must be a whole number from 1 to 10000, not \"0\"");
         row("--reversals 1.5", "--reversals must be a whole number from 1 to 10000, not \"1.5\"");
         row("--reversals 4 --last 5", "--last must be a whole number from 1 to 4, not \"5\"");
@@ -64,20 +74,51 @@ private slots:
         row("--seed -1", "--seed must be a whole number from 0 to 2^64 - 1, not \"-1\"");
         row("--max-trials x", "--max-trials must be a whole number from 1 to 10000000, not \"x\"");
         row("--threads 0", "--threads must be a whole number from 1 to 256, not \"0\"");
-        row("--carrier inf", "--carrier must be a number from 0 to 1000000, not \"inf\"");
+        row("--carrier inf", "--carrier must be a number above 0, at most 1000000, not \"inf\"");
         row("--sound -5", "--sound must be a number from 0 to 3600000, not \"-5\"");
         const QString sweep
-            = "--sweep is from:to or from:to:step, whole numbers from 1 to 10000, not ";
-        for (const char* range : {"8", "8:", "8:6", "0:6", "1:10001", "1:5:0", "1:2:3:4", "a:b"}) {
+            = "--sweep is name=a,b,c or name=from:to or name=from:to:step, numbers, "
+              "at most 10000 of them, not ";
+        for (const char* range : {"8:", "8:6", "1:10001", "1:5:0", "1:2:3:4", "a:b",
+                 "last=", "last=4,x", "start=0.1:inf"}) {
             QTest::newRow(range) << QStringList {"--sweep", range} << sweep + '"' + range + '"';
         }
-        row("--sweep 8:9 --plot a.png", "--sweep and --plot do not go together");
-        row("--sweep 8:9 --reversals 4", "--sweep and --reversals do not go together");
+        row("--sweep 0:6",
+            "--sweep: --reversals must be a whole number from 1 to 10000, not \"0\"");
+        row("--sweep last=4,20", "--sweep: --last must be a whole number from 1 to 14, not \"20\"");
+        row("--sweep listener=1",
+            "--sweep knows no number called \"listener\": threshold, slope, probability, lapse, "
+            "reaction, reaction-sd, start, reversals, last, mean-of, carrier, sound, silence, "
+            "runs, "
+            "seed, max-trials");
+        row("--sweep last=4,6 --sweep last=8", "--sweep last stands twice: last=8");
+        row("--sweep seed=1:200 --sweep carrier=1:200",
+            "--sweep asks for more than 10000 simulations");
+        row("--sweep 8:9 --csv a.csv", "--sweep and --csv do not go together");
+        row("--sweep 8:9 --reversals 4", "--sweep reversals and --reversals do not go together");
+        row("--sweep 8:9 --detect 2", "--sweep and --detect do not go together");
+        row("--detect 1", "--detect must be a ratio other than 1, not \"1\"");
+        row("--detect 0", "--detect must be a number from 0.01 to 100, not \"0\"");
+        row("--detect 2 --listener constant",
+            "--detect wants a --listener with a threshold, not \"constant\"");
+        row("--detect 2 --plot a.png", "--detect and --plot do not go together");
+        row("--listener-sd 2", "--listener-sd goes with --detect only");
+        row("--detect 2 --listener-sd -1",
+            "--listener-sd must be a number from 0 to 40, not \"-1\"");
+        row("--mean-of 0", "--mean-of must be a whole number from 1 to 1000, not \"0\"");
+        row("--runs 1000000 --mean-of 11", "--runs times --mean-of must be at most 10000000");
+        row("--reaction-sd 10 --reaction 0", "--reaction-sd wants a --reaction above 0");
+        row("--sound-type tone", "--sound-type is sinusoid or noise, not \"tone\"");
+        row("--sound-type noise --parameter frequency",
+            "--sound-type noise does not go with --parameter frequency: noise has none");
+        row("--help-all", "Unknown option 'help-all'.");
+        row("-platform foo", "Unknown option 'platform'.");
+        QTest::newRow("no name") << QStringList {"--csv", ""} << QString("--csv needs a name");
         row("--plot a.jpg", "--plot: a picture's name must end in .png, .svg or .pdf: a.jpg");
-        row("--track a.txt --tracks 2", "--tracks wants a --track that is an existing folder");
-        row("--subject AB", "--subject wants a --track that is an existing folder");
+        row("--track a.txt --tracks 2",
+            "--tracks wants a --track that is an existing folder, not \"a.txt\"");
         row("--track . --subject ../AB",
-            "--subject becomes part of a file's name and cannot hold a /");
+            "--subject becomes part of a file's name and cannot hold a /: ../AB");
         row("--track . --runs 2 --tracks 3",
             "--tracks must be a whole number from 1 to 2, not \"3\"");
     }
@@ -87,8 +128,7 @@ private slots:
         QFETCH(QStringList, arguments);
         QFETCH(QString, error);
         const Ended ended = run(arguments);
-        QCOMPARE(ended.errors,
-            "quorin-simulate: " + error + "\nquorin-simulate --help lists the options\n");
+        QCOMPARE(ended.errors, "quorin-simulate: " + error + '\n');
         QCOMPARE(ended.output, QString());
         QCOMPARE(ended.status, 2);
     }
@@ -125,22 +165,120 @@ private slots:
         QCOMPARE(four.mid(0, 2), QStringList({"4", "4"}));
         const QStringList fourteen = lines[9].simplified().split(' ');
         QCOMPARE(fourteen.mid(0, 2), QStringList({"14", "8"}));
-        const Ended single = run({"--runs", "100"});
-        QVERIFY(single.output.simplified().contains(' ' + fourteen[2] + " standard error "));
-        QVERIFY(single.output.simplified().contains("bias (dB) " + fourteen[4] + ' '));
+        const QString single = run({"--runs", "100"}).output.simplified();
+        QVERIFY(single.contains(' ' + fourteen[2] + ' '));
+        QVERIFY(single.contains("bias (dB) " + fourteen[5] + ' '));
+    }
+
+    void sweep_takesEveryCombination_intoTableAndPicture()
+    {
+        const QTemporaryDir folder;
+        const QString table = folder.filePath("sweep.csv");
+        const QString picture = folder.filePath("sweep.png");
+        const Ended ended = run({"--runs", "20", "--sweep", "last=4,8", "--sweep",
+            "start=0.1:0.3:0.1", "--summary-csv", table, "--plot", picture});
+        QCOMPARE(ended.errors, QString());
+        QCOMPARE(ended.status, 0);
+        QCOMPARE(QImage(picture).size(), QSize(2000, 1600));
+        const QStringList rows = contentOf(table).trimmed().split('\n');
+        QCOMPARE(rows.size(), 7);
+        QVERIFY(rows[0].startsWith("last,start,experiments,mean_threshold,"));
+        QVERIFY(rows[1].startsWith("4,0.1,20,"));
+        QVERIFY(rows[6].startsWith("8,0.3,20,"));
+    }
+
+    void studies_arePlanned()
+    {
+        const Ended ended = run({"--detect", "2", "--runs", "50", "--listener-sd", "2"});
+        QCOMPARE(ended.errors, QString());
+        QCOMPARE(ended.status, 0);
+        QVERIFY(ended.output.contains("thresholds of 0.056234 and 0.11247 (+6.02 dB)"));
+        QVERIFY(ended.output.contains("whose thresholds have an SD of 2 dB"));
+    }
+
+    void meansOfRuns_areWhatIsTold()
+    {
+        const Ended ended = run({"--runs", "10", "--mean-of", "4"});
+        QVERIFY(ended.output.contains("10 experiments, means of 4, seed 1"));
+        QVERIFY(ended.output.contains("\n4 runs together "));
     }
 
     void files_areWritten()
     {
         const QTemporaryDir folder;
         const QString picture = folder.filePath("plot.png");
+        const QString table = folder.filePath("runs.csv");
         const Ended ended = run({"--runs", "50", "--plot", picture, "--track", folder.path(),
-            "--tracks", "3", "--subject", "XY"});
+            "--tracks", "3", "--subject", "XY", "--csv", table});
         QCOMPARE(ended.errors, QString());
         QCOMPARE(ended.status, 0);
-        QCOMPARE(QImage(picture).size(), QSize(1800, 1520));
+        QCOMPARE(QImage(picture).size(), QSize(1800, 1600));
         QCOMPARE(
             QDir(folder.path()).entryList({"XY_test00?_noise_modulation depth.txt"}).size(), 3);
+        const QStringList rows = contentOf(table).trimmed().split('\n');
+        QCOMPARE(rows.size(), 51);
+        QVERIFY(rows[50].startsWith("50,0."));
+    }
+
+    void file_isReplaced_onlyIfACompanionWroteIt_andByForce()
+    {
+        const QTemporaryDir folder;
+        const QString table = folder.filePath("runs.csv");
+        QCOMPARE(run({"--runs", "5", "--csv", table}).status, 0);
+        const Ended refused = run({"--runs", "6", "--csv", table});
+        QCOMPARE(refused.status, 1);
+        QCOMPARE(refused.errors,
+            "quorin-simulate: " + table
+                + ": is there already: give another name, or --force to replace it\n");
+        QCOMPARE(contentOf(table).count('\n'), 6);
+        QCOMPARE(run({"--runs", "6", "--csv", table, "--force"}).status, 0);
+        QCOMPARE(contentOf(table).count('\n'), 7);
+
+        const QString track = folder.filePath("SUB001.txt");
+        QVERIFY(QFile::copy(table, track));
+        const Ended kept = run({"--runs", "5", "--track", track, "--force"});
+        QCOMPARE(kept.status, 1);
+        QVERIFY(kept.errors.startsWith("quorin-simulate: " + track + ": is there already"));
+        QCOMPARE(contentOf(track).count('\n'), 7);
+    }
+
+    void nameWithALeadingDash_isAName()
+    {
+        const QTemporaryDir folder;
+        const Ended ended
+            = run({"--runs", "5", "--csv", "-runs.csv", "--track", "--seed", "--plot=-p.svg"},
+                folder.path());
+        QCOMPARE(ended.errors, QString());
+        QCOMPARE(ended.status, 0);
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files, QDir::Name),
+            QStringList({"--seed", "-p.svg", "-runs.csv"}));
+    }
+
+    void fullDevice_isAFailure_data()
+    {
+        QTest::addColumn<QString>("options");
+        QTest::newRow("help") << "--help";
+        QTest::newRow("version") << "--version";
+        QTest::newRow("figures") << "--runs 5";
+    }
+
+    void fullDevice_isAFailure()
+    {
+        QFETCH(QString, options);
+        QProcess process;
+        process.setStandardOutputFile("/dev/full");
+        process.start(SIMULATE_PROGRAM, options.split(' '));
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitCode(), 1);
+    }
+
+    void device_isWrittenTo()
+    {
+        const Ended full = run({"--runs", "5", "--csv", "/dev/full"});
+        QCOMPARE(full.status, 1);
+        QVERIFY(full.errors.startsWith("quorin-simulate: /dev/full: cannot be written: "));
+        QVERIFY(!QFileInfo("/dev/full").isFile());
+        QCOMPARE(run({"--runs", "5", "--csv", "/dev/null"}).status, 0);
     }
 
     void plot_isDrawn_whateverTheRuns_data()
@@ -183,7 +321,7 @@ private slots:
         const Ended ended = run(
             {"--listener", "constant", "--probability", "1", "--runs", "10", "--max-trials", "50"});
         QCOMPARE(ended.status, 0);
-        QVERIFY(ended.output.contains("correct (%)               100.00\n"));
+        QVERIFY(ended.output.contains("correct (%)               100.00   biased: 100 % cut\n"));
         QVERIFY(ended.output.endsWith("cut runs                      10\n"));
     }
 };

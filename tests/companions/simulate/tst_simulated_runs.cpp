@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "companions/simulate/Simulations.h"
 #include "procedure/SilentRun.h"
-#include "simulate/Distribution.h"
+#include "simulate/RunStatistics.h"
 #include "support/WindowTest.h"
 
 #include <QTest>
@@ -45,7 +45,7 @@ private slots:
         QTest::newRow("logistic, depth") << simulationOf(logisticListener(depthThreshold, 2.5))
                                          << Expected {0.05956, 0.00150, 40.11, 0.53};
         QTest::newRow("Gaussian, frequency") << simulationOf(gaussianListener(0.002, 1),
-            carrierFrequencyParameter, 0.05) << Expected {0.002599, 0.000099, 44.96, 0.58};
+            carrierFrequencyParameter) << Expected {0.002599, 0.000099, 44.96, 0.58};
         QTest::newRow("chance, depth")
             << simulationOf(constantListener(0.5)) << Expected {0.8113, 0.0147, 29.00, 0.53};
     }
@@ -137,7 +137,8 @@ private slots:
 
     void run_startsFromTheValueAsked()
     {
-        Simulation simulation = simulationOf(constantListener(0.5), carrierFrequencyParameter, 0.2);
+        Simulation simulation = simulationOf(constantListener(0.5), carrierFrequencyParameter);
+        simulation.startValue = 0.2;
         simulation.standardCarrier = 500;
         simulation.mostTrials = 1;
         Data data = preparedRun(simulation);
@@ -210,6 +211,76 @@ private slots:
         QVERIFY(std::isnan(statistics.trials.mean()));
     }
 
+    void defaults_areThoseOfTheApplication()
+    {
+        const Simulation depth = defaultSimulation(modulationDepthParameter);
+        QCOMPARE(depth.startValue, 0.5);
+        QCOMPARE(depth.soundType, noiseCarrier);
+        QCOMPARE(depth.nReversals, 14);
+        QCOMPARE(depth.nReversalsToCalculate, 8);
+        QCOMPARE(depth.standardCarrier, 1000.0);
+        QCOMPARE(depth.soundMs, 600.0);
+        QCOMPARE(depth.silenceMs, 1000.0);
+        const Simulation frequency = defaultSimulation(carrierFrequencyParameter);
+        QCOMPARE(frequency.startValue, 0.05);
+        QCOMPARE(frequency.soundType, sinusoidCarrier);
+    }
+
+    void subjects_haveOtherRuns_withOneSeed()
+    {
+        Simulation simulation = simulationOf(constantListener(0.75));
+        simulation.nRuns = 1;
+        const double usual = outcomesOf(simulation)[0].threshold;
+        simulation.subCode = "A";
+        const double ofA = outcomesOf(simulation)[0].threshold;
+        simulation.subCode = "B";
+        const double ofB = outcomesOf(simulation)[0].threshold;
+        QVERIFY(ofA != ofB && ofA != usual && ofB != usual);
+    }
+
+    void outcome_countsItsReversals()
+    {
+        Simulation simulation = simulationOf(constantListener(0.75));
+        simulation.nRuns = 1;
+        QCOMPARE(outcomesOf(simulation)[0].nReversals, 14);
+        simulation.listener = constantListener(1.0);
+        QCOMPARE(outcomesOf(simulation)[0].nReversals, 0);
+    }
+
+    // 4.5 standard errors: of the mean, and of the SD, whose relative error is sqrt((k - 1) / 4 n)
+    // with the kurtosis k of the log-normal distribution, here 4.4.
+    void reactionTimes_haveTheirMeanAndDeviation_inWholeMilliseconds()
+    {
+        Simulation simulation = simulationOf(constantListener(0.75));
+        simulation.reactionMs = 700;
+        simulation.reactionSdMs = 200;
+        simulation.nReversals = 1000000;
+        Data data = preparedRun(simulation);
+        simulateRun(data, simulation, 0);
+        std::vector<double> times;
+        for (const Record& record : qAsConst(data.records)) {
+            QCOMPARE(record.reactionTime, std::round(record.reactionTime));
+            times.push_back(record.reactionTime);
+        }
+        QCOMPARE(int(times.size()), 10000);
+        const Distribution distribution(times);
+        QVERIFY(std::abs(distribution.mean() - 700) < 4.5 * 200 / 100.0);
+        QVERIFY(std::abs(distribution.standardDeviation() / 200 - 1) < 4.5 * 0.0092);
+    }
+
+    void answers_areTheSame_whateverTheReactionTimes()
+    {
+        Simulation simulation = simulationOf(logisticListener(depthThreshold, 2.5));
+        Data alike = preparedRun(simulation);
+        simulateRun(alike, simulation, 0);
+        simulation.reactionSdMs = 100;
+        Data spread = preparedRun(simulation);
+        simulateRun(spread, simulation, 0);
+        QCOMPARE(spread.reversals, alike.reversals);
+        QVERIFY(spread.records[0].reactionTime != spread.records[1].reactionTime);
+        QCOMPARE(alike.records[1].reactionTime, 500.0);
+    }
+
     void progress_endsWithAllRuns()
     {
         Simulation simulation = simulationOf(constantListener(0.5));
@@ -233,7 +304,7 @@ private slots:
         QTest::addColumn<Simulation>("simulation");
         QTest::newRow("depth") << simulationOf(logisticListener(depthThreshold, 2.5));
         QTest::newRow("frequency")
-            << simulationOf(gaussianListener(0.002, 1), carrierFrequencyParameter, 0.05);
+            << simulationOf(gaussianListener(0.002, 1), carrierFrequencyParameter);
     }
 
     void windows_giveTheSameRun_whenAnsweredAlike()

@@ -1,12 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "companions/simulate/Simulations.h"
 #include "procedure/SavedRun.h"
+#include "session/OutputFileName.h"
 #include "simulate/TrackFiles.h"
 #include "support/WindowTest.h"
 
 #include <QTest>
 
+#include <cmath>
+
 Q_DECLARE_METATYPE(Simulation)
+
+namespace {
+
+QStringList tracksWritten(const TrackTarget& target, const Simulation& simulation)
+{
+    return writeTracks(target, simulation, [](int) {});
+}
+
+} // namespace
 
 class TestTrackFiles : public WindowTest {
     Q_OBJECT
@@ -17,7 +29,7 @@ private slots:
         QTest::addColumn<Simulation>("simulation");
         QTest::newRow("depth") << simulationOf(logisticListener(depthThreshold, 2.5));
         QTest::newRow("frequency")
-            << simulationOf(gaussianListener(0.002, 1), carrierFrequencyParameter, 0.05);
+            << simulationOf(gaussianListener(0.002, 1), carrierFrequencyParameter);
     }
 
     void file_isTheOneThatTheApplicationWrites()
@@ -34,7 +46,7 @@ private slots:
         saved.save(saved.path("application.txt"));
 
         const QString path = saved.path("track.txt");
-        QCOMPARE(writeTracks({path, "SIM", 1}, simulation), QString());
+        QCOMPARE(tracksWritten({path, 1}, simulation), QStringList());
         const QByteArray content = SavedRun::contentOf(path);
         QCOMPARE(content, SavedRun::contentOf(saved.path("application.txt")));
         QCOMPARE(content.count("\r\n"), 1 + data.nTrials);
@@ -44,8 +56,9 @@ private slots:
     void folder_getsNamedFilesOfDifferentRuns()
     {
         const QTemporaryDir folder;
-        const Simulation simulation = simulationOf(logisticListener(depthThreshold, 2.5));
-        QCOMPARE(writeTracks({folder.path(), "AB", 2}, simulation), QString());
+        Simulation simulation = simulationOf(logisticListener(depthThreshold, 2.5));
+        simulation.subCode = "AB";
+        QCOMPARE(tracksWritten({folder.path(), 2}, simulation), QStringList());
         const QStringList names = QDir(folder.path()).entryList(QDir::Files, QDir::Name);
         QCOMPARE(names,
             QStringList({"AB_test001_noise_modulation depth.txt",
@@ -58,27 +71,67 @@ private slots:
     {
         const QTemporaryDir folder;
         const Simulation simulation
-            = simulationOf(gaussianListener(0.002, 1), carrierFrequencyParameter, 0.05);
-        QCOMPARE(writeTracks({folder.path(), "SIM", 1}, simulation), QString());
+            = simulationOf(gaussianListener(0.002, 1), carrierFrequencyParameter);
+        QCOMPARE(tracksWritten({folder.path(), 1}, simulation), QStringList());
         QVERIFY(QFile::exists(folder.filePath("SIM_test001_sinusoid_carrier frequency.txt")));
+    }
+
+    void depthRun_isNamedAsOneOfATone_whenTheCarrierIsASinusoid()
+    {
+        const QTemporaryDir folder;
+        Simulation simulation = simulationOf(logisticListener(depthThreshold, 2.5));
+        simulation.soundType = sinusoidCarrier;
+        QCOMPARE(tracksWritten({folder.path(), 1}, simulation), QStringList());
+        QVERIFY(QFile::exists(folder.filePath("SIM_test001_sinusoid_modulation depth.txt")));
     }
 
     void cutRun_hasNoFile()
     {
         const QTemporaryDir folder;
-        QCOMPARE(
-            writeTracks({folder.filePath("a.txt"), "SIM", 1}, simulationOf(constantListener(1))),
-            QString("run 1 did not end within 10000 trials, so it has no results file"));
+        QCOMPARE(tracksWritten({folder.filePath("a.txt"), 1}, simulationOf(constantListener(1))),
+            QStringList("run 1 did not end within 10000 trials, so it has no results file"));
         QVERIFY(QDir(folder.path()).isEmpty());
+    }
+
+    // With this limit some runs end and some do not.
+    void otherRuns_areWritten_whenOneIsCut()
+    {
+        const QTemporaryDir folder;
+        Simulation simulation = simulationOf(logisticListener(depthThreshold, 2.5));
+        simulation.mostTrials = 40;
+        const QStringList errors = tracksWritten({folder.path(), 20}, simulation);
+        const QStringList names = QDir(folder.path()).entryList(QDir::Files, QDir::Name);
+        QVERIFY(!errors.isEmpty() && !names.isEmpty());
+        QCOMPARE(errors.size() + names.size(), 20);
+        Data data = preparedRun(simulation);
+        for (int i = 0; i < 20; ++i) {
+            data.sesNum = i + 1;
+            const bool isCut = std::isnan(simulateRun(data, simulation, i).threshold);
+            QCOMPARE(names.contains(composedFileName(data)), !isCut);
+        }
+    }
+
+    void file_isNeverReplaced()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("a.txt");
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("a listener's hour");
+        file.close();
+        const QStringList errors = tracksWritten({path, 1}, simulationOf(constantListener(0.5)));
+        QCOMPARE(errors.size(), 1);
+        QVERIFY(errors[0].startsWith(path + ": is there already"));
+        QCOMPARE(SavedRun::contentOf(path), QByteArray("a listener's hour"));
     }
 
     void nothingIsLeft_whenTheFolderIsMissing()
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath("no/a.txt");
-        const QString errorText
-            = writeTracks({path, "SIM", 1}, simulationOf(constantListener(0.5)));
-        QVERIFY(errorText.startsWith("could not write " + path + ": "));
+        const QStringList errors = tracksWritten({path, 1}, simulationOf(constantListener(0.5)));
+        QCOMPARE(errors.size(), 1);
+        QVERIFY(errors[0].startsWith(path + ": there is no folder "));
         QVERIFY(QDir(folder.path()).isEmpty());
     }
 };

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "simulate/Simulation.h"
-
 #include <vector>
 
-/// How a figure is distributed over the runs.
+/// How a figure is distributed over runs.
 class Distribution {
 public:
     /// @param values NaN is left out
@@ -28,17 +26,3 @@ private:
     double m_mean;
     double m_standardDeviation;
 };
-
-/// The figures of all runs of a simulation.
-struct RunStatistics {
-    Distribution thresholds; ///< fractions, of the runs that ended
-    Distribution trials; ///< of the runs that ended
-    double shareCorrect; ///< of all trials, those of cut runs too
-    int nCut; ///< runs that did not end
-};
-
-RunStatistics runStatistics(const std::vector<RunOutcome>& outcomes);
-
-/// How far the mean threshold lies above the listener's, dB of amplitude: 20 log10 of their ratio.
-/// NaN for a listener without a threshold or without a run that ended.
-double biasDb(const RunStatistics& statistics, const PsychometricFunction& listener);
