@@ -163,7 +163,7 @@ QString readSubject(OptionReader& reader, const Simulation& usual)
     if (!reader.isSet("subject")) {
         return usual.subCode;
     }
-    const QString code = reader.value("subject");
+    QString code = reader.value("subject");
     if (code.contains('/')) {
         reader.fail("--subject becomes part of a file's name and cannot hold a /: " + code);
     }

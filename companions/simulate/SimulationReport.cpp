@@ -39,7 +39,7 @@ QString signedDb(double value)
 // Figures of one simulation, each with the warning behind it that its runs ask for.
 class FigureLines {
 public:
-    FigureLines(QTextStream& stream, QString warning)
+    FigureLines(QTextStream& stream, const QString& warning)
         : m_stream(stream)
         , m_warning(warning.isEmpty() ? QString() : "   " + warning)
     {

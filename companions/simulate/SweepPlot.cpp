@@ -164,8 +164,10 @@ void drawPanels(QPainter& painter, const QRectF& below, const QVector<Line>& lin
         {"Spread against time", &SweepPoint::minutes, "minutes", &SweepPoint::sdDb, "SD (dB)"}};
     const QSizeF quarter(below.width() / 2, below.height() / 2);
     for (int i = 0; i < panels.size(); ++i) {
+        const int column = i % 2;
+        const int row = i / 2;
         const QPointF corner(
-            below.left() + (i % 2) * quarter.width(), below.top() + (i / 2) * quarter.height());
+            below.left() + column * quarter.width(), below.top() + row * quarter.height());
         drawPanel(painter, QRectF(corner, quarter), lines, panels[i]);
     }
 }
