@@ -178,7 +178,7 @@ private slots:
         emit window.soundPlaying(1);
         m_told = nullptr;
         QCOMPARE(told.size(), 4);
-        QCOMPARE(told.first(), listeners.last());
+        QCOMPARE(told.value(0), listeners.last());
     }
 
     void abandonedTrial_doesNotRunIntoTheNewRun()

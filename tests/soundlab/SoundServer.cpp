@@ -136,14 +136,13 @@ QStringList SoundServer::arguments() const
 {
     const QString protocol = QString("module-native-protocol-unix socket=%1 auth-anonymous=1")
                                  .arg(m_folder.filePath("pulse.sock"));
-    QStringList modules;
+    QStringList all = {"-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+        "--disallow-exit", "--high-priority=no", "--realtime=no", "--log-target=stderr", "-L",
+        sinkModule(), "-L", protocol};
     for (const QString& module : m_settings.moreModules) {
-        modules << "-L" << module;
+        all << "-L" << module;
     }
-    return QStringList {"-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
-               "--disallow-exit", "--high-priority=no", "--realtime=no", "--log-target=stderr",
-               "-L", sinkModule(), "-L", protocol}
-    + modules;
+    return all;
 }
 
 QByteArray SoundServer::description() const

@@ -94,10 +94,11 @@ private slots:
         bench.addRun(differenceName, carrierFrequencyParameter, 2);
         const QVector<Run> runs {bench.runOf(depthName), bench.runOf(differenceName)};
         const QStringList files {depthName, differenceName};
-        const Outcome printed
-            = bench.report(QStringList {"--trials", "-", "--carrier", "1234.5"} + files);
+        const QStringList toTheTerminal = {"--trials", "-", "--carrier", "1234.5"};
+        const Outcome printed = bench.report(toTheTerminal + files);
         QCOMPARE(printed.output, trialsCsv(runs, 1234.5));
-        const Outcome written = bench.report(QStringList {"--trials", "all.csv"} + files);
+        const QStringList toAFile = {"--trials", "all.csv"};
+        const Outcome written = bench.report(toAFile + files);
         QCOMPARE(written.output, runTable(runs));
         QCOMPARE(contentOf(bench.path("all.csv")), trialsCsv(runs, {}).toUtf8());
     }

@@ -62,7 +62,8 @@ private slots:
                         "before, 39.716412 would: a line is missing, doubled, moved or changed"));
         QVERIFY(table.output.contains("  unchecked"));
         QCOMPARE(table.status, 0);
-        const QString csv = bench.report(QStringList {"--csv", "-"} + arguments).output;
+        const QStringList asCsv = {"--csv", "-"};
+        const QString csv = bench.report(asCsv + arguments).output;
         QVERIFY(csv.endsWith(",0\n"));
     }
 
