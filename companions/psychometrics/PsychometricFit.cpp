@@ -91,7 +91,9 @@ double leastAtSpread(const Search& search, double spreadDb, double lapseRate)
 {
     constexpr double stepDb = 0.25;
     double least = std::numeric_limits<double>::infinity();
-    for (double m = search.middleDb.least; m <= search.middleDb.most; m += stepDb) {
+    const auto nSteps = static_cast<int>((search.middleDb.most - search.middleDb.least) / stepDb);
+    for (int i = 0; i <= nSteps; ++i) {
+        const double m = search.middleDb.least + i * stepDb;
         least = std::min(
             least, negativeLogLikelihood(search.levels, {search.shape, m, spreadDb, lapseRate}));
     }

@@ -31,7 +31,7 @@ QString lapseError(const QString& text, LapseLimits& lapses)
     bool isNumber = false;
     const double rate = text.toDouble(&isNumber);
     if (!isNumber || !(rate >= 0.0 && rate <= mostLapses)) {
-        return QString("--fit-lapse must be \"fitted\" or a number from 0 to %1, not \"%2\"")
+        return QString(R"(--fit-lapse must be "fitted" or a number from 0 to %1, not "%2")")
             .arg(QString::number(mostLapses), text);
     }
     lapses = {rate, rate};
