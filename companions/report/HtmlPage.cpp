@@ -67,7 +67,7 @@ QByteArray figureOf(const PageFigure& figure, const char* kind)
     QByteArray svg = figure.svg;
     // The page sets the size; the picture keeps its proportions by its view box.
     const QByteArray label = figure.title.toHtmlEscaped().toUtf8();
-    svg.replace(0, 4, "<svg role=\"img\" aria-label=\"" + label + "\"");
+    svg.replace(0, 4, R"(<svg role="img" aria-label=")" + label + "\"");
     return QByteArray("<figure class=\"scroll ") + kind + "\"><figcaption>" + label
         + "</figcaption>" + svg + "</figure>\n";
 }
@@ -147,7 +147,7 @@ QByteArray fitsOf(const PageParts& parts)
     if (parts.fits.isEmpty()) {
         return {};
     }
-    QByteArray content = "<div class=\"scroll\" tabindex=\"0\"><pre>"
+    QByteArray content = R"(<div class="scroll" tabindex="0"><pre>)"
         + fitTable(parts.fits, parts.fitOptions).trimmed().toHtmlEscaped().toUtf8()
         + "</pre></div>\n";
     for (const SubjectFit& fit : parts.fits) {

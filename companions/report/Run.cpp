@@ -105,7 +105,7 @@ Complaint judgeRun(Run& run, const RunRule& rule)
 
 Complaint readRun(Run& run, const QByteArray& bytes, const RunRule& rule, bool isUnchecked)
 {
-    const Complaint damage = readTrials(run, bytes);
+    Complaint damage = readTrials(run, bytes);
     if (!damage.text.isEmpty()) {
         return damage;
     }
