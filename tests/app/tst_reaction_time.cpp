@@ -118,7 +118,7 @@ private slots:
         ClockedRun run;
         for (int trial = 0; trial < 3; ++trial) {
             run.driver.playTrial();
-            run.use.shown = shown + 10 * trial;
+            run.use.shown = shown + 10LL * trial;
             run.driver.answer(2);
             const double recorded = Probe::data(run.window).records[trial].reactionTime;
             QUORIN_COMPARE_EXACT(recorded, static_cast<double>(run.use.shown));

@@ -33,6 +33,7 @@ std::vector<FitLevel> answersOf(const Simulation& simulation, int listener)
         }
     }
     std::vector<FitLevel> inOrder;
+    inOrder.reserve(levels.size());
     for (const auto& [value, level] : levels) {
         inOrder.push_back(level);
     }

@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include <cmath>
+#include <limits>
 
 Q_DECLARE_METATYPE(FitShape)
 Q_DECLARE_METATYPE(LapseLimits)
@@ -168,7 +169,7 @@ private slots:
     void levelOfValueZero_isAnsweredByChance()
     {
         std::vector<FitLevel> levels = exactLevels();
-        levels.push_back({-INFINITY, 10, 5});
+        levels.push_back({-std::numeric_limits<double>::infinity(), 10, 5});
         const PsychometricFit fit = psychometricFit(levels, FitShape::weibull, noLapses);
         QVERIFY(fit.deviance < devianceTolerance);
     }

@@ -77,7 +77,7 @@ int squares(const QString& svg, double side)
 {
     const QString text = QString::number(side);
     return svg.count(QRegularExpression(
-        "<rect x=\"[-.0-9]+\" y=\"[-.0-9]+\" width=\"" + text + "\" height=\"" + text + "\""));
+        R"(<rect x="[-.0-9]+" y="[-.0-9]+" width=")" + text + R"(" height=")" + text + '"'));
 }
 
 // How many lines are drawn in a colour, "#rrggbb".

@@ -37,8 +37,8 @@ private slots:
         QCOMPARE(outcome.errors,
             QStringList(
                 {QString("./a?b.txt:%1: the line has no end: the file is cut short").arg(nLines),
-                    "./changed.txt:3: 38.716412 does not follow from the line before, 39.716412 "
-                    "would: a line is missing, doubled, moved or changed",
+                    QString("./changed.txt:3: 38.716412 does not follow from the line before, "
+                            "39.716412 would: a line is missing, doubled, moved or changed"),
                     "./damaged.txt:3: \"3,9716412\" is not a value with 6 decimals",
                     "./empty.txt:1: the file is empty",
                     "./letter.txt:1: not a results file: the first line is no header of one",
