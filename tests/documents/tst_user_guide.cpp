@@ -114,6 +114,7 @@ TableColumn tableColumn(const PsychometricFunction& listener, int mainParameter)
 Distribution sharesCorrect(const std::vector<RunOutcome>& runs)
 {
     std::vector<double> shares;
+    shares.reserve(runs.size());
     for (const RunOutcome& run : runs) {
         shares.push_back(static_cast<double>(run.nCorrect) / run.nTrials);
     }

@@ -16,6 +16,7 @@ std::vector<double> normalValues(double mean)
 {
     constexpr int n = 1000;
     std::vector<double> values;
+    values.reserve(n);
     for (int i = 0; i < n; ++i) {
         values.push_back(mean + gsl_cdf_ugaussian_Pinv((i + 0.5) / n));
     }
