@@ -76,8 +76,11 @@ QVector<QPointF> circles(const QString& svg, double radius)
 int squares(const QString& svg, double side)
 {
     const QString text = QString::number(side);
+    // moc loses its way in a raw string with quotation marks.
+    // NOLINTBEGIN(modernize-raw-string-literal)
     return svg.count(QRegularExpression(
-        R"(<rect x="[-.0-9]+" y="[-.0-9]+" width=")" + text + R"(" height=")" + text + '"'));
+        "<rect x=\"[-.0-9]+\" y=\"[-.0-9]+\" width=\"" + text + "\" height=\"" + text + "\""));
+    // NOLINTEND(modernize-raw-string-literal)
 }
 
 // How many lines are drawn in a colour, "#rrggbb".
