@@ -123,6 +123,7 @@ MainWindow::MainWindow(QWidget* parent)
     , timerInterruption(nullptr)
     , waitsForSound(false)
     , waitingSinceMs(0.0)
+    , isPeriodMoved(false)
 {
     makeConnections();
     setupGUIMainWindow();

@@ -5,8 +5,8 @@
 //   app/MainWindow.cpp                 construction, destruction, the small slots
 //   app/MainWindow_Layout.cpp          grids, sizes, texts and geometry of the window
 //   app/MainWindow_Help.cpp            tool tips, accessible names and the order of the Tab key
-//   app/MainWindow_TrialLoop.cpp       Go, the pacing of the four sounds, the answer, the end of a
-//   run app/MainWindow_Playback.cpp        a sound from its start to its release, interruptions
+//   app/MainWindow_TrialLoop.cpp       Go, the pacing of sounds, the answer, the end of a run
+//   app/MainWindow_Playback.cpp        a sound from its start to its release, interruptions
 //   session/MainWindow_Panel.cpp       the panel's controls to and from the session record, and the
 //                                      name of the results file
 //   signal/MainWindow_Sounds.cpp       the two sounds and the refresh of their charts
@@ -404,6 +404,7 @@ private:
     SoundPacing pacing;
     bool waitsForSound; ///< a tick has passed without a sound, since an earlier one has not ended
     double waitingSinceMs; ///< on the pacing clock
+    bool isPeriodMoved; ///< the timer's interval is what is left of a silence, not the period
     Disturbances disturbances; ///< of the trial under way
     QVector<Disturbances> recordedDisturbances; ///< one a record
 };

@@ -28,7 +28,7 @@ bool hasRunDry(const QBuffer* buffer)
 void MainWindow::startSound(const QByteArray& bytes)
 {
     constexpr double msPerSecond = 1000.0;
-    const double bytesPerMs = audioFormat.sampleRate() * audioFormat.bytesPerFrame() / msPerSecond;
+    const double bytesPerMs = audioFormat.bytesPerFrame() / msPerSecond * audioFormat.sampleRate();
     audioBytes = new QByteArray(bytes);
     auto* const playback = new PlaybackBuffer(audioBytes, bytesPerMs);
     audioBuffer = playback;
@@ -156,7 +156,8 @@ bool MainWindow::looksEnded(Sound& sound)
     }
     SoundProgress& progress = sound.progress;
     const int bytesFree = sound.output->bytesFree();
-    const bool isStill = sound.buffer->atEnd() && bytesFree == progress.bytesFree
+    // Below 0 the stream is gone, and suspending it would end the program inside the backend.
+    const bool isStill = sound.buffer->atEnd() && bytesFree >= 0 && bytesFree == progress.bytesFree
         && sound.output->state() != QAudio::StoppedState;
     progress.nLooksStill = isStill ? progress.nLooksStill + 1 : 0;
     progress.bytesFree = bytesFree;
@@ -169,7 +170,8 @@ bool MainWindow::looksEnded(Sound& sound)
     progress.nLooksStill = 0;
     ++progress.nResumptions;
     sound.output->suspend();
-    sound.output->resume();
+    // By way of the event loop: a server lost in the meantime has stopped the output by then.
+    QMetaObject::invokeMethod(sound.output, &QAudioOutput::resume, Qt::QueuedConnection);
     return false;
 }
 

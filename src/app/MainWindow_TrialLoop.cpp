@@ -22,8 +22,8 @@
 
 namespace {
 
-// A start that takes longer was blocked by the server: PipeWire takes 10 ms, PulseAudio 1 ms.
-constexpr double mostStartMs = 50.0;
+// A start that takes longer was blocked by the server: PipeWire takes up to 14 ms, PulseAudio 1 ms.
+constexpr double mostStartMs = 25.0;
 
 } // namespace
 
@@ -110,6 +110,7 @@ void MainWindow::playWav()
     forgetTrialOfSounds();
     disturbances = {};
     waitsForSound = false;
+    isPeriodMoved = false;
     if (!enoughReversals(data)) {
         const int periodMs = trialPeriodMs(data.silentInterval, data.dur);
         pacing.begin(pacingTimeMs(), periodMs);
@@ -132,6 +133,9 @@ void MainWindow::playOneSound()
     const bool isSound = soundIndex < nSoundsPerTrial;
     const bool isPaced = sender() == timerPlay && isSound;
     const double tickMs = pacingTimeMs();
+    if (isPaced && !isPeriodMoved && timerPlay->interval() != pacing.periodMs()) {
+        pacing.begin(tickMs - timerPlay->interval(), timerPlay->interval()); // set by another
+    }
     const SoundPacing pacingBefore = pacing;
     if (isPaced && mustWaitForSound(tickMs)) {
         return;
@@ -156,7 +160,7 @@ void MainWindow::playOneSound()
         judgeStart(wasBlocked ? latenessMs + pacingTimeMs() - tickMs : latenessMs, wasBlocked);
     }
     if (soundIndex == nSoundsPerTrial && timerPlay->isActive()) {
-        timerPlay->setInterval(endReportTimeoutMs(pacing.periodMs()));
+        timerPlay->setInterval(endReportTimeoutMs(timerPlay->interval()));
     }
     emit soundPlaying(soundIndex);
 }
@@ -172,7 +176,7 @@ QByteArray MainWindow::nextPcm() const
 // after this one.
 void MainWindow::paceNextSound(double tickMs)
 {
-    if (pacing.isLate(tickMs) || timerPlay->interval() != pacing.periodMs()) {
+    if (pacing.isLate(tickMs) || isPeriodMoved) {
         restartPeriod();
     } else {
         pacing.soundStarted(tickMs);
@@ -181,6 +185,7 @@ void MainWindow::paceNextSound(double tickMs)
 
 void MainWindow::restartPeriod()
 {
+    isPeriodMoved = false;
     pacing.dueAfter(pacingTimeMs(), pacing.periodMs());
     timerPlay->start(pacing.periodMs());
 }
@@ -211,13 +216,13 @@ void MainWindow::judgeOnset(double delayMs)
 
 void MainWindow::noteLateSound(double ms)
 {
+    const int latenessMs = qCeil(ms);
+    disturbances.worstLatenessMs = std::max(disturbances.worstLatenessMs, latenessMs);
     if (currentProgress.isLate) {
         return;
     }
     currentProgress.isLate = true;
-    const int latenessMs = qCeil(ms);
     ++disturbances.lateSounds;
-    disturbances.worstLatenessMs = std::max(disturbances.worstLatenessMs, latenessMs);
     qWarning("Sound late: interval %d of trial %d, %d ms", soundIndex, data.nTrials, latenessMs);
 }
 
@@ -238,6 +243,9 @@ bool MainWindow::mustWaitForSound(double tickMs)
         waitForSound();
     }
     waitsForSound = mustWait && tickMs - waitingSinceMs <= patienceMs;
+    if (mustWait && !waitsForSound) {
+        forgetTrialOfSounds();
+    }
     return waitsForSound;
 }
 
@@ -256,6 +264,7 @@ void MainWindow::resumePacing(const SoundProgress& ended)
     }
     const int silenceMs = silentIntervalMs(data.silentInterval);
     if (waitsForSound || timerPlay->remainingTime() < silenceMs) {
+        isPeriodMoved = true;
         timerPlay->start(silenceMs);
     }
     if (ended.isInterrupted) {

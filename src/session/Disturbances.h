@@ -7,7 +7,8 @@
 /// far as the program can tell.
 struct Disturbances {
     int interruptedSounds = 0; ///< that ran dry and went on after a gap
-    int lateSounds = 0; ///< that started more than 10 ms after they were due
+    int lateSounds = 0; ///< whose tick or first samples came more than 10 ms late, or whose
+                        ///< start was blocked for more than 25 ms
     int worstLatenessMs = 0; ///< of the late sounds, in ms rounded up; 0 without any
     bool hasOutputFailed = false; ///< an output stopped with an error: a sound may be missing
 
