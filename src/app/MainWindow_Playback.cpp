@@ -151,6 +151,11 @@ bool MainWindow::looksEnded(Sound& sound)
 {
     constexpr int looksUntilStill = 5;
     constexpr int mostResumptions = 3; // a queue that moves for none of them never will
+    // At the next look only: if the server was lost meanwhile, the output has been stopped by then.
+    if (sound.output->state() == QAudio::SuspendedState) {
+        sound.output->resume();
+        return false;
+    }
     if (hasBeenPlayed(sound)) {
         return true;
     }
@@ -170,8 +175,6 @@ bool MainWindow::looksEnded(Sound& sound)
     progress.nLooksStill = 0;
     ++progress.nResumptions;
     sound.output->suspend();
-    // By way of the event loop: a server lost in the meantime has stopped the output by then.
-    QMetaObject::invokeMethod(sound.output, &QAudioOutput::resume, Qt::QueuedConnection);
     return false;
 }
 
