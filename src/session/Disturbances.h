@@ -11,7 +11,5 @@ struct Disturbances {
                         ///< start was blocked for more than 25 ms
     int worstLatenessMs = 0; ///< of the late sounds, in ms rounded up; 0 without any
     bool hasOutputFailed = false; ///< an output stopped with an error: a sound may be missing
-
-    bool any() const { return interruptedSounds > 0 || lateSounds > 0 || hasOutputFailed; }
 };
 Q_DECLARE_TYPEINFO(Disturbances, Q_PRIMITIVE_TYPE);
