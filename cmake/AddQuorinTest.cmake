@@ -6,14 +6,29 @@ function(quorin_add_to_group group target)
   add_dependencies(${group} ${target})
 endfunction()
 
-# quorin_add_test(NAME SOURCE [LABELS label...] [LIBRARIES target...] [TIMEOUT seconds])
+# quorin_test_program(PROGRAM): makes the program tst_PROGRAM, whose sources are tests, unless it exists.
+function(quorin_test_program program)
+  set(target "tst_${program}")
+  if(TARGET ${target})
+    return()
+  endif()
+  add_executable(${target})
+  set_target_properties(${target} PROPERTIES
+    AUTOMOC ON
+    RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
+  target_link_libraries(${target} PRIVATE quorin_test_support quorin_warnings)
+endfunction()
+
+# quorin_add_test(NAME SOURCE [LABELS label...] [LIBRARIES target...] [TIMEOUT seconds] [PROGRAM program])
 #
-# Adds the program tst_NAME, made from SOURCE, as the test NAME. It runs offscreen, in the C.UTF-8
-# locale, with a home and a runtime folder of its own inside the build folder. A test labelled audio
-# plays real sound or measures time: it runs while no other test does. QUORIN_TEST_LAUNCHER is put
-# before the command; under it and in the sanitizer build, tests may take longer.
+# Adds the test NAME: `tst_PROGRAM TEST`, where SOURCE is tst_TEST.cpp. The tests of a folder of
+# tests/ and of those inside it share the program of the folder's name unless PROGRAM is given. A
+# test runs offscreen, in the C.UTF-8 locale, with a home and a runtime folder of its own inside the
+# build folder. One labelled audio plays real sound or measures time: it runs while no other test
+# does. QUORIN_TEST_LAUNCHER is put before the command; under it and in the sanitizer build, tests
+# may take longer.
 function(quorin_add_test name source)
-  cmake_parse_arguments(PARSE_ARGV 2 arg "" "TIMEOUT" "LABELS;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 2 arg "" "TIMEOUT;PROGRAM" "LABELS;LIBRARIES")
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 120)
   endif()
@@ -23,10 +38,19 @@ function(quorin_add_test name source)
     math(EXPR arg_TIMEOUT "${arg_TIMEOUT} * 4")
   endif()
 
-  set(target "tst_${name}")
-  add_executable(${target} ${source})
-  set_target_properties(${target} PROPERTIES AUTOMOC ON)
-  target_link_libraries(${target} PRIVATE quorin_test_support ${arg_LIBRARIES} quorin_warnings)
+  if(NOT arg_PROGRAM)
+    cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR
+      BASE_DIRECTORY "${PROJECT_SOURCE_DIR}/tests" OUTPUT_VARIABLE folder)
+    string(REGEX REPLACE "/.*" "" arg_PROGRAM "${folder}")
+  endif()
+  quorin_test_program(${arg_PROGRAM})
+  set(target "tst_${arg_PROGRAM}")
+  get_target_property(sources ${target} SOURCES)
+  if(NOT "${CMAKE_CURRENT_SOURCE_DIR}/${source}" IN_LIST sources)
+    target_sources(${target} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${source}")
+    target_link_libraries(${target} PRIVATE ${arg_LIBRARIES})
+  endif()
+  string(REGEX REPLACE "^tst_(.*)\\.cpp$" "\\1" test "${source}")
 
   set(home "${CMAKE_BINARY_DIR}/test-homes/${name}")
   file(MAKE_DIRECTORY "${home}/Desktop" "${home}/runtime")
@@ -46,7 +70,8 @@ function(quorin_add_test name source)
       "UBSAN_OPTIONS=print_stacktrace=1")
   endif()
 
-  # The tests that run under valgrind, and those that count the lines of src, are built by themselves.
+  # The programs of the tests that run under valgrind, and of those that count the lines of src, are
+  # built without the others.
   if(arg_LABELS MATCHES "(^|;)(unit|valgrind)(;|$)")
     quorin_add_to_group(valgrind_tests ${target})
   endif()
@@ -60,7 +85,9 @@ function(quorin_add_test name source)
     set(alone OFF)
   endif()
 
-  add_test(NAME ${name} COMMAND ${QUORIN_TEST_LAUNCHER} $<TARGET_FILE:${target}>)
+  set(command ${QUORIN_TEST_LAUNCHER} $<TARGET_FILE:${target}> ${test})
+  set_property(GLOBAL PROPERTY quorin_command_of_${name} "${command}")
+  add_test(NAME ${name} COMMAND ${command})
   set_tests_properties(${name} PROPERTIES
     LABELS "${arg_LABELS}"
     TIMEOUT ${arg_TIMEOUT}
@@ -72,10 +99,11 @@ endfunction()
 
 # quorin_repeat_test(NAME ORIGINAL VARIABLE=VALUE...)
 #
-# Adds the test NAME: the program of the test ORIGINAL, of the same folder, in an environment with
-# other or more variables.
+# Adds the test NAME: the test ORIGINAL, of the same folder, in an environment with other or more
+# variables.
 function(quorin_repeat_test name original)
-  add_test(NAME ${name} COMMAND ${QUORIN_TEST_LAUNCHER} $<TARGET_FILE:tst_${original}>)
+  get_property(command GLOBAL PROPERTY quorin_command_of_${original})
+  add_test(NAME ${name} COMMAND ${command})
   foreach(property LABELS TIMEOUT RUN_SERIAL WORKING_DIRECTORY ENVIRONMENT)
     get_property(value TEST ${original} PROPERTY ${property})
     set_property(TEST ${name} PROPERTY ${property} "${value}")

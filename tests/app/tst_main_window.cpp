@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"
 
@@ -277,5 +278,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestMainWindow)
+QUORIN_TEST(TestMainWindow);
 #include "tst_main_window.moc"

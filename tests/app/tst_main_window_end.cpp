@@ -2,6 +2,7 @@
 #include "app/WindowMembers.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QApplication>
@@ -201,5 +202,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestMainWindowEnd)
+QUORIN_TEST(TestMainWindowEnd);
 #include "tst_main_window_end.moc"

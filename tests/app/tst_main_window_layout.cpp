@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/WindowMembers.h"
 #include "support/MainWindowProbe.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"
 
@@ -257,5 +258,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestMainWindowLayout)
+QUORIN_TEST(TestMainWindowLayout);
 #include "tst_main_window_layout.moc"

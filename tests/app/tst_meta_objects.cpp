@@ -2,6 +2,7 @@
 #include "app/MainWindow.h"
 #include "subject/SubjectWindow.h"
 #include "support/MainWindowProbe.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QCheckBox>
@@ -155,5 +156,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestMetaObjects)
+QUORIN_TEST(TestMetaObjects);
 #include "tst_meta_objects.moc"

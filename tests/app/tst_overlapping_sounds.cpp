@@ -4,6 +4,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
 #include "support/RunDriver.h"
+#include "support/TestProgram.h"
 
 #include <QAudioOutput>
 #include <QBuffer>
@@ -178,5 +179,5 @@ private:
     SoundRecorder m_recorder {m_server};
 };
 
-QTEST_MAIN(TestOverlappingSounds)
+QUORIN_TEST(TestOverlappingSounds);
 #include "tst_overlapping_sounds.moc"

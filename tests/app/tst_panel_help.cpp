@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/MainWindowProbe.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"
 
@@ -182,5 +183,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPanelHelp)
+QUORIN_TEST(TestPanelHelp);
 #include "tst_panel_help.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/PcmEncoding.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -59,5 +60,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPcmEncoding)
+QUORIN_GUILESS_TEST(TestPcmEncoding);
 #include "tst_pcm_encoding.moc"

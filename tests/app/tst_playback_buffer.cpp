@@ -2,6 +2,7 @@
 // What is known of an output from the times at which it takes the bytes of its sound.
 #include "app/PlaybackBuffer.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -66,5 +67,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPlaybackBuffer)
+QUORIN_GUILESS_TEST(TestPlaybackBuffer);
 #include "tst_playback_buffer.moc"

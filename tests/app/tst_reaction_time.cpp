@@ -4,6 +4,7 @@
 #include "support/ExactVectors.h"
 #include "support/MainWindowProbe.h"
 #include "support/RunDriver.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QAudioOutput>
@@ -258,5 +259,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestReactionTime)
+QUORIN_TEST(TestReactionTime);
 #include "tst_reaction_time.moc"

@@ -2,6 +2,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/RunDriver.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QAudioOutput>
@@ -172,5 +173,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestRunEnd)
+QUORIN_TEST(TestRunEnd);
 #include "tst_run_end.moc"

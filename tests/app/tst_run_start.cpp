@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/MainWindowProbe.h"
 #include "support/RunDriver.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QAudioFormat>
@@ -263,5 +264,5 @@ private:
     QVector<QObject*>* m_told = nullptr;
 };
 
-QTEST_MAIN(TestRunStart)
+QUORIN_TEST(TestRunStart);
 #include "tst_run_start.moc"

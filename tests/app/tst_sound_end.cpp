@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/MainWindowProbe.h"
 #include "support/RunDriver.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QAudioOutput>
@@ -363,5 +364,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestSoundEnd)
+QUORIN_TEST(TestSoundEnd);
 #include "tst_sound_end.moc"

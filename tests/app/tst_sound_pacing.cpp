@@ -2,6 +2,7 @@
 // When sounds are due, and what counts as late.
 #include "app/SoundPacing.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -54,5 +55,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSoundPacing)
+QUORIN_GUILESS_TEST(TestSoundPacing);
 #include "tst_sound_pacing.moc"

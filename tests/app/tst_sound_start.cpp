@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/MainWindowProbe.h"
 #include "support/RunDriver.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QAudioOutput>
@@ -193,5 +194,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestSoundStart)
+QUORIN_TEST(TestSoundStart);
 #include "tst_sound_start.moc"

@@ -2,6 +2,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/RunDriver.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QAudioOutput>
@@ -288,5 +289,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestTrialAnswer)
+QUORIN_TEST(TestTrialAnswer);
 #include "tst_trial_answer.moc"

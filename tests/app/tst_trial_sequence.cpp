@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/TrialSequence.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -79,5 +80,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTrialSequence)
+QUORIN_GUILESS_TEST(TestTrialSequence);
 #include "tst_trial_sequence.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"
 
@@ -120,5 +121,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestViewExtremes)
+QUORIN_TEST(TestViewExtremes);
 #include "tst_view_extremes.moc"

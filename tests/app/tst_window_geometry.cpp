@@ -2,6 +2,7 @@
 #include "app/WindowGeometry.h"
 #include "subject/SubjectWindow.h"
 #include "support/MainWindowProbe.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QScreen>
@@ -128,5 +129,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestWindowGeometry)
+QUORIN_TEST(TestWindowGeometry);
 #include "tst_window_geometry.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/WindowGeometry.h"
 #include "support/MainWindowProbe.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QApplication>
@@ -268,5 +269,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestWindowLooks)
+QUORIN_TEST(TestWindowLooks);
 #include "tst_window_looks.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "charts/ChartParts.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QTest>
@@ -108,5 +109,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestChartParts)
+QUORIN_TEST(TestChartParts);
 #include "tst_chart_parts.moc"

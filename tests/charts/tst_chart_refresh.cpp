@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "charts/ChartParts.h"
 #include "charts/LineLayout.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QPointer>
@@ -185,5 +186,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestChartRefresh)
+QUORIN_TEST(TestChartRefresh);
 #include "tst_chart_refresh.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "charts/ChartObjects.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QGridLayout>
@@ -272,5 +273,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestChartSettings)
+QUORIN_TEST(TestChartSettings);
 #include "tst_chart_settings.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "charts/ChartObjects.h"
 #include "support/RunDriver.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QSignalSpy>
@@ -99,5 +100,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestChartUpdates)
+QUORIN_TEST(TestChartUpdates);
 #include "tst_chart_updates.moc"

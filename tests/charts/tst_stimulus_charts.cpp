@@ -2,6 +2,7 @@
 #include "charts/ChartObjects.h"
 #include "support/ExactVectors.h"
 #include "support/Points.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QLineEdit>
@@ -254,5 +255,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestStimulusCharts)
+QUORIN_TEST(TestStimulusCharts);
 #include "tst_stimulus_charts.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "charts/ChartObjects.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QImage>
@@ -192,5 +193,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestTrendChart)
+QUORIN_TEST(TestTrendChart);
 #include "tst_trend_chart.moc"

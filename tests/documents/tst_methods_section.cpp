@@ -5,6 +5,7 @@
 #include "signal/SignalToolkit.h"
 #include "signal/Stimulus.h"
 #include "support/MainWindowProbe.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QComboBox>
@@ -190,5 +191,5 @@ private:
     QString text;
 };
 
-QTEST_MAIN(TestMethodsSection)
+QUORIN_TEST(TestMethodsSection);
 #include "tst_methods_section.moc"

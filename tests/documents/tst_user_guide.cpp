@@ -12,6 +12,7 @@
 #include "simulate/SimulatedRuns.h"
 #include "subject/ResultText.h"
 #include "support/MainWindowProbe.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"
 
@@ -312,5 +313,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestUserGuide)
+QUORIN_TEST(TestUserGuide);
 #include "tst_user_guide.moc"

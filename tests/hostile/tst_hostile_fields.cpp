@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hostile/HostileWindow.h"
 #include "hostile/ProcessUse.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QFile>
@@ -140,5 +141,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestHostileFields)
+QUORIN_TEST(TestHostileFields);
 #include "tst_hostile_fields.moc"

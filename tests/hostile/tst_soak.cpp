@@ -3,6 +3,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/RunDriver.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"
 
@@ -200,5 +201,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestSoak)
+QUORIN_TEST(TestSoak);
 #include "tst_soak.moc"

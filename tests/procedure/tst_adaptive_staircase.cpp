@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "procedure/Records.h"
 #include "procedure/SilentRun.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QTest>
@@ -260,5 +261,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestAdaptiveStaircase)
+QUORIN_TEST(TestAdaptiveStaircase);
 #include "tst_adaptive_staircase.moc"

@@ -7,6 +7,7 @@
 #include "session/AdaptedParameter.h"
 #include "support/ExactVectors.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -296,5 +297,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestReplay)
+QUORIN_GUILESS_TEST(TestReplay);
 #include "tst_replay.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "procedure/SavedRun.h"
 #include "procedure/SilentRun.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QCheckBox>
@@ -247,5 +248,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestResultsFile)
+QUORIN_TEST(TestResultsFile);
 #include "tst_results_file.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "procedure/SavedRun.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QTest>
@@ -261,5 +262,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestResultsFileFailures)
+QUORIN_TEST(TestResultsFileFailures);
 #include "tst_results_file_failures.moc"

@@ -2,6 +2,7 @@
 #include "procedure/Records.h"
 #include "procedure/ResultsFormat.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QLocale>
 #include <QTest>
@@ -148,5 +149,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestResultsFormat)
+QUORIN_GUILESS_TEST(TestResultsFormat);
 #include "tst_results_format.moc"

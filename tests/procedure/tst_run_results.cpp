@@ -2,6 +2,7 @@
 #include "procedure/Records.h"
 #include "procedure/RunResults.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -109,5 +110,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRunResults)
+QUORIN_GUILESS_TEST(TestRunResults);
 #include "tst_run_results.moc"

@@ -3,6 +3,7 @@
 #include "procedure/StaircaseRule.h"
 #include "support/ExactVectors.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -315,5 +316,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestStaircaseRule)
+QUORIN_GUILESS_TEST(TestStaircaseRule);
 #include "tst_staircase_rule.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "procedure/SilentRun.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QLabel>
@@ -238,5 +239,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestStaircaseRun)
+QUORIN_TEST(TestStaircaseRun);
 #include "tst_staircase_run.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "procedure/Records.h"
 #include "procedure/SilentRun.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QTest>
@@ -167,5 +168,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestTrend)
+QUORIN_TEST(TestTrend);
 #include "tst_trend.moc"

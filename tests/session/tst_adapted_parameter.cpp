@@ -4,6 +4,7 @@
 #include "session/Units.h"
 #include "support/ExactVectors.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -96,5 +97,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestAdaptedParameter)
+QUORIN_GUILESS_TEST(TestAdaptedParameter);
 #include "tst_adapted_parameter.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "session/Counts.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -120,5 +121,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCounts)
+QUORIN_GUILESS_TEST(TestCounts);
 #include "tst_counts.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "session/Data.h"
+#include "support/TestProgram.h"
 
 #include <QStandardPaths>
 #include <QTest>
@@ -158,5 +159,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestData)
+QUORIN_GUILESS_TEST(TestData);
 #include "tst_data.moc"

@@ -2,6 +2,7 @@
 #include "session/Data.h"
 #include "session/OutputFileName.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QStandardPaths>
 #include <QTest>
@@ -138,5 +139,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestOutputFileName)
+QUORIN_GUILESS_TEST(TestOutputFileName);
 #include "tst_output_file_name.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/MainWindowProbe.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"
 
@@ -124,5 +125,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestOutputFileNaming)
+QUORIN_TEST(TestOutputFileNaming);
 #include "tst_output_file_naming.moc"

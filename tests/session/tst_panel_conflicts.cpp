@@ -2,6 +2,7 @@
 #include "session/DeviantInThePanel.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"
 
@@ -195,5 +196,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPanelConflicts)
+QUORIN_TEST(TestPanelConflicts);
 #include "tst_panel_conflicts.moc"

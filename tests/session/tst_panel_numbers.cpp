@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "session/PanelNumbers.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QLocale>
 #include <QTest>
@@ -131,5 +132,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPanelNumbers)
+QUORIN_GUILESS_TEST(TestPanelNumbers);
 #include "tst_panel_numbers.moc"

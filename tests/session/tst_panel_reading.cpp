@@ -2,6 +2,7 @@
 #include "session/DeviantInThePanel.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"
 
@@ -312,5 +313,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPanelReading)
+QUORIN_TEST(TestPanelReading);
 #include "tst_panel_reading.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"
 
@@ -231,5 +232,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPanelStart)
+QUORIN_TEST(TestPanelStart);
 #include "tst_panel_start.moc"

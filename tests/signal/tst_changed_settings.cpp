@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/MainWindowProbe.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QLineEdit>
@@ -111,5 +112,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestChangedSettings)
+QUORIN_TEST(TestChangedSettings);
 #include "tst_changed_settings.moc"

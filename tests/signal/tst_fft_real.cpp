@@ -3,6 +3,7 @@
 #include "signal/FFTRealProbe.h"
 #include "signal/FFTTestSignals.h"
 #include "support/ExactVectors.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -304,5 +305,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFFTReal)
+QUORIN_GUILESS_TEST(TestFFTReal);
 #include "tst_fft_real.moc"

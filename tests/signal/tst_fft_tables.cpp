@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signal/FFTRealProbe.h"
 #include "signal/FFTTestSignals.h"
+#include "support/TestProgram.h"
 
 #include <QProcess>
 #include <QRegularExpression>
@@ -110,5 +111,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFFTTables)
+QUORIN_GUILESS_TEST(TestFFTTables);
 #include "tst_fft_tables.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signal/Modulator.h"
 #include "support/ExactVectors.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -53,5 +54,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestModulator)
+QUORIN_APPLESS_TEST(TestModulator);
 #include "tst_modulator.moc"

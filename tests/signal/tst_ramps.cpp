@@ -3,6 +3,7 @@
 #include "signal/ToolkitWarning.h"
 #include "support/ExactVectors.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -161,5 +162,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestRamps)
+QUORIN_TEST(TestRamps);
 #include "tst_ramps.moc"

@@ -4,6 +4,7 @@
 #include "support/Draws.h"
 #include "support/ExactVectors.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -181,5 +182,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestRandomNumbers)
+QUORIN_TEST(TestRandomNumbers);
 #include "tst_random_numbers.moc"

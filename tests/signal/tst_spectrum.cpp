@@ -2,6 +2,7 @@
 #include "signal/DefiningSum.h"
 #include "signal/Spectrum.h"
 #include "support/ExactVectors.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -246,5 +247,5 @@ private:
     }
 };
 
-QTEST_APPLESS_MAIN(TestSpectrum)
+QUORIN_APPLESS_TEST(TestSpectrum);
 #include "tst_spectrum.moc"

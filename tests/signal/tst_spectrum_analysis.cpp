@@ -3,6 +3,7 @@
 #include "support/ExactVectors.h"
 #include "support/MainWindowProbe.h"
 #include "support/Points.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QComboBox>
@@ -281,5 +282,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestSpectrumAnalysis)
+QUORIN_TEST(TestSpectrumAnalysis);
 #include "tst_spectrum_analysis.moc"

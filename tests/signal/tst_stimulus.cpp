@@ -4,6 +4,7 @@
 #include "signal/Stimulus.h"
 #include "support/Draws.h"
 #include "support/ExactVectors.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -265,5 +266,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestStimulus)
+QUORIN_APPLESS_TEST(TestStimulus);
 #include "tst_stimulus.moc"

@@ -3,6 +3,7 @@
 #include "support/Draws.h"
 #include "support/ExactVectors.h"
 #include "support/MainWindowProbe.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QComboBox>
@@ -240,5 +241,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestStimulusBuilder)
+QUORIN_TEST(TestStimulusBuilder);
 #include "tst_stimulus_builder.moc"

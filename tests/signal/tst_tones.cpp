@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signal/SignalToolkit.h"
 #include "support/ExactVectors.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -175,5 +176,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestTones)
+QUORIN_APPLESS_TEST(TestTones);
 #include "tst_tones.moc"

@@ -3,6 +3,7 @@
 #include "support/ExactVectors.h"
 #include "support/MainWindowProbe.h"
 #include "support/Points.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QLineEdit>
@@ -226,5 +227,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestWaveRefresh)
+QUORIN_TEST(TestWaveRefresh);
 #include "tst_wave_refresh.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "subject/ResultText.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QLocale>
 #include <QTest>
@@ -56,5 +57,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestResultText)
+QUORIN_GUILESS_TEST(TestResultText);
 #include "tst_result_text.moc"

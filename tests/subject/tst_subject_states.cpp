@@ -3,6 +3,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -258,5 +259,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestSubjectStates)
+QUORIN_TEST(TestSubjectStates);
 #include "tst_subject_states.moc"

@@ -2,6 +2,7 @@
 #include "subject/SubjectWindow.h"
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -218,5 +219,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestSubjectWindow)
+QUORIN_TEST(TestSubjectWindow);
 #include "tst_subject_window.moc"

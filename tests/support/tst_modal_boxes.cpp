@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QDir>
 #include <QPushButton>
@@ -221,5 +222,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestModalBoxes)
+QUORIN_TEST(TestModalBoxes);
 #include "tst_modal_boxes.moc"

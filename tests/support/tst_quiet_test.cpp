@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QLoggingCategory>
 #include <QProcess>
@@ -175,25 +176,8 @@ private slots:
     }
 };
 
-namespace {
-
-template <typename Class> int run(int argc, char** argv)
-{
-    QCoreApplication application(argc, argv);
-    Class test;
-    return QTest::qExec(&test, argc, argv);
-}
-
-} // namespace
-
-int main(int argc, char** argv)
-{
-    const QByteArray sampleClass = argc > 1 ? argv[1] : "";
-    if (sampleClass == "Sample")
-        return run<Sample>(argc - 1, argv + 1);
-    if (sampleClass == "SampleWithInit")
-        return run<SampleWithInit>(argc - 1, argv + 1);
-    return run<TestQuietTest>(argc, argv);
-}
-
+static const RegisteredTest sample("Sample", &runTest<QCoreApplication, Sample>);
+static const RegisteredTest sampleWithInit(
+    "SampleWithInit", &runTest<QCoreApplication, SampleWithInit>);
+QUORIN_GUILESS_TEST(TestQuietTest);
 #include "tst_quiet_test.moc"

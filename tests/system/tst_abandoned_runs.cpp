@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "system/PhasedRun.h"
 
@@ -259,5 +260,5 @@ private:
     QMap<PhasedRun::Kind, QStringList> m_expected;
 };
 
-QTEST_MAIN(TestAbandonedRuns)
+QUORIN_TEST(TestAbandonedRuns);
 #include "tst_abandoned_runs.moc"

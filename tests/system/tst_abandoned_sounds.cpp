@@ -2,6 +2,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 #include "system/PhasedRun.h"
 #include "system/RepeatedRuns.h"
 #include "system/SoundLab.h"
@@ -136,5 +137,5 @@ private:
     QStringList m_expected;
 };
 
-QTEST_MAIN(TestAbandonedSounds)
+QUORIN_TEST(TestAbandonedSounds);
 #include "tst_abandoned_sounds.moc"

@@ -2,6 +2,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
 #include "support/ScriptedListener.h"
+#include "support/TestProgram.h"
 #include "system/AlsaAlone.h"
 
 #include <QAudioDeviceInfo>
@@ -50,5 +51,5 @@ private:
     AlsaAlone m_alsa {configuration};
 };
 
-QTEST_MAIN(TestAlsaRun)
+QUORIN_TEST(TestAlsaRun);
 #include "tst_alsa_run.moc"

@@ -2,6 +2,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/ShownRun.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QKeyEvent>
@@ -307,5 +308,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestAnswerKeys)
+QUORIN_TEST(TestAnswerKeys);
 #include "tst_answer_keys.moc"

@@ -2,6 +2,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/ShownRun.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QPushButton>
@@ -224,5 +225,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestAnswerPhases)
+QUORIN_TEST(TestAnswerPhases);
 #include "tst_answer_phases.moc"

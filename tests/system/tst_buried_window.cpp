@@ -4,6 +4,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/RunDriver.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "system/ManagedScreen.h"
 
@@ -354,7 +355,7 @@ private slots:
     }
 };
 
-int main(int argc, char** argv)
+static int runOnAManagedScreen(int argc, char** argv)
 {
     ManagedScreen screen;
     if (!screen.start()) {
@@ -366,4 +367,5 @@ int main(int argc, char** argv)
     return QTest::qExec(&test, argc, argv);
 }
 
+static const RegisteredTest buriedWindow(__FILE__, &runOnAManagedScreen);
 #include "tst_buried_window.moc"

@@ -5,6 +5,7 @@
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 #include "system/DisturbedTrial.h"
 
 #include <QAudioDeviceInfo>
@@ -121,5 +122,5 @@ private:
     bool m_slept = false;
 };
 
-QTEST_MAIN(TestChangedSinks)
+QUORIN_TEST(TestChangedSinks);
 #include "tst_changed_sinks.moc"

@@ -4,6 +4,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
 #include "support/ScriptedListener.h"
+#include "support/TestProgram.h"
 #include "support/TrialRecording.h"
 
 #include <QComboBox>
@@ -21,9 +22,9 @@ namespace {
 constexpr int timeoutMs = 60000;
 constexpr auto silentIntervalMs = "60";
 
-// The rate of sink and session: each has a program of its own, since Qt's connection to the sound
-// server lasts as long as the process.
-constexpr int sinkRate = SINK_RATE;
+// The rate of sink and session: each has a process of its own, since Qt's connection to the sound
+// server lasts as long as that.
+const int sinkRate = qEnvironmentVariableIntValue("QUORIN_SINK_RATE");
 
 SoundServer::Settings sinkSettings()
 {
@@ -64,7 +65,11 @@ class TestExactSounds : public QuietTest {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QVERIFY2(m_server.start(), qPrintable(m_server.errorText())); }
+    void initTestCase()
+    {
+        QVERIFY2(sinkRate > 0, "QUORIN_SINK_RATE is to be a rate in Hz");
+        QVERIFY2(m_server.start(), qPrintable(m_server.errorText()));
+    }
 
     void everySound_isTheOneComputed_data()
     {
@@ -159,5 +164,5 @@ private:
     SoundServer m_server {sinkSettings()};
 };
 
-QTEST_MAIN(TestExactSounds)
+QUORIN_TEST(TestExactSounds);
 #include "tst_exact_sounds.moc"

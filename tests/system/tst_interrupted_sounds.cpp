@@ -5,6 +5,7 @@
 #include "soundlab/SoundServer.h"
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 #include "system/DisturbedTrial.h"
 
 #include <QLineEdit>
@@ -52,13 +53,9 @@ private slots:
         QTest::addColumn<int>("standstill");
         QTest::addColumn<int>("placeMs");
         QTest::addColumn<int>("lengthMs");
-#ifdef ALL_STANDSTILLS
-        const QVector<int> lengths = {0, 100, 200, 300, 500, 1000};
-        const QVector<int> places = {1, 300, 560};
-#else
-        const QVector<int> lengths = {500};
-        const QVector<int> places = {300};
-#endif
+        const bool all = qEnvironmentVariableIsSet("QUORIN_ALL_STANDSTILLS");
+        const auto lengths = all ? QVector<int> {0, 100, 200, 300, 500, 1000} : QVector<int> {500};
+        const auto places = all ? QVector<int> {1, 300, 560} : QVector<int> {300};
         for (const int lengthMs : lengths) {
             for (const int placeMs : places) {
                 QTest::addRow("thread for %d ms at %d ms", lengthMs, placeMs)
@@ -112,5 +109,5 @@ private:
     SoundServer m_server;
 };
 
-QTEST_MAIN(TestInterruptedSounds)
+QUORIN_TEST(TestInterruptedSounds);
 #include "tst_interrupted_sounds.moc"

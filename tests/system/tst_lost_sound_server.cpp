@@ -2,6 +2,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 #include "support/TrialRecording.h"
 #include "system/PhasedRun.h"
 #include "system/RepeatedRuns.h"
@@ -272,5 +273,5 @@ private:
     QStringList m_expected;
 };
 
-QTEST_MAIN(TestLostSoundServer)
+QUORIN_TEST(TestLostSoundServer);
 #include "tst_lost_sound_server.moc"

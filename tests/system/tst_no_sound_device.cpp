@@ -2,6 +2,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 #include "system/RepeatedRuns.h"
 
 #include <QApplication>
@@ -94,5 +95,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestNoSoundDevice)
+QUORIN_TEST(TestNoSoundDevice);
 #include "tst_no_sound_device.moc"

@@ -5,6 +5,7 @@
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
 #include "support/ScriptedListener.h"
+#include "support/TestProgram.h"
 #include "support/TrialRecording.h"
 
 #include <QCheckBox>
@@ -150,5 +151,5 @@ private:
     QVector<ScriptedListener::Trial> m_trials;
 };
 
-QTEST_MAIN(TestRealSound)
+QUORIN_TEST(TestRealSound);
 #include "tst_real_sound.moc"

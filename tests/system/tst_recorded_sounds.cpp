@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "soundlab/RecordedSounds.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -88,5 +89,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRecordedSounds)
+QUORIN_GUILESS_TEST(TestRecordedSounds);
 #include "tst_recorded_sounds.moc"

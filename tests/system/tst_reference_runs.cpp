@@ -2,6 +2,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/RunDriver.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QCheckBox>
@@ -226,5 +227,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestReferenceRuns)
+QUORIN_TEST(TestReferenceRuns);
 #include "tst_reference_runs.moc"

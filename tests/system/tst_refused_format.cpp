@@ -3,6 +3,7 @@
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
 #include "support/RunDriver.h"
+#include "support/TestProgram.h"
 #include "system/AlsaAlone.h"
 #include "system/RepeatedRuns.h"
 
@@ -92,5 +93,5 @@ private:
     AlsaAlone m_alsa {configuration};
 };
 
-QTEST_MAIN(TestRefusedFormat)
+QUORIN_TEST(TestRefusedFormat);
 #include "tst_refused_format.moc"

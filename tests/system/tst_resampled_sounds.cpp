@@ -5,6 +5,7 @@
 #include "soundlab/SoundServer.h"
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 #include "system/DisturbedTrial.h"
 
 #include <QLineEdit>
@@ -69,5 +70,5 @@ private:
     SoundServer m_server {settings()};
 };
 
-QTEST_MAIN(TestResampledSounds)
+QUORIN_TEST(TestResampledSounds);
 #include "tst_resampled_sounds.moc"

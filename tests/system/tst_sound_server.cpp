@@ -3,6 +3,7 @@
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QAudioDeviceInfo>
 #include <QAudioOutput>
@@ -193,5 +194,5 @@ private:
     SoundServer m_server;
 };
 
-QTEST_GUILESS_MAIN(TestSoundServer)
+QUORIN_GUILESS_TEST(TestSoundServer);
 #include "tst_sound_server.moc"

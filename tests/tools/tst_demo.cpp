@@ -5,6 +5,7 @@
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QDir>
 #include <QFile>
@@ -185,5 +186,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDemo)
+QUORIN_GUILESS_TEST(TestDemo);
 #include "tst_demo.moc"

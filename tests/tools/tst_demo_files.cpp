@@ -2,6 +2,7 @@
 #include "demo/DemoTrial.h"
 #include "demo/WavFile.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -106,5 +107,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDemoFiles)
+QUORIN_GUILESS_TEST(TestDemoFiles);
 #include "tst_demo_files.moc"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 #include "timing/SampleClock.h"
 #include "timing/Summary.h"
 
@@ -62,5 +63,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTimingFigures)
+QUORIN_GUILESS_TEST(TestTimingFigures);
 #include "tst_timing_figures.moc"

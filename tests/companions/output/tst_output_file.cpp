@@ -2,6 +2,7 @@
 // What a companion's output file may replace, and what is left after a failure.
 #include "output/OutputFile.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -230,5 +231,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestOutputFile)
+QUORIN_GUILESS_TEST(TestOutputFile);
 #include "tst_output_file.moc"

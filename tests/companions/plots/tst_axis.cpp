@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plots/Axis.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -104,5 +105,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestAxis)
+QUORIN_GUILESS_TEST(TestAxis);
 #include "tst_axis.moc"

@@ -2,6 +2,7 @@
 // Images with few colours stay as they are, and with many they stay as near as a palette can be.
 #include "plots/Palette.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -37,5 +38,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPalette)
+QUORIN_GUILESS_TEST(TestPalette);
 #include "tst_palette.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plots/PictureFile.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QDir>
 #include <QFile>
@@ -134,5 +135,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPictureFile)
+QUORIN_TEST(TestPictureFile);
 #include "tst_picture_file.moc"

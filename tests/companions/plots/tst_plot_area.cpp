@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plots/PlotArea.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QImage>
 #include <QPainter>
@@ -104,5 +105,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPlotArea)
+QUORIN_TEST(TestPlotArea);
 #include "tst_plot_area.moc"

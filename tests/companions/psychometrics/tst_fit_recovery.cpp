@@ -4,6 +4,7 @@
 #include "psychometrics/PsychometricFit.h"
 #include "statistics/Spread.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -89,5 +90,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFitRecovery)
+QUORIN_GUILESS_TEST(TestFitRecovery);
 #include "tst_fit_recovery.moc"

@@ -2,6 +2,7 @@
 // Fits against figures from R and against those that can be written down.
 #include "psychometrics/PsychometricFit.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -220,5 +221,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPsychometricFit)
+QUORIN_GUILESS_TEST(TestPsychometricFit);
 #include "tst_psychometric_fit.moc"

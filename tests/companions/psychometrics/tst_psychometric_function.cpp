@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "psychometrics/PsychometricFunction.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -107,5 +108,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPsychometricFunction)
+QUORIN_GUILESS_TEST(TestPsychometricFunction);
 #include "tst_psychometric_function.moc"

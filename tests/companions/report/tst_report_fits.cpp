@@ -4,6 +4,7 @@
 #include "report/FitPicture.h"
 #include "report/FitTable.h"
 #include "report/ReportOptions.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QImage>
@@ -190,5 +191,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestReportFits)
+QUORIN_TEST(TestReportFits);
 #include "tst_report_fits.moc"

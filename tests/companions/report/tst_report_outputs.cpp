@@ -6,6 +6,7 @@
 #include "report/RunTable.h"
 #include "report/TrialsCsv.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -225,5 +226,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestReportOutputs)
+QUORIN_GUILESS_TEST(TestReportOutputs);
 #include "tst_report_outputs.moc"

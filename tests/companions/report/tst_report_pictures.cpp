@@ -5,6 +5,7 @@
 #include "report/RunPicture.h"
 #include "report/SubjectPicture.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QGuiApplication>
 #include <QRegularExpression>
@@ -243,5 +244,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestReportPictures)
+QUORIN_TEST(TestReportPictures);
 #include "tst_report_pictures.moc"

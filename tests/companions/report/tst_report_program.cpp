@@ -4,6 +4,7 @@
 #include "report/RunCsv.h"
 #include "report/RunTable.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -202,5 +203,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestReportProgram)
+QUORIN_GUILESS_TEST(TestReportProgram);
 #include "tst_report_program.moc"

@@ -4,6 +4,7 @@
 #include "report/Run.h"
 #include "statistics/Spread.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -342,5 +343,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestReportRun)
+QUORIN_GUILESS_TEST(TestReportRun);
 #include "tst_report_run.moc"

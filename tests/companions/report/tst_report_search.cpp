@@ -2,6 +2,7 @@
 #include "SimulatedRun.h"
 #include "report/ResultsSearch.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -131,5 +132,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestReportSearch)
+QUORIN_GUILESS_TEST(TestReportSearch);
 #include "tst_report_search.moc"

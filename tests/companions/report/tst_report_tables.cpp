@@ -8,6 +8,7 @@
 #include "report/Texts.h"
 #include "report/TrialsCsv.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -236,5 +237,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestReportTables)
+QUORIN_GUILESS_TEST(TestReportTables);
 #include "tst_report_tables.moc"

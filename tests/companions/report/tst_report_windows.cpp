@@ -5,6 +5,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/RunDriver.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QCheckBox>
@@ -105,5 +106,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestReportWindows)
+QUORIN_TEST(TestReportWindows);
 #include "tst_report_windows.moc"

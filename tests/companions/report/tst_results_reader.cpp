@@ -3,6 +3,7 @@
 #include "procedure/Records.h"
 #include "report/ResultsReader.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -240,5 +241,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestResultsReader)
+QUORIN_GUILESS_TEST(TestResultsReader);
 #include "tst_results_reader.moc"

@@ -2,6 +2,7 @@
 // What makes a run be flagged, just so and just not.
 #include "report/RunFlags.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -185,5 +186,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRunFlags)
+QUORIN_GUILESS_TEST(TestRunFlags);
 #include "tst_run_flags.moc"

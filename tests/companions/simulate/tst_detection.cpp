@@ -3,6 +3,7 @@
 #include "companions/simulate/Simulations.h"
 #include "simulate/Detection.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -61,5 +62,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDetection)
+QUORIN_GUILESS_TEST(TestDetection);
 #include "tst_detection.moc"

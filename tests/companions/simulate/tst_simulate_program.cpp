@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // quorin-simulate as a user starts it: options, output, files and exit status.
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -150,7 +151,7 @@ private slots:
         QVERIFY(help.output.contains("--max-trials <number>"));
         const Ended version = run({"--version"});
         QCOMPARE(version.status, 0);
-        QCOMPARE(version.output, QString(SIMULATE_VERSION "\n"));
+        QCOMPARE(version.output, QString("quorin-simulate " QUORIN_VERSION "\n"));
     }
 
     void output_isTheSame_forAnyNumberOfThreads()
@@ -336,5 +337,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSimulateProgram)
+QUORIN_GUILESS_TEST(TestSimulateProgram);
 #include "tst_simulate_program.moc"

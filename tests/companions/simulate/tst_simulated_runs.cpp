@@ -2,6 +2,7 @@
 #include "companions/simulate/Simulations.h"
 #include "procedure/SilentRun.h"
 #include "simulate/RunStatistics.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QTest>
@@ -327,5 +328,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestSimulatedRuns)
+QUORIN_TEST(TestSimulatedRuns);
 #include "tst_simulated_runs.moc"

@@ -5,6 +5,7 @@
 #include "simulate/SimulationReport.h"
 #include "simulate/SimulationTables.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 #include <QTextStream>
@@ -240,5 +241,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSimulationFigures)
+QUORIN_GUILESS_TEST(TestSimulationFigures);
 #include "tst_simulation_figures.moc"

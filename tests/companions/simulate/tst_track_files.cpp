@@ -3,6 +3,7 @@
 #include "procedure/SavedRun.h"
 #include "session/OutputFileName.h"
 #include "simulate/TrackFiles.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QTest>
@@ -136,5 +137,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestTrackFiles)
+QUORIN_TEST(TestTrackFiles);
 #include "tst_track_files.moc"

@@ -2,6 +2,7 @@
 // Estimates and tests against figures of R 4.2.2. What R was asked stands beside each.
 #include "statistics/Inference.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -108,5 +109,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestInference)
+QUORIN_GUILESS_TEST(TestInference);
 #include "tst_inference.moc"

@@ -2,6 +2,7 @@
 // Sizes of studies against R's power of t tests.
 #include "statistics/SampleSize.h"
 #include "support/QuietTest.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -73,5 +74,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSampleSize)
+QUORIN_GUILESS_TEST(TestSampleSize);
 #include "tst_sample_size.moc"
