@@ -17,6 +17,7 @@ function(quorin_test_program program)
     AUTOMOC ON
     RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
   target_link_libraries(${target} PRIVATE quorin_test_support quorin_warnings)
+  target_precompile_headers(${target} REUSE_FROM quorin_test_support)
 endfunction()
 
 # quorin_add_test(NAME SOURCE [LABELS label...] [LIBRARIES target...] [TIMEOUT seconds] [PROGRAM program])
