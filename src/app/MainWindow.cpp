@@ -3,7 +3,6 @@
 
 #include "app/ReactionClock.h"
 #include "app/WindowParts.h"
-#include "procedure/StaircaseRule.h"
 #include "session/OutputFileName.h"
 #include "subject/SubjectWindow.h"
 
@@ -76,54 +75,6 @@ MainWindow::MainWindow(QWidget* parent)
     , gridLayoutCharts(named(new QGridLayout, "gridLayoutCharts"))
     , gridLayoutMain(named(new QGridLayout, "gridLayoutMain"))
     , centralWidget(named(new QWidget, "centralWidget"))
-    , timeAxisRate(data.fs)
-    , trendYMin(emptyTrendMin)
-    , trendYMax(emptyTrendMax)
-    , fftLength({1024, 1024})
-    , fftDuration({0.6, 0.6})
-    , frequencyResolution({1.0 / fftDuration[standard], 1.0 / fftDuration[deviant]})
-    , windowSelector(0)
-    , standardWaveSeries(nullptr)
-    , standardWaveAxisX(nullptr)
-    , standardWaveAxisY(nullptr)
-    , standardWaveChart(nullptr)
-    , standardWaveView(nullptr)
-    , deviantWaveSeries(nullptr)
-    , deviantWaveAxisX(nullptr)
-    , deviantWaveAxisY(nullptr)
-    , deviantWaveChart(nullptr)
-    , deviantWaveView(nullptr)
-    , standardSpectrumSeries(nullptr)
-    , standardSpectrumAxisX(nullptr)
-    , standardSpectrumAxisY(nullptr)
-    , standardSpectrumChart(nullptr)
-    , standardSpectrumView(nullptr)
-    , deviantSpectrumSeries(nullptr)
-    , deviantSpectrumAxisX(nullptr)
-    , deviantSpectrumAxisY(nullptr)
-    , deviantSpectrumChart(nullptr)
-    , deviantSpectrumView(nullptr)
-    , trendSeries(nullptr)
-    , trendAxisX(nullptr)
-    , trendAxisY(nullptr)
-    , trendChart(nullptr)
-    , trendView(nullptr)
-    , subjectWindow(nullptr)
-    , timerPlay(nullptr)
-    , timerReaction(nullptr)
-    , nReactionTimerStarts(0)
-    , nSoundsPerTrial(4)
-    , soundIndex(0)
-    , audioBytes(nullptr)
-    , audioBuffer(nullptr)
-    , audioOutput(nullptr)
-    , centerWindow(true)
-    , widthFraction(0.8)
-    , heightFraction(0.9)
-    , timerInterruption(nullptr)
-    , waitsForSound(false)
-    , waitingSinceMs(0.0)
-    , isPeriodMoved(false)
 {
     makeConnections();
     setupGUIMainWindow();
@@ -232,26 +183,10 @@ void MainWindow::closeEvent(QCloseEvent* event)
 // A view owns its chart and a chart its series and axes, so each group goes from the inside out.
 void MainWindow::deleteCharts()
 {
-    deleteAndNull(standardWaveSeries);
-    deleteAndNull(standardWaveAxisX);
-    deleteAndNull(standardWaveAxisY);
-    deleteAndNull(standardWaveChart);
-    deleteAndNull(standardWaveView);
-    deleteAndNull(deviantWaveSeries);
-    deleteAndNull(deviantWaveAxisX);
-    deleteAndNull(deviantWaveAxisY);
-    deleteAndNull(deviantWaveChart);
-    deleteAndNull(deviantWaveView);
-    deleteAndNull(standardSpectrumSeries);
-    deleteAndNull(standardSpectrumAxisX);
-    deleteAndNull(standardSpectrumAxisY);
-    deleteAndNull(standardSpectrumChart);
-    deleteAndNull(standardSpectrumView);
-    deleteAndNull(deviantSpectrumSeries);
-    deleteAndNull(deviantSpectrumAxisX);
-    deleteAndNull(deviantSpectrumAxisY);
-    deleteAndNull(deviantSpectrumChart);
-    deleteAndNull(deviantSpectrumView);
+    for (Chart* pair : {waveCharts, spectrumCharts}) {
+        deleteChart(pair[standard]);
+        deleteChart(pair[deviant]);
+    }
     deleteAndNull(trendSeries);
     deleteAndNull(trendAxisX);
     deleteAndNull(trendAxisY);

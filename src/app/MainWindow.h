@@ -21,6 +21,7 @@
 #include "session/Data.h"
 #include "session/Disturbances.h"
 #include "signal/Modulator.h"
+#include "signal/Spectrum.h"
 
 #include <QAudio>
 #include <QAudioFormat>
@@ -180,6 +181,16 @@ protected:
 private:
     friend struct MainWindowProbe;
 
+    /// One of the two sounds, with what its charts show of it.
+    struct Stimulus {
+        QVector<double> samples; ///< full scale is +-1
+        QVector<QPointF> points; ///< (ms, amplitude)
+        QVector<double> range; ///< smallest and largest sample
+        Spectrum spectrum;
+        QVector<QPointF> spectrumPoints; ///< (Hz, amplitude)
+        QVector<double> amplitudeRange; ///< smallest and largest amplitude of the spectrum
+    };
+
     /// How far a sound has come.
     struct SoundProgress {
         int interval = 0; ///< 1 to 4 in the trial under way; 0: that of no trial
@@ -254,18 +265,14 @@ private:
     void showDeviantDifference();
     void showDeviantCarrier();
     // signal/MainWindow_Sounds.cpp
-    void refreshWavePoints(
-        QVector<QPointF>& points, const QVector<double>& sound, int nPointsToPlot);
+    void refreshWavePoints(int index);
     // signal/MainWindow_Spectra.cpp
-    void analyse(int stimulus, const QVector<double>& sound, QVector<double>& amplitude,
-        QVector<double>& phase);
+    void analyse(int index);
     // procedure/MainWindow_Staircase.cpp
     void widenTrend();
     // charts/
-    void showWaveChart(const ChartMembers& members, const QString& title, int stimulus,
-        const QVector<double>& range);
-    void showSpectrumChart(const ChartMembers& members, const QString& title, int stimulus,
-        const QVector<double>& range);
+    void showWaveChart(int index);
+    void showSpectrumChart(int index);
     void makeOrNameTrendAxisY();
 
     // --- Widgets of the parameter panel ---
@@ -325,86 +332,56 @@ private:
     // --- Session, sounds, trend and spectra ---
     Data data;
     QVector<double> timeAxis; ///< of the plotted samples, ms
-    double timeAxisRate; ///< sampling rate that the time axis is made for, Hz
-    QVector<double> standardSound; ///< full scale is +-1
-    QVector<double> deviantSound;
+    double timeAxisRate = data.fs; ///< sampling rate that the time axis is made for, Hz
+    Stimulus stimuli[2]; ///< the standard and the deviant
     Modulator modulator; ///< of the sound made last
     QVector<double> trendX; ///< zero-based trial indices
     QVector<double> trendY; ///< the deviant's value, % or Hz
-    double trendYMin; ///< limits of the trend's vertical axis
-    double trendYMax;
-    QVector<QPointF> standardPoints; ///< (ms, amplitude)
-    QVector<QPointF> deviantPoints;
-    QVector<QPointF> standardSpectrumPoints; ///< (Hz, amplitude)
-    QVector<QPointF> deviantSpectrumPoints;
-    QVector<double> standardRange; ///< smallest and largest sample
-    QVector<double> deviantRange;
-    QVector<qint64> fftLength; ///< transform length of each sound, a power of two
-    QVector<double> fftDuration; ///< transform length of each sound, s
-    QVector<double> frequencyResolution; ///< bin spacing of each spectrum, Hz
+    double trendYMin = emptyTrendMin; ///< limits of the trend's vertical axis
+    double trendYMax = emptyTrendMax;
+    QVector<qint64> fftLength = {1024, 1024}; ///< transform lengths, powers of two
+    QVector<double> fftDuration = {0.6, 0.6}; ///< transform lengths, s
+    QVector<double> frequencyResolution = {1 / 0.6, 1 / 0.6}; ///< bin spacings, Hz
     QVector<double> frequencyAxis; ///< Hz; the deviant's where the two differ
-    QVector<double> standardAmplitude; ///< linear, one a bin
-    QVector<double> deviantAmplitude;
-    QVector<double> standardPhase; ///< radians, -pi to pi, one a bin
-    QVector<double> deviantPhase;
-    QVector<double> standardAmplitudeRange; ///< smallest and largest amplitude
-    QVector<double> deviantAmplitudeRange;
-    int windowSelector; ///< 0: no window before the transform; 1: Hann
+    int windowSelector = 0; ///< 0: no window before the transform; 1: Hann
 
     // --- Charts, made on first display ---
-    QtCharts::QLineSeries* standardWaveSeries;
-    QtCharts::QValueAxis* standardWaveAxisX;
-    QtCharts::QValueAxis* standardWaveAxisY;
-    QtCharts::QChart* standardWaveChart;
-    QtCharts::QChartView* standardWaveView;
-    QtCharts::QLineSeries* deviantWaveSeries;
-    QtCharts::QValueAxis* deviantWaveAxisX;
-    QtCharts::QValueAxis* deviantWaveAxisY;
-    QtCharts::QChart* deviantWaveChart;
-    QtCharts::QChartView* deviantWaveView;
-    QtCharts::QLineSeries* standardSpectrumSeries;
-    QtCharts::QValueAxis* standardSpectrumAxisX;
-    QtCharts::QValueAxis* standardSpectrumAxisY;
-    QtCharts::QChart* standardSpectrumChart;
-    QtCharts::QChartView* standardSpectrumView;
-    QtCharts::QLineSeries* deviantSpectrumSeries;
-    QtCharts::QValueAxis* deviantSpectrumAxisX;
-    QtCharts::QValueAxis* deviantSpectrumAxisY;
-    QtCharts::QChart* deviantSpectrumChart;
-    QtCharts::QChartView* deviantSpectrumView;
-    QtCharts::QLineSeries* trendSeries;
-    QtCharts::QValueAxis* trendAxisX;
-    QtCharts::QValueAxis* trendAxisY;
-    QtCharts::QChart* trendChart;
-    QtCharts::QChartView* trendView;
+    Chart waveCharts[2]; ///< of the standard and of the deviant, as the next
+    Chart spectrumCharts[2];
+    QtCharts::QLineSeries* trendSeries = nullptr;
+    QtCharts::QValueAxis* trendAxisX = nullptr;
+    QtCharts::QValueAxis* trendAxisY = nullptr;
+    QtCharts::QChart* trendChart = nullptr;
+    QtCharts::QChartView* trendView = nullptr;
 
     // --- Trial loop ---
-    SubjectWindow* subjectWindow; ///< of the latest run; earlier ones live on, hidden
-    QTimer* timerPlay; ///< paces the sounds
-    QElapsedTimer* timerReaction; ///< runs from the reported end of the fourth sound
+    SubjectWindow* subjectWindow = nullptr; ///< of the latest run; earlier ones live on, hidden
+    QTimer* timerPlay = nullptr; ///< paces the sounds
+    QElapsedTimer* timerReaction = nullptr; ///< runs from the reported end of the fourth sound
     std::unique_ptr<ReactionClock> reactionClock; ///< reads timerReaction; a test may replace it
-    int nReactionTimerStarts;
-    int nSoundsPerTrial;
-    int soundIndex; ///< sounds started in the current trial
+    int nReactionTimerStarts = 0;
+    int nSoundsPerTrial = 4;
+    int soundIndex = 0; ///< sounds started in the current trial
     QVector<bool> stimSequence; ///< which intervals hold the deviant
     QFont fontAxisLabels;
     QFont fontAxisTitle;
     QFont fontChartTitle;
-    QByteArray* audioBytes; ///< the sound now playing, with the buffer and output below; else null
-    QBuffer* audioBuffer;
+    // The sound now playing, else null.
+    QByteArray* audioBytes = nullptr;
+    QBuffer* audioBuffer = nullptr;
     QAudioFormat audioFormat;
-    QAudioOutput* audioOutput;
-    bool centerWindow;
-    double widthFraction;
-    double heightFraction;
+    QAudioOutput* audioOutput = nullptr;
+    bool centerWindow = true;
+    double widthFraction = 0.8;
+    double heightFraction = 0.9;
     SoundProgress currentProgress; ///< of the sound now playing
     QList<Sound> soundsAside; ///< that still played when the next one started
-    QTimer* timerInterruption; ///< looks after interrupted sounds while there are any
+    QTimer* timerInterruption = nullptr; ///< looks after interrupted sounds while there are any
     QElapsedTimer pacingClock;
     SoundPacing pacing;
-    bool waitsForSound; ///< a tick has passed without a sound, since an earlier one has not ended
-    double waitingSinceMs; ///< on the pacing clock
-    bool isPeriodMoved; ///< the timer's interval is what is left of a silence, not the period
+    bool waitsForSound = false; ///< a tick passed without a sound: an earlier one has not ended
+    double waitingSinceMs = 0.0; ///< on the pacing clock
+    bool isPeriodMoved = false; ///< the timer's interval is the rest of a silence, not the period
     Disturbances disturbances; ///< of the trial under way
     QVector<Disturbances> recordedDisturbances; ///< one a record
 };

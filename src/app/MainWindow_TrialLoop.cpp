@@ -167,9 +167,8 @@ void MainWindow::playOneSound()
 
 QByteArray MainWindow::nextPcm() const
 {
-    const bool isDeviant = stimSequence[soundIndex];
-    return isDeviant ? encodedPcm(deviantSound, data.nSamples[deviant])
-                     : encodedPcm(standardSound, data.nSamples[standard]);
+    const int index = stimSequence[soundIndex] ? deviant : standard;
+    return encodedPcm(stimuli[index].samples, data.nSamples[index]);
 }
 
 // Undisturbed, the timer repeats by itself. After a late tick the next sound comes a whole period

@@ -17,17 +17,17 @@ QT_CHARTS_USE_NAMESPACE
 
 namespace {
 
-QChart* makeChart(const ChartMembers& members, const ChartSettings& settings)
+QChart* makeChart(const ChartLine& line, const ChartSettings& settings)
 {
     auto* const chart = new QChart;
     // While the chart is empty: each of the two has it laid out at once.
     chart->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
     chart->setMinimumWidth(settings.leastWidth);
-    chart->addSeries(members.series);
-    chart->addAxis(members.axisX, Qt::AlignBottom);
-    chart->addAxis(members.axisY, Qt::AlignLeft);
-    members.series->attachAxis(members.axisX);
-    members.series->attachAxis(members.axisY);
+    chart->addSeries(line.series);
+    chart->addAxis(line.axisX, Qt::AlignBottom);
+    chart->addAxis(line.axisY, Qt::AlignLeft);
+    line.series->attachAxis(line.axisX);
+    line.series->attachAxis(line.axisY);
     chart->setTitleFont(settings.titleFont);
     chart->setTitle(settings.title);
     chart->legend()->hide();
@@ -100,19 +100,29 @@ void refreshChart(const ChartLine& line, const QVector<QPointF>& points,
     }
 }
 
-void completeChart(const ChartMembers& members, const ChartSettings& settings, QGridLayout* grid)
+void completeChart(const ChartLine& line, QChart*& chart, QChartView*& view,
+    const ChartSettings& settings, QGridLayout* grid)
 {
-    if (members.chart == nullptr) {
-        members.chart = makeChart(members, settings);
+    if (chart == nullptr) {
+        chart = makeChart(line, settings);
     }
-    if (members.view == nullptr) {
-        members.view = named(new QChartView(members.chart), members.viewName);
-        members.view->setRenderHint(QPainter::Antialiasing);
-        members.view->setAccessibleName(settings.title);
-        members.view->setFocusPolicy(Qt::NoFocus); // no key does anything here
+    if (view == nullptr) {
+        view = named(new QChartView(chart), settings.viewName);
+        view->setRenderHint(QPainter::Antialiasing);
+        view->setAccessibleName(settings.title);
+        view->setFocusPolicy(Qt::NoFocus); // no key does anything here
         // A refresh changes nearly every item: keeping account of their regions costs more than it
         // saves, and leaves out the rim of a point that stands alone.
-        members.view->setViewportUpdateMode(QGraphicsView::FullViewportUpdate);
-        grid->addWidget(members.view, settings.row, settings.column, 1, settings.columnSpan);
+        view->setViewportUpdateMode(QGraphicsView::FullViewportUpdate);
+        grid->addWidget(view, settings.row, settings.column, 1, settings.columnSpan);
     }
+}
+
+void deleteChart(Chart& chart)
+{
+    deleteAndNull(chart.line.series);
+    deleteAndNull(chart.line.axisX);
+    deleteAndNull(chart.line.axisY);
+    deleteAndNull(chart.chart);
+    deleteAndNull(chart.view);
 }

@@ -23,6 +23,10 @@ constexpr int trendRow = 2;
 
 constexpr int stimulusChartWidth = 200; ///< least width, pixels
 
+/// The limits of the trend's vertical axis while there is nothing to show, % or Hz.
+constexpr double emptyTrendMin = 0.0;
+constexpr double emptyTrendMax = 100.0;
+
 /// Makes an object where its member is still null.
 template <typename Object> void makeIfMissing(Object*& member)
 {
@@ -51,9 +55,16 @@ QVector<double> axisRange(const QtCharts::QValueAxis* axis);
 
 /// A line and the axes that it is drawn along.
 struct ChartLine {
-    QtCharts::QLineSeries* series;
-    QtCharts::QValueAxis* axisX;
-    QtCharts::QValueAxis* axisY;
+    QtCharts::QLineSeries* series = nullptr;
+    QtCharts::QValueAxis* axisX = nullptr;
+    QtCharts::QValueAxis* axisY = nullptr;
+};
+
+/// What one chart is made of. The view owns the chart, and the chart what its line is made of.
+struct Chart {
+    ChartLine line;
+    QtCharts::QChart* chart = nullptr;
+    QtCharts::QChartView* view = nullptr;
 };
 
 /// Gives a line its points and its axes their two-element ranges. Where both ranges have a length
@@ -62,18 +73,9 @@ struct ChartLine {
 void refreshChart(const ChartLine& line, const QVector<QPointF>& points,
     const QVector<double>& rangeX, const QVector<double>& rangeY);
 
-/// The members of the window that one chart is made of.
-struct ChartMembers {
-    QtCharts::QLineSeries*& series;
-    QtCharts::QValueAxis*& axisX;
-    QtCharts::QValueAxis*& axisY;
-    QtCharts::QChart*& chart;
-    QtCharts::QChartView*& view;
-    const char* viewName; ///< the view member's own
-};
-
 /// How a chart looks and its cell in the chart grid.
 struct ChartSettings {
+    const char* viewName; ///< the view's object name
     QString title;
     QFont titleFont;
     int leastWidth; ///< pixels
@@ -82,7 +84,11 @@ struct ChartSettings {
     int columnSpan;
 };
 
-/// Makes the chart of a series over a bottom and a left axis, without legend and margins, and its
-/// antialiased view in the grid; each only while its member is still null. The series and the axes
-/// must be there and belong to the chart from then on, the chart to the view.
-void completeChart(const ChartMembers& members, const ChartSettings& settings, QGridLayout* grid);
+/// Makes the chart of a line over a bottom and a left axis, without legend and margins, and its
+/// antialiased view in the grid; each only where it is still null. Series and axes must be there
+/// and belong to the chart from then on, the chart to the view.
+void completeChart(const ChartLine& line, QtCharts::QChart*& chart, QtCharts::QChartView*& view,
+    const ChartSettings& settings, QGridLayout* grid);
+
+/// Deletes series, axes, chart and view, in this order, and leaves them null; null is fine.
+void deleteChart(Chart& chart);

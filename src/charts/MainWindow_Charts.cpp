@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The charts of the window on their first display and on View: the waveforms and the spectra of
+// the standard and the deviant, and the trend.
 #include "app/MainWindow.h"
 #include "charts/ChartParts.h"
 #include "charts/LineLayout.h"
@@ -19,72 +21,68 @@ void MainWindow::updateNPointsToPlot()
 void MainWindow::displayWav()
 {
     updateNPointsToPlot();
-    makeIfMissing(standardWaveSeries);
-    makeIfMissing(deviantWaveSeries);
-    standardPoints = chartPoints(timeAxis, standardSound, data.nPointsToPlot[standard]);
-    deviantPoints = chartPoints(timeAxis, deviantSound, data.nPointsToPlot[deviant]);
-    LineLayout::of(standardWaveSeries).replaceNow(standardPoints);
-    LineLayout::of(deviantWaveSeries).replaceNow(deviantPoints);
-    standardRange = amplitudeRange(standardSound);
-    deviantRange = amplitudeRange(deviantSound);
-    showWaveChart({standardWaveSeries, standardWaveAxisX, standardWaveAxisY, standardWaveChart,
-                      standardWaveView, "standardWaveView"},
-        "Time Waveform (standard)", standard, standardRange);
-    showWaveChart({deviantWaveSeries, deviantWaveAxisX, deviantWaveAxisY, deviantWaveChart,
-                      deviantWaveView, "deviantWaveView"},
-        "Time Waveform (Deviant)", deviant, deviantRange);
+    showWaveChart(standard);
+    showWaveChart(deviant);
 }
 
-void MainWindow::showWaveChart(
-    const ChartMembers& members, const QString& title, int stimulus, const QVector<double>& range)
+void MainWindow::showWaveChart(int index)
 {
-    if (members.axisX == nullptr) {
-        members.axisX = makeAxis("Time (ms)", fontAxisLabels, fontAxisTitle);
+    constexpr const char* viewNames[] = {"standardWaveView", "deviantWaveView"};
+    constexpr const char* titles[] = {"Time Waveform (standard)", "Time Waveform (Deviant)"};
+    Stimulus& stimulus = stimuli[index];
+    Chart& chart = waveCharts[index];
+    ChartLine& line = chart.line;
+    makeIfMissing(line.series);
+    stimulus.points = chartPoints(timeAxis, stimulus.samples, data.nPointsToPlot[index]);
+    LineLayout::of(line.series).replaceNow(stimulus.points);
+    stimulus.range = amplitudeRange(stimulus.samples);
+    if (line.axisX == nullptr) {
+        line.axisX = makeAxis("Time (ms)", fontAxisLabels, fontAxisTitle);
     }
-    members.axisX->setRange(0, sampleTime(data.nPointsToPlot[stimulus], data.fs));
-    if (members.axisY == nullptr) {
-        members.axisY = makeAxis("Amplitude", fontAxisLabels, fontAxisTitle);
+    line.axisX->setRange(0, sampleTime(data.nPointsToPlot[index], data.fs));
+    if (line.axisY == nullptr) {
+        line.axisY = makeAxis("Amplitude", fontAxisLabels, fontAxisTitle);
     }
-    setAxisRange(members.axisY, range);
-    completeChart(members, {title, fontChartTitle, stimulusChartWidth, waveformRow, stimulus, 1},
+    setAxisRange(line.axisY, stimulus.range);
+    completeChart(line, chart.chart, chart.view,
+        {viewNames[index], titles[index], fontChartTitle, stimulusChartWidth, waveformRow, index,
+            1},
         gridLayoutCharts);
 }
 
 void MainWindow::displayFFT()
 {
-    makeIfMissing(standardSpectrumSeries);
-    makeIfMissing(deviantSpectrumSeries);
-    standardSpectrumPoints
-        = chartPoints(frequencyAxis, standardAmplitude, data.nFreqPointsToPlot[standard]);
-    deviantSpectrumPoints
-        = chartPoints(frequencyAxis, deviantAmplitude, data.nFreqPointsToPlot[deviant]);
-    LineLayout::of(standardSpectrumSeries).replaceNow(standardSpectrumPoints);
-    LineLayout::of(deviantSpectrumSeries).replaceNow(deviantSpectrumPoints);
-    standardAmplitudeRange = amplitudeRange(standardAmplitude);
-    deviantAmplitudeRange = amplitudeRange(deviantAmplitude);
-    showSpectrumChart({standardSpectrumSeries, standardSpectrumAxisX, standardSpectrumAxisY,
-                          standardSpectrumChart, standardSpectrumView, "standardSpectrumView"},
-        "Amplitude Spectrum (standard)", standard, standardAmplitudeRange);
-    showSpectrumChart({deviantSpectrumSeries, deviantSpectrumAxisX, deviantSpectrumAxisY,
-                          deviantSpectrumChart, deviantSpectrumView, "deviantSpectrumView"},
-        "Amplitude Spectrum (Deviant)", deviant, deviantAmplitudeRange);
+    showSpectrumChart(standard);
+    showSpectrumChart(deviant);
 }
 
 // The frequency axis keeps the range that it is made with.
-void MainWindow::showSpectrumChart(
-    const ChartMembers& members, const QString& title, int stimulus, const QVector<double>& range)
+void MainWindow::showSpectrumChart(int index)
 {
-    if (members.axisX == nullptr) {
-        members.axisX = makeAxis("Frequency (Hz)", fontAxisLabels, fontAxisTitle);
-        members.axisX->setRange(0, data.freqToPlot[stimulus]);
-        members.axisX->setLabelFormat("%.0f");
+    constexpr const char* viewNames[] = {"standardSpectrumView", "deviantSpectrumView"};
+    constexpr const char* titles[]
+        = {"Amplitude Spectrum (standard)", "Amplitude Spectrum (Deviant)"};
+    Stimulus& stimulus = stimuli[index];
+    const QVector<double>& amplitude = stimulus.spectrum.amplitude;
+    Chart& chart = spectrumCharts[index];
+    ChartLine& line = chart.line;
+    makeIfMissing(line.series);
+    stimulus.spectrumPoints = chartPoints(frequencyAxis, amplitude, data.nFreqPointsToPlot[index]);
+    LineLayout::of(line.series).replaceNow(stimulus.spectrumPoints);
+    stimulus.amplitudeRange = amplitudeRange(amplitude);
+    if (line.axisX == nullptr) {
+        line.axisX = makeAxis("Frequency (Hz)", fontAxisLabels, fontAxisTitle);
+        line.axisX->setRange(0, data.freqToPlot[index]);
+        line.axisX->setLabelFormat("%.0f");
     }
-    if (members.axisY == nullptr) {
-        members.axisY = makeAxis("Amplitude", fontAxisLabels, fontAxisTitle);
-        members.axisY->setRange(0, 1);
+    if (line.axisY == nullptr) {
+        line.axisY = makeAxis("Amplitude", fontAxisLabels, fontAxisTitle);
+        line.axisY->setRange(0, 1);
     }
-    setAxisRange(members.axisY, range);
-    completeChart(members, {title, fontChartTitle, stimulusChartWidth, spectrumRow, stimulus, 1},
+    setAxisRange(line.axisY, stimulus.amplitudeRange);
+    completeChart(line, chart.chart, chart.view,
+        {viewNames[index], titles[index], fontChartTitle, stimulusChartWidth, spectrumRow, index,
+            1},
         gridLayoutCharts);
 }
 
@@ -102,8 +100,9 @@ void MainWindow::displayTrend()
         trendAxisX->setTickCount(2);
     }
     makeOrNameTrendAxisY();
-    completeChart({trendSeries, trendAxisX, trendAxisY, trendChart, trendView, "trendView"},
-        {"Response Trend", fontChartTitle, leastWidth, trendRow, 0, 2}, gridLayoutCharts);
+    completeChart({trendSeries, trendAxisX, trendAxisY}, trendChart, trendView,
+        {"trendView", "Response Trend", fontChartTitle, leastWidth, trendRow, 0, 2},
+        gridLayoutCharts);
 }
 
 // A new axis is named after the modulation depth whatever the main parameter; later calls correct

@@ -3,10 +3,6 @@
 
 class Data;
 
-/// The limits of the trend's vertical axis while there is nothing to show, % or Hz.
-constexpr double emptyTrendMin = 0.0;
-constexpr double emptyTrendMax = 100.0;
-
 // The weighted up-down rule: a correct answer makes the deviant harder to tell apart by one step, a
 // wrong one easier by two. Steps are 2 dB until two reversals have been counted and 1 dB after
 // that. In the long run 2/3 of the answers are correct: Kaernbach (1991), Percept. Psychophys. 49,

@@ -12,37 +12,36 @@ void MainWindow::genWav()
         const int nPlotted = std::max(data.nPointsToPlot[standard], data.nPointsToPlot[deviant]);
         timeAxis = plottedTimes(nPlotted, data.fs);
         timeAxisRate = data.fs;
-        synthesise(standardSound, modulator, data, standard);
+        synthesise(stimuli[standard].samples, modulator, data, standard);
     }
-    synthesise(deviantSound, modulator, data, deviant);
+    synthesise(stimuli[deviant].samples, modulator, data, deviant);
     if (data.equalizeRms) {
-        equaliseLevels(standardSound, deviantSound);
+        equaliseLevels(stimuli[standard].samples, stimuli[deviant].samples);
     }
 }
 
 void MainWindow::updateWav()
 {
     updateNPointsToPlot();
-    refreshWavePoints(standardPoints, standardSound, data.nPointsToPlot[standard]);
-    refreshWavePoints(deviantPoints, deviantSound, data.nPointsToPlot[deviant]);
-    standardRange = amplitudeRange(standardSound);
-    deviantRange = amplitudeRange(deviantSound);
-    refreshChart({standardWaveSeries, standardWaveAxisX, standardWaveAxisY}, standardPoints,
-        {0, sampleTime(data.nPointsToPlot[standard], data.fs)}, standardRange);
-    refreshChart({deviantWaveSeries, deviantWaveAxisX, deviantWaveAxisY}, deviantPoints,
-        {0, sampleTime(data.nPointsToPlot[deviant], data.fs)}, deviantRange);
+    for (const int i : {standard, deviant}) {
+        Stimulus& stimulus = stimuli[i];
+        refreshWavePoints(i);
+        stimulus.range = amplitudeRange(stimulus.samples);
+        refreshChart(waveCharts[i].line, stimulus.points,
+            {0, sampleTime(data.nPointsToPlot[i], data.fs)}, stimulus.range);
+    }
 }
 
 // The list and the time axis are lengthened where the sound to plot outgrew them, never shortened.
 // The axis goes on at the rate that it was made for: times must grow, also when the sampling rate
 // was changed after View.
-void MainWindow::refreshWavePoints(
-    QVector<QPointF>& points, const QVector<double>& sound, int nPointsToPlot)
+void MainWindow::refreshWavePoints(int index)
 {
-    const int nPoints = std::min(nPointsToPlot, sound.size());
+    const QVector<double>& samples = stimuli[index].samples;
+    const int nPoints = std::min(data.nPointsToPlot[index], samples.size());
     if (timeAxis.isEmpty()) {
         timeAxisRate = data.fs;
     }
     extendTimeAxis(timeAxis, nPoints, timeAxisRate);
-    overwritePoints(points, timeAxis, sound, nPoints);
+    overwritePoints(stimuli[index].points, timeAxis, samples, nPoints);
 }

@@ -10,37 +10,34 @@
 void MainWindow::genFFT()
 {
     if (windowSelector != 0) {
-        applyWindow(standardSound, data.nSamples[standard], windowSelector);
-        applyWindow(deviantSound, data.nSamples[deviant], windowSelector);
+        for (const int i : {standard, deviant}) {
+            applyWindow(stimuli[i].samples, data.nSamples[i], windowSelector);
+        }
     }
     const qint64 longerTransform = std::max(fftLength[standard], fftLength[deviant]);
     frequencyAxis.resize(static_cast<int>(longerTransform / 2));
-    analyse(standard, standardSound, standardAmplitude, standardPhase);
-    analyse(deviant, deviantSound, deviantAmplitude, deviantPhase);
+    analyse(standard);
+    analyse(deviant);
 }
 
 // Both analyses write the one frequency axis: it ends up as the deviant's.
-void MainWindow::analyse(
-    int stimulus, const QVector<double>& sound, QVector<double>& amplitude, QVector<double>& phase)
+void MainWindow::analyse(int index)
 {
-    Spectrum spectrum = spectrumOf(sound, fftLength[stimulus], data.nSamples[stimulus]);
-    amplitude.swap(spectrum.amplitude);
-    phase.swap(spectrum.phase);
-    fftDuration[stimulus] = static_cast<double>(fftLength[stimulus]) / data.fs;
-    frequencyResolution[stimulus] = 1 / fftDuration[stimulus];
-    overwriteFrequencies(frequencyAxis, amplitude.size(), frequencyResolution[stimulus]);
+    Spectrum& spectrum = stimuli[index].spectrum;
+    spectrum = spectrumOf(stimuli[index].samples, fftLength[index], data.nSamples[index]);
+    fftDuration[index] = static_cast<double>(fftLength[index]) / data.fs;
+    frequencyResolution[index] = 1 / fftDuration[index];
+    overwriteFrequencies(frequencyAxis, spectrum.amplitude.size(), frequencyResolution[index]);
 }
 
 void MainWindow::updateFFT()
 {
-    overwritePoints(standardSpectrumPoints, frequencyAxis, standardAmplitude,
-        std::min(data.nFreqPointsToPlot[standard], standardSpectrumPoints.size()));
-    overwritePoints(deviantSpectrumPoints, frequencyAxis, deviantAmplitude,
-        std::min(data.nFreqPointsToPlot[deviant], deviantSpectrumPoints.size()));
-    standardAmplitudeRange = amplitudeRange(standardAmplitude);
-    deviantAmplitudeRange = amplitudeRange(deviantAmplitude);
-    refreshChart({standardSpectrumSeries, standardSpectrumAxisX, standardSpectrumAxisY},
-        standardSpectrumPoints, axisRange(standardSpectrumAxisX), standardAmplitudeRange);
-    refreshChart({deviantSpectrumSeries, deviantSpectrumAxisX, deviantSpectrumAxisY},
-        deviantSpectrumPoints, axisRange(deviantSpectrumAxisX), deviantAmplitudeRange);
+    for (const int i : {standard, deviant}) {
+        Stimulus& stimulus = stimuli[i];
+        const ChartLine& line = spectrumCharts[i].line;
+        overwritePoints(stimulus.spectrumPoints, frequencyAxis, stimulus.spectrum.amplitude,
+            std::min(data.nFreqPointsToPlot[i], stimulus.spectrumPoints.size()));
+        stimulus.amplitudeRange = amplitudeRange(stimulus.spectrum.amplitude);
+        refreshChart(line, stimulus.spectrumPoints, axisRange(line.axisX), stimulus.amplitudeRange);
+    }
 }
