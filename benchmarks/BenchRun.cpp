@@ -50,6 +50,10 @@ BenchRun::BenchRun(const RunSettings& settings)
     Probe::pushButtonGo(m_window)->click();
     m_window.updateMainwindow(0);
     comeToRest();
+    if (settings.isShown) {
+        m_plainCharts = std::make_unique<PlainCharts>(m_window);
+    }
+    comeToRest();
 }
 
 void BenchRun::respond()
@@ -80,5 +84,17 @@ BenchRun::Turnaround BenchRun::answer()
     m_window.genWav();
     m_window.genFFT();
     turnaround.computing = secondsSince(computingStart);
+    turnaround.plain = showPlainly();
     return turnaround;
+}
+
+double BenchRun::showPlainly()
+{
+    if (!m_plainCharts) {
+        return 0.0;
+    }
+    const Clock::time_point start = Clock::now();
+    m_plainCharts->refresh();
+    comeToRest();
+    return secondsSince(start);
 }

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "PlainCharts.h"
 #include "app/MainWindow.h"
+
+#include <memory>
 
 /// What a benchmark's run is made of; all else stands at its defaults.
 struct RunSettings {
@@ -21,6 +24,7 @@ public:
         double computing; ///< the new sounds and their spectra alone, made once more after it
         double armed; ///< until the pacing timer of the next trial runs
         double free; ///< until the event loop has nothing more to do: the charts are repainted
+        double plain; ///< until it has, when plain charts show the same; 0 where nothing is shown
     };
 
     explicit BenchRun(const RunSettings& settings);
@@ -34,6 +38,8 @@ public:
 
 private:
     void respond();
+    double showPlainly();
 
     MainWindow m_window;
+    std::unique_ptr<PlainCharts> m_plainCharts; ///< of a window that is shown
 };

@@ -36,6 +36,7 @@ void measure(benchmark::State& state, const Case& benchCase)
         state.SetIterationTime(turnaround.free);
         state.counters["computing"] = turnaround.computing;
         state.counters["armed"] = turnaround.armed;
+        state.counters["plain"] = turnaround.plain;
     }
 }
 

@@ -96,12 +96,18 @@ def signal(folder):
 def turnaround(folder):
     results = medians(folder, "turnaround")
 
-    def rows(prefix, last):
-        return [[name[len(prefix):], figure(entry["computing"] * MILLI),
-                 figure(entry["armed"] * MILLI), *([figure(entry["real"] * MILLI)] if last else [])]
-                for name, entry in results.items() if name.startswith(prefix)]
+    def rows(prefix, shown):
+        result = []
+        for name, entry in results.items():
+            if name.startswith(prefix):
+                times = [entry["computing"], entry["armed"]]
+                times += [entry["real"], entry["plain"]] if shown else []
+                ratio = [figure(entry["real"] / entry["plain"])] if shown else []
+                result.append([name[len(prefix):], *(figure(t * MILLI) for t in times), *ratio])
+        return result
 
-    heading = ["computing", "until the timer runs", "until all is repainted"]
+    heading = ["computing", "until the timer runs", "until the event loop is free",
+               "plain charts", "ratio"]
     table("From an answer to the next trial, ms", ["", *heading], rows("turnaround/", True))
     table("Growth with the duration (ms), ms", ["duration", *heading[:2]],
           rows("growth/duration/", False))
