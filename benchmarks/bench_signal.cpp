@@ -30,7 +30,7 @@ void repeatGenWav(benchmark::State& state, MainWindow& window)
     }
 }
 
-// A trial's: the deviant, with the modulator of the trial before, and the standard's level.
+// A trial's: the deviant, and the standard's level.
 void genWavOfTrial(benchmark::State& state, int soundType)
 {
     BenchRun run(settingsOf(soundType));
@@ -39,14 +39,11 @@ void genWavOfTrial(benchmark::State& state, int soundType)
 BENCHMARK_CAPTURE(genWavOfTrial, noise, noiseCarrier)->Name("genWav/trial/noise");
 BENCHMARK_CAPTURE(genWavOfTrial, sinusoid, sinusoidCarrier)->Name("genWav/trial/sinusoid");
 
-// A View's of two unlike modulators: both sounds and the cosines of both. They differ in phase,
-// since the time of a cosine depends on how soon its arguments repeat.
+// A View's: both sounds, and the standard's level.
 void genWavOfView(benchmark::State& state, int soundType)
 {
     BenchRun run(settingsOf(soundType));
-    Data& data = Probe::data(run.window());
-    data.nTrials = 0;
-    data.mfPhase[standard] = 0.0;
+    Probe::data(run.window()).nTrials = 0;
     repeatGenWav(state, run.window());
 }
 BENCHMARK_CAPTURE(genWavOfView, noise, noiseCarrier)->Name("genWav/View/noise");

@@ -20,7 +20,6 @@
 #include "charts/ChartParts.h"
 #include "session/Data.h"
 #include "session/Disturbances.h"
-#include "signal/Modulator.h"
 #include "signal/Spectrum.h"
 
 #include <QAudio>
@@ -334,7 +333,6 @@ private:
     QVector<double> timeAxis; ///< of the plotted samples, ms
     double timeAxisRate = data.fs; ///< sampling rate that the time axis is made for, Hz
     Stimulus stimuli[2]; ///< the standard and the deviant
-    Modulator modulator; ///< of the sound made last
     QVector<double> trendX; ///< zero-based trial indices
     QVector<double> trendY; ///< the deviant's value, % or Hz
     double trendYMin = emptyTrendMin; ///< limits of the trend's vertical axis

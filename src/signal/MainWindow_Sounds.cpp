@@ -12,9 +12,9 @@ void MainWindow::genWav()
         const int nPlotted = std::max(data.nPointsToPlot[standard], data.nPointsToPlot[deviant]);
         timeAxis = plottedTimes(nPlotted, data.fs);
         timeAxisRate = data.fs;
-        synthesise(stimuli[standard].samples, modulator, data, standard);
+        synthesise(stimuli[standard].samples, data, standard);
     }
-    synthesise(stimuli[deviant].samples, modulator, data, deviant);
+    synthesise(stimuli[deviant].samples, data, deviant);
     if (data.equalizeRms) {
         equaliseLevels(stimuli[standard].samples, stimuli[deviant].samples);
     }

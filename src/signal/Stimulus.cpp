@@ -2,9 +2,9 @@
 #include "signal/Stimulus.h"
 
 #include "session/Units.h"
-#include "signal/Modulator.h"
 #include "signal/Oscillation.h"
 #include "signal/SignalConstants.h"
+#include "signal/SignalToolkit.h"
 #include "signal/VectorRegisters.h"
 
 #include <algorithm>
@@ -34,46 +34,27 @@ void fillWithCarrier(QVector<double>& sound, const Data& data, int stimulus)
 }
 
 // The envelope times the amplitude, times the carrier, times the normalisation.
-void modulate(
-    QVector<double>& sound, const QVector<double>& modulator, const Data& data, int stimulus)
+void modulate(QVector<double>& sound, const Data& data, int stimulus)
 {
+    const Oscillation modulator = {data.mf[stimulus], data.fs, data.mfPhase[stimulus]};
     const double depth = data.md[stimulus];
     const double amplitude = data.amp[stimulus];
     const double normalisation = data.normalizeMd ? 1 / (depth + 1) : 1.0;
     double* const samples = sound.data();
     for (int k = 0; k < sound.size(); ++k) {
-        samples[k] = (modulator[k] * depth + 1) * amplitude * samples[k] * normalisation;
+        const double envelope = std::cos(modulator.angle(k)) * depth + 1;
+        samples[k] = envelope * amplitude * samples[k] * normalisation;
     }
-}
-
-// rms(a) / rms(b). The sums run side by side: alone, each waits for its own last addition.
-double levelRatio(const QVector<double>& a, const QVector<double>& b)
-{
-    double sumA = 0.0;
-    double sumB = 0.0;
-    const int n = std::min(a.size(), b.size());
-    for (int i = 0; i < n; ++i) {
-        sumA += a[i] * a[i];
-        sumB += b[i] * b[i];
-    }
-    for (int i = n; i < a.size(); ++i) {
-        sumA += a[i] * a[i];
-    }
-    for (int i = n; i < b.size(); ++i) {
-        sumB += b[i] * b[i];
-    }
-    return std::sqrt(sumA / a.size()) / std::sqrt(sumB / b.size());
 }
 
 } // namespace
 
-void synthesise(QVector<double>& sound, Modulator& modulator, const Data& data, int stimulus)
+void synthesise(QVector<double>& sound, const Data& data, int stimulus)
 {
     clearUpperVectorHalves();
     sound.resize(std::max(data.nSamples[stimulus], 0));
     fillWithCarrier(sound, data, stimulus);
-    const Oscillation modulation = {data.mf[stimulus], data.fs, data.mfPhase[stimulus]};
-    modulate(sound, modulator.samples(modulation, sound.size()), data, stimulus);
+    modulate(sound, data, stimulus);
 }
 
 void equaliseLevels(QVector<double>& standardSound, const QVector<double>& deviantSound)
@@ -81,7 +62,7 @@ void equaliseLevels(QVector<double>& standardSound, const QVector<double>& devia
     if (standardSound.isEmpty()) {
         return;
     }
-    const double factor = levelRatio(deviantSound, standardSound);
+    const double factor = rms(deviantSound) / rms(standardSound);
     for (double& sample : standardSound) {
         sample *= factor;
     }

@@ -52,8 +52,7 @@ double levelOfTone(double depth)
     Data data;
     data.md[deviant] = depth;
     QVector<double> sound;
-    Modulator modulator;
-    synthesise(sound, modulator, data, deviant);
+    synthesise(sound, data, deviant);
     return 20.0 * std::log10(rms(sound));
 }
 

@@ -47,8 +47,7 @@ double toneLevel(double depth)
     Data data;
     data.md[deviant] = depth;
     QVector<double> sound;
-    Modulator modulator;
-    synthesise(sound, modulator, data, deviant);
+    synthesise(sound, data, deviant);
     return decibels(rms(sound));
 }
 
@@ -60,14 +59,13 @@ double spreadOfLevelFactor(double seconds)
     data.soundType = noiseCarrier;
     data.md[deviant] = 0.0;
     data.nSamples.fill(static_cast<int>(data.fs * seconds));
-    Modulator modulator;
     QVector<double> standardSound;
     QVector<double> deviantSound;
     std::vector<double> factors;
     qsrand(1);
     for (int i = 0; i < nTrials; ++i) {
-        synthesise(standardSound, modulator, data, standard);
-        synthesise(deviantSound, modulator, data, deviant);
+        synthesise(standardSound, data, standard);
+        synthesise(deviantSound, data, deviant);
         const double before = standardSound.constFirst();
         equaliseLevels(standardSound, deviantSound);
         factors.push_back(standardSound.constFirst() / before);

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "signal/Modulator.h"
 #include "signal/StatedSound.h"
 #include "signal/Stimulus.h"
 #include "support/Draws.h"
@@ -46,8 +45,7 @@ Data barEnvelope()
 QVector<double> synthesised(const Data& data, int stimulus)
 {
     QVector<double> sound(100, qQNaN());
-    Modulator modulator;
-    synthesise(sound, modulator, data, stimulus);
+    synthesise(sound, data, stimulus);
     return sound;
 }
 
@@ -85,34 +83,6 @@ private slots:
             const QVector<double> sound = synthesised(data, stimulus);
             QCOMPARE(firstDifference(sound, statedSound(data, stimulus, draws)), -1);
             QCOMPARE(drawsMade(draws), soundType == noiseCarrier ? data.nSamples[stimulus] : 0);
-        }
-    }
-
-    void sound_followsItsModulation_whenItsModulatorHeldAnother()
-    {
-        Modulator modulator;
-        Data data = unlikeSounds();
-        data.soundType = sinusoidCarrier;
-        QVector<Data> sessions = {data, data};
-        data.mf[deviant] = 5.1;
-        sessions << data << data;
-        data.mfPhase[deviant] = 0.25;
-        sessions << data;
-        data.fs = 22050.0;
-        sessions << data;
-        data.nSamples[deviant] = 2500;
-        sessions << data;
-        data.nSamples[deviant] = 0;
-        sessions << data;
-        data.nSamples[deviant] = 1000;
-        sessions << data;
-        data.mf[deviant] = qQNaN();
-        sessions << data << data;
-        for (int i = 0; i < sessions.size(); ++i) {
-            QVector<double> sound;
-            synthesise(sound, modulator, sessions[i], deviant);
-            const QVector<double> stated = statedSound(sessions[i], deviant);
-            QVERIFY2(firstDifference(sound, stated) == -1, qPrintable(QString::number(i)));
         }
     }
 
