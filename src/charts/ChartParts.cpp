@@ -2,7 +2,6 @@
 #include "charts/ChartParts.h"
 
 #include "app/WindowParts.h"
-#include "charts/LineLayout.h"
 
 #include <QGridLayout>
 #include <QtCharts/QChart>
@@ -86,17 +85,12 @@ QVector<double> axisRange(const QValueAxis* axis)
 void refreshChart(const ChartLine& line, const QVector<QPointF>& points,
     const QVector<double>& rangeX, const QVector<double>& rangeY)
 {
-    LineLayout& layout = LineLayout::of(line.series);
     const bool pointsLast = hasLength(rangeX) && hasLength(rangeY);
-    if (pointsLast) {
-        line.series->clear();
-    } else {
-        layout.replaceNow(points);
-    }
+    line.series->replace(pointsLast ? QVector<QPointF>() : points);
     setAxisRange(line.axisX, rangeX);
     setAxisRange(line.axisY, rangeY);
     if (pointsLast) {
-        layout.replaceLater(points);
+        line.series->replace(points);
     }
 }
 

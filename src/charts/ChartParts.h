@@ -67,9 +67,8 @@ struct Chart {
     QtCharts::QChartView* view = nullptr;
 };
 
-/// Gives a line its points and its axes their two-element ranges. Where both ranges have a length
-/// the line is laid out when the event loop runs. Else it is laid out at once, along the axes as
-/// they were; limits that are not finite leave an axis as it was.
+/// Gives a line its points and its axes their two-element ranges; limits that are not finite leave
+/// an axis as it was.
 void refreshChart(const ChartLine& line, const QVector<QPointF>& points,
     const QVector<double>& rangeX, const QVector<double>& rangeY);
 

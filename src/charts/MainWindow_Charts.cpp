@@ -3,7 +3,6 @@
 // the standard and the deviant, and the trend.
 #include "app/MainWindow.h"
 #include "charts/ChartParts.h"
-#include "charts/LineLayout.h"
 #include "session/AdaptedParameter.h"
 #include "session/Counts.h"
 #include "signal/Stimulus.h"
@@ -34,7 +33,7 @@ void MainWindow::showWaveChart(int index)
     ChartLine& line = chart.line;
     makeIfMissing(line.series);
     stimulus.points = chartPoints(timeAxis, stimulus.samples, data.nPointsToPlot[index]);
-    LineLayout::of(line.series).replaceNow(stimulus.points);
+    line.series->replace(stimulus.points);
     stimulus.range = amplitudeRange(stimulus.samples);
     if (line.axisX == nullptr) {
         line.axisX = makeAxis("Time (ms)", fontAxisLabels, fontAxisTitle);
@@ -68,7 +67,7 @@ void MainWindow::showSpectrumChart(int index)
     ChartLine& line = chart.line;
     makeIfMissing(line.series);
     stimulus.spectrumPoints = chartPoints(frequencyAxis, amplitude, data.nFreqPointsToPlot[index]);
-    LineLayout::of(line.series).replaceNow(stimulus.spectrumPoints);
+    line.series->replace(stimulus.spectrumPoints);
     stimulus.amplitudeRange = amplitudeRange(amplitude);
     if (line.axisX == nullptr) {
         line.axisX = makeAxis("Frequency (Hz)", fontAxisLabels, fontAxisTitle);

@@ -16,10 +16,7 @@ void MainWindow::updateTrend()
     if (adapted != nullptr) {
         trendY.append(adapted->shown(adaptedValue(data), data.cf[standard]));
     }
-    // A new range lays out the labels of all ticks at once, a new number of ticks leaves that to
-    // the event loop: meanwhile there are as few ticks as an axis can have. The axis comes before
-    // the point, so that the chart is laid out before it is painted, not between two paintings.
-    trendAxisX->setTickCount(2);
+    // Ticks before range before point: in any other order the chart is painted twice.
     trendAxisX->setRange(0, data.nTrials);
     trendAxisX->setLabelFormat("%g");
     trendAxisX->setTickCount(data.nTrials + 1);

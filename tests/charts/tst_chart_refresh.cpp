@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "charts/ChartParts.h"
-#include "charts/LineLayout.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
-#include <QPointer>
-#include <QSignalSpy>
 #include <QTest>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
@@ -128,44 +125,6 @@ private slots:
             plain.setInOrder(points, state);
         }
         QVERIFY(refreshed.picture() == plain.picture());
-    }
-
-    void line_isLaidOutOnceByTheEventLoop_howeverOftenRefreshed()
-    {
-        const LineChart chart;
-        const QSignalSpy layouts(chart.series, &QLineSeries::pointsReplaced);
-        for (const State& state : {usual, other, usual}) {
-            refreshChart(
-                chart.line(), zigzag(state.lastX, state.rangeY), state.rangeX, state.rangeY);
-        }
-        QCOMPARE(layouts.count(), 0);
-        QCoreApplication::processEvents();
-        QCOMPARE(layouts.count(), 1);
-    }
-
-    void line_isLaidOutAtOnce_whenItsPointsAreReplaced()
-    {
-        const LineChart chart;
-        const QVector<QPointF> points = zigzag(usual.lastX, usual.rangeY);
-        refreshChart(chart.line(), points, usual.rangeX, usual.rangeY);
-        const QSignalSpy layouts(chart.series, &QLineSeries::pointsReplaced);
-        LineLayout::of(chart.series).replaceNow(points);
-        QCOMPARE(layouts.count(), 1);
-        QCoreApplication::processEvents();
-        QCOMPARE(layouts.count(), 1);
-    }
-
-    void chart_mayGo_beforeItsLineIsLaidOut()
-    {
-        QPointer<QLineSeries> series;
-        {
-            const LineChart chart;
-            series = chart.series;
-            refreshChart(
-                chart.line(), zigzag(usual.lastX, usual.rangeY), usual.rangeX, usual.rangeY);
-        }
-        QVERIFY(series.isNull());
-        QCoreApplication::processEvents();
     }
 
     void points_areShown_whateverTheRanges_data()

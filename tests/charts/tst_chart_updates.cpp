@@ -4,11 +4,7 @@
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
-#include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
-
-using Probe = MainWindowProbe;
 
 QT_CHARTS_USE_NAMESPACE
 
@@ -61,27 +57,6 @@ class TestChartUpdates : public WindowTest {
     Q_OBJECT
 
 private slots:
-    void nextTrialsTimer_startsBeforeTheLinesAreLaidOut()
-    {
-        WaitingRun run;
-        QVERIFY(!Probe::timerPlay(run.window)->isActive());
-        const QSignalSpy layouts[] = {
-            {standardWave(run.window).series, &QXYSeries::pointsReplaced},
-            {deviantWave(run.window).series, &QXYSeries::pointsReplaced},
-            {standardSpectrum(run.window).series, &QXYSeries::pointsReplaced},
-            {deviantSpectrum(run.window).series, &QXYSeries::pointsReplaced},
-        };
-        run.driver.answerRightly(true);
-        QVERIFY(Probe::timerPlay(run.window)->isActive());
-        for (const QSignalSpy& layout : layouts) {
-            QCOMPARE(layout.count(), 0);
-        }
-        comeToRest();
-        for (const QSignalSpy& layout : layouts) {
-            QCOMPARE(layout.count(), 1);
-        }
-    }
-
     void everyChart_isPaintedOnce_afterAnAnswer()
     {
         WaitingRun run;
