@@ -216,9 +216,8 @@ private:
     void fillParameterGrid();
     void describePanel();
     // app/MainWindow_TrialLoop.cpp
+    void makeTrialLoop();
     void connectToListener(SubjectWindow* window);
-    void setPlaybackRate();
-    void checkPlaybackFormat() const;
     QByteArray nextPcm() const;
     bool mustWaitForSound(double tickMs);
     void waitForSound();
@@ -232,6 +231,9 @@ private:
     void endTrial();
     void startReactionTimer();
     // app/MainWindow_Playback.cpp
+    void makeAudioFormat();
+    void setPlaybackRate();
+    void checkPlaybackFormat() const;
     void startSound(const QByteArray& bytes);
     void endCurrentSound();
     void warnOfError(const QAudioOutput* output);
@@ -255,10 +257,6 @@ private:
     // session/MainWindow_Panel.cpp
     void fillComboBoxes();
     void fillLineEdits();
-    void deriveSizes();
-    void makeChartFonts();
-    void makeTrialLoop();
-    void makeAudioFormat();
     void readDeviant();
     void showDeviantDepth();
     void showDeviantDifference();
@@ -266,10 +264,12 @@ private:
     // signal/MainWindow_Sounds.cpp
     void refreshWavePoints(int index);
     // signal/MainWindow_Spectra.cpp
+    void deriveTransformLengths();
     void analyse(int index);
     // procedure/MainWindow_Staircase.cpp
     void widenTrend();
-    // charts/
+    // charts/MainWindow_Charts.cpp
+    void makeChartFonts();
     void showWaveChart(int index);
     void showSpectrumChart(int index);
     void makeOrNameTrendAxisY();

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A sound from its start to its release: sounds that are put aside because the next one begins, and
-// sounds that ran dry and are brought to their end.
+// The audio format, and a sound from its start to its release: sounds that are put aside because the
+// next one begins, and sounds that ran dry and are brought to their end.
 #include "app/MainWindow.h"
 #include "app/PcmEncoding.h"
 #include "app/PlaybackBuffer.h"
+#include "session/Counts.h"
 
+#include <QAudioDeviceInfo>
 #include <QAudioOutput>
 #include <QTimer>
 
@@ -24,6 +26,35 @@ bool hasRunDry(const QBuffer* buffer)
 }
 
 } // namespace
+
+void MainWindow::makeAudioFormat()
+{
+    audioFormat.setSampleRate(truncatedCount(data.fs));
+    audioFormat.setChannelCount(1);
+    audioFormat.setSampleSize(32);
+    audioFormat.setCodec("audio/pcm");
+    audioFormat.setByteOrder(QAudioFormat::LittleEndian);
+    audioFormat.setSampleType(QAudioFormat::Float);
+    checkPlaybackFormat();
+}
+
+// Sounds are played at the session's rate, so that a 1000 Hz tone is one; all else of the format is
+// set once.
+void MainWindow::setPlaybackRate()
+{
+    const int rate = truncatedCount(data.fs);
+    if (data.fs >= 1.0 && rate != audioFormat.sampleRate()) {
+        audioFormat.setSampleRate(rate);
+        checkPlaybackFormat();
+    }
+}
+
+void MainWindow::checkPlaybackFormat() const
+{
+    if (!QAudioDeviceInfo::defaultOutputDevice().isFormatSupported(audioFormat)) {
+        qWarning("Raw audio format not supported by backend, cannot play audio.");
+    }
+}
 
 void MainWindow::startSound(const QByteArray& bytes)
 {

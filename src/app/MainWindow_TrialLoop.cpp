@@ -7,11 +7,9 @@
 #include "app/TrialSequence.h"
 #include "procedure/StaircaseRule.h"
 #include "session/AdaptedParameter.h"
-#include "session/Counts.h"
 #include "signal/SignalToolkit.h"
 #include "subject/SubjectWindow.h"
 
-#include <QAudioDeviceInfo>
 #include <QDebug>
 #include <QMessageBox>
 #include <QPushButton>
@@ -19,6 +17,7 @@
 #include <QtMath>
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -26,6 +25,22 @@ namespace {
 constexpr double mostStartMs = 25.0;
 
 } // namespace
+
+void MainWindow::makeTrialLoop()
+{
+    nSoundsPerTrial = 4;
+    soundIndex = 0;
+    nReactionTimerStarts = 0;
+    stimSequence = QVector<bool>(nSoundsPerTrial, false);
+    timerReaction = new QElapsedTimer;
+    reactionClock = std::make_unique<ElapsedTimerClock>(*timerReaction);
+    timerPlay = new QTimer(this);
+    timerPlay->setTimerType(Qt::PreciseTimer); // a coarse one is up to 5 % off
+    connect(timerPlay, SIGNAL(timeout()), this, SLOT(playOneSound()));
+    timerInterruption = new QTimer(this);
+    connect(timerInterruption, &QTimer::timeout, this, &MainWindow::lookAfterInterruptedSounds);
+    pacingClock.start();
+}
 
 void MainWindow::on_pushButtonGo_clicked()
 {
@@ -63,24 +78,6 @@ void MainWindow::connectToListener(SubjectWindow* window)
     connect(this, SIGNAL(doneDataCollection(qreal,qreal,qint32,qreal)), window,
         SLOT(finishExperiment(qreal,qreal,qint32,qreal)));
     // clang-format on
-}
-
-// Sounds are played at the session's rate, so that a 1000 Hz tone is one; all else of the format is
-// set once.
-void MainWindow::setPlaybackRate()
-{
-    const int rate = truncatedCount(data.fs);
-    if (data.fs >= 1.0 && rate != audioFormat.sampleRate()) {
-        audioFormat.setSampleRate(rate);
-        checkPlaybackFormat();
-    }
-}
-
-void MainWindow::checkPlaybackFormat() const
-{
-    if (!QAudioDeviceInfo::defaultOutputDevice().isFormatSupported(audioFormat)) {
-        qWarning("Raw audio format not supported by backend, cannot play audio.");
-    }
 }
 
 void MainWindow::updateMainwindow(int response)

@@ -10,6 +10,18 @@
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
+void MainWindow::makeChartFonts()
+{
+    constexpr int labelPixels = 10;
+    constexpr int titlePixels = 12;
+    fontAxisLabels.setPixelSize(labelPixels);
+    fontAxisTitle.setPixelSize(labelPixels);
+    fontChartTitle.setPixelSize(titlePixels);
+    for (QFont* font : {&fontAxisLabels, &fontAxisTitle, &fontChartTitle}) {
+        font->setWeight(QFont::Normal);
+    }
+}
+
 void MainWindow::updateNPointsToPlot()
 {
     for (const int i : {standard, deviant}) {

@@ -1,21 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
-#include "app/ReactionClock.h"
 #include "session/Counts.h"
 #include "session/OutputFileName.h"
 #include "session/PanelNumbers.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTimer>
 
-#include <algorithm>
 #include <cmath>
-#include <memory>
 
 // The combo boxes' slots run while the boxes are filled and set: they compose the file name and put
 // the deviant to its starting values. The record's choices are set before the boxes', or the
@@ -32,7 +27,8 @@ void MainWindow::initParameters()
     fillLineEdits();
     pushButtonView->setEnabled(true);
     pushButtonGo->setEnabled(false);
-    deriveSizes();
+    updateNPointsToPlot();
+    deriveTransformLengths();
     makeChartFonts();
     makeTrialLoop();
     makeAudioFormat();
@@ -69,57 +65,6 @@ void MainWindow::fillLineEdits()
     lineEditSesNum->setText(shownInteger(data.sesNum));
     lineEditSubCode->setText(data.subCode);
     lineEditSamplingRate->setText(shownRate(data.fs));
-}
-
-void MainWindow::deriveSizes()
-{
-    updateNPointsToPlot();
-    for (const int i : {standard, deviant}) {
-        fftLength[i] = spectrumLength(data.nSamples[i]);
-        fftDuration[i] = static_cast<double>(fftLength[i]) / data.fs;
-        const int nBins = static_cast<int>(fftLength[i] / 2);
-        data.nFreqPointsToPlot[i]
-            = std::min(truncatedCount(data.freqToPlot[i] * fftDuration[i]), nBins);
-    }
-}
-
-void MainWindow::makeChartFonts()
-{
-    constexpr int labelPixels = 10;
-    constexpr int titlePixels = 12;
-    fontAxisLabels.setPixelSize(labelPixels);
-    fontAxisTitle.setPixelSize(labelPixels);
-    fontChartTitle.setPixelSize(titlePixels);
-    for (QFont* font : {&fontAxisLabels, &fontAxisTitle, &fontChartTitle}) {
-        font->setWeight(QFont::Normal);
-    }
-}
-
-void MainWindow::makeTrialLoop()
-{
-    nSoundsPerTrial = 4;
-    soundIndex = 0;
-    nReactionTimerStarts = 0;
-    stimSequence = QVector<bool>(nSoundsPerTrial, false);
-    timerReaction = new QElapsedTimer;
-    reactionClock = std::make_unique<ElapsedTimerClock>(*timerReaction);
-    timerPlay = new QTimer(this);
-    timerPlay->setTimerType(Qt::PreciseTimer); // a coarse one is up to 5 % off
-    connect(timerPlay, SIGNAL(timeout()), this, SLOT(playOneSound()));
-    timerInterruption = new QTimer(this);
-    connect(timerInterruption, &QTimer::timeout, this, &MainWindow::lookAfterInterruptedSounds);
-    pacingClock.start();
-}
-
-void MainWindow::makeAudioFormat()
-{
-    audioFormat.setSampleRate(truncatedCount(data.fs));
-    audioFormat.setChannelCount(1);
-    audioFormat.setSampleSize(32);
-    audioFormat.setCodec("audio/pcm");
-    audioFormat.setByteOrder(QAudioFormat::LittleEndian);
-    audioFormat.setSampleType(QAudioFormat::Float);
-    checkPlaybackFormat();
 }
 
 void MainWindow::getParameters()

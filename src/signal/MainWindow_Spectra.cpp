@@ -1,10 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
 #include "charts/ChartParts.h"
+#include "session/Counts.h"
 #include "signal/Spectrum.h"
 #include "signal/Stimulus.h"
 
 #include <algorithm>
+
+void MainWindow::deriveTransformLengths()
+{
+    for (const int i : {standard, deviant}) {
+        fftLength[i] = spectrumLength(data.nSamples[i]);
+        fftDuration[i] = static_cast<double>(fftLength[i]) / data.fs;
+        const int nBins = static_cast<int>(fftLength[i] / 2);
+        data.nFreqPointsToPlot[i]
+            = std::min(truncatedCount(data.freqToPlot[i] * fftDuration[i]), nBins);
+    }
+}
 
 // The window goes onto the sounds themselves, so that what is played is what was analysed.
 void MainWindow::genFFT()
