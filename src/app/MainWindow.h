@@ -17,6 +17,7 @@
 // The rules and the arithmetic under them are pure functions in the files beside these.
 
 #include "app/SoundPacing.h"
+#include "charts/ChartData.h"
 #include "charts/ChartParts.h"
 #include "session/Data.h"
 #include "session/Disturbances.h"

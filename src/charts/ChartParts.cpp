@@ -9,7 +9,6 @@
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
-#include <algorithm>
 #include <cmath>
 
 QT_CHARTS_USE_NAMESPACE
@@ -40,25 +39,6 @@ bool hasLength(const QVector<double>& range)
 }
 
 } // namespace
-
-QVector<QPointF> chartPoints(const QVector<double>& x, const QVector<double>& y, int n)
-{
-    QVector<QPointF> points;
-    overwritePoints(points, x, y, n);
-    return points;
-}
-
-void overwritePoints(
-    QVector<QPointF>& points, const QVector<double>& x, const QVector<double>& y, int n)
-{
-    const int nPoints = std::min({n, x.size(), y.size()});
-    if (points.size() < nPoints) {
-        points.resize(nPoints);
-    }
-    for (int i = 0; i < nPoints; ++i) {
-        points[i] = QPointF(x[i], y[i]);
-    }
-}
 
 QValueAxis* makeAxis(const QString& title, const QFont& labelsFont, const QFont& titleFont)
 {

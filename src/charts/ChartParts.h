@@ -23,10 +23,6 @@ constexpr int trendRow = 2;
 
 constexpr int stimulusChartWidth = 200; ///< least width, pixels
 
-/// The limits of the trend's vertical axis while there is nothing to show, % or Hz.
-constexpr double emptyTrendMin = 0.0;
-constexpr double emptyTrendMax = 100.0;
-
 /// Makes an object where its member is still null.
 template <typename Object> void makeIfMissing(Object*& member)
 {
@@ -34,14 +30,6 @@ template <typename Object> void makeIfMissing(Object*& member)
         member = new Object;
     }
 }
-
-/// The first n points (x[i], y[i]), n limited to what both vectors hold; none when it is negative.
-QVector<QPointF> chartPoints(const QVector<double>& x, const QVector<double>& y, int n);
-
-/// Overwrites the first n points by (x[i], y[i]), n limited to what both vectors hold. The list
-/// keeps its length unless it is too short, then it becomes n.
-void overwritePoints(
-    QVector<QPointF>& points, const QVector<double>& x, const QVector<double>& y, int n);
 
 /// A value axis with its title and the two axis fonts.
 QtCharts::QValueAxis* makeAxis(

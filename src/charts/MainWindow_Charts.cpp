@@ -2,10 +2,10 @@
 // The charts of the window on their first display and on View: the waveforms and the spectra of
 // the standard and the deviant, and the trend.
 #include "app/MainWindow.h"
+#include "charts/ChartData.h"
 #include "charts/ChartParts.h"
 #include "session/AdaptedParameter.h"
 #include "session/Counts.h"
-#include "signal/Stimulus.h"
 
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
+#include "charts/ChartData.h"
 #include "charts/ChartParts.h"
 #include "signal/Stimulus.h"
 

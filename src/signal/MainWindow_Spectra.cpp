@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
+#include "charts/ChartData.h"
 #include "charts/ChartParts.h"
 #include "session/Counts.h"
 #include "signal/Spectrum.h"
-#include "signal/Stimulus.h"
 
 #include <algorithm>
 

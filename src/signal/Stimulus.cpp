@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signal/Stimulus.h"
 
-#include "session/Units.h"
 #include "signal/Oscillation.h"
 #include "signal/SignalConstants.h"
 #include "signal/SignalToolkit.h"
@@ -66,34 +65,4 @@ void equaliseLevels(QVector<double>& standardSound, const QVector<double>& devia
     for (double& sample : standardSound) {
         sample *= factor;
     }
-}
-
-double sampleTime(int k, double fs)
-{
-    return inMs(k / fs);
-}
-
-void extendTimeAxis(QVector<double>& timeAxis, int nPoints, double fs)
-{
-    timeAxis.reserve(nPoints);
-    for (int k = timeAxis.size(); k < nPoints; ++k) {
-        timeAxis.append(sampleTime(k, fs));
-    }
-}
-
-QVector<double> plottedTimes(int nPoints, double fs)
-{
-    QVector<double> times;
-    extendTimeAxis(times, nPoints, fs);
-    return times;
-}
-
-QVector<double> amplitudeRange(const QVector<double>& samples)
-{
-    if (samples.isEmpty()) {
-        return {-1.0, 1.0};
-    }
-    const double smallest = *std::min_element(samples.begin(), samples.end());
-    const double largest = *std::max_element(samples.begin(), samples.end());
-    return {smallest, largest};
 }

@@ -17,18 +17,3 @@ void synthesise(QVector<double>& sound, const Data& data, int stimulus);
 /// Scales the standard to the deviant's RMS level, never the other way round. An empty standard
 /// stays empty; a silent standard or an empty deviant makes the standard NaN.
 void equaliseLevels(QVector<double>& standardSound, const QVector<double>& deviantSound);
-
-/// The time of sample k in ms, k / fs * 1000.
-double sampleTime(int k, double fs);
-
-/// Lengthens a time axis in ms to at least nPoints entries, entry k at sampleTime(k); never
-/// shortens.
-void extendTimeAxis(QVector<double>& timeAxis, int nPoints, double fs);
-
-/// The time axis of the plotted samples in ms, one entry a sample.
-/// @param nPoints below 1 gives an empty axis
-QVector<double> plottedTimes(int nPoints, double fs);
-
-/// Smallest and largest element, the first found on ties; {-1, 1} for an empty vector, so that an
-/// empty sound still has a range that an axis can show.
-QVector<double> amplitudeRange(const QVector<double>& samples);

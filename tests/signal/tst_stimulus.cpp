@@ -201,39 +201,6 @@ private slots:
         equaliseLevels(first, {0, 0});
         QCOMPARE(first, QVector<double>({0, 0}));
     }
-
-    void times_areInMilliseconds_bitForBit()
-    {
-        QCOMPARE(firstDifference(plottedTimes(300, 40000.0), statedTimes(300, 40000.0)), -1);
-        QUORIN_COMPARE_EXACT(plottedTimes(300, 40000.0).last(), 7.475);
-        QVERIFY(plottedTimes(0, 40000.0).isEmpty());
-        QVERIFY(plottedTimes(-5, 40000.0).isEmpty());
-    }
-
-    void times_areLengthenedAndNeverShortened_whenExtended()
-    {
-        QVector<double> times({0.5, 1.5});
-        extendTimeAxis(times, 1, 1000.0);
-        QCOMPARE(times, QVector<double>({0.5, 1.5}));
-        extendTimeAxis(times, 4, 1000.0);
-        QCOMPARE(times, QVector<double>({0.5, 1.5, 2.0, 3.0}));
-    }
-
-    void range_isTheSmallestAndTheLargest()
-    {
-        QCOMPARE(amplitudeRange({0.5, -3.0, 2.0, 0.0}), QVector<double>({-3.0, 2.0}));
-        QCOMPARE(amplitudeRange({7.0}), QVector<double>({7.0, 7.0}));
-        QCOMPARE(amplitudeRange({}), QVector<double>({-1.0, 1.0}));
-    }
-
-    // 0 and -0 are equal, and only their signs show which of the two was taken.
-    void range_takesTheFirst_onTies()
-    {
-        QVERIFY(!std::signbit(amplitudeRange({0.0, -0.0})[0]));
-        QVERIFY(!std::signbit(amplitudeRange({0.0, -0.0})[1]));
-        QVERIFY(std::signbit(amplitudeRange({-0.0, 0.0})[0]));
-        QVERIFY(std::signbit(amplitudeRange({-0.0, 0.0})[1]));
-    }
 };
 
 QUORIN_APPLESS_TEST(TestStimulus);
