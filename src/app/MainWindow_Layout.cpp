@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
-#include "app/WindowGeometry.h"
 #include "app/WindowParts.h"
 
 #include <QCheckBox>

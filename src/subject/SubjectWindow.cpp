@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "subject/SubjectWindow.h"
 
-#include "app/WindowGeometry.h"
 #include "app/WindowParts.h"
 #include "subject/ResultText.h"
 

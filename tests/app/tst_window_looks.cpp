@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/WindowGeometry.h"
+#include "app/WindowParts.h"
 #include "support/MainWindowProbe.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
