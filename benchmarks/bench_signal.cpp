@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "BenchRun.h"
 #include "signal/FFTReal.h"
-#include "signal/SignalConstants.h"
+#include "signal/SampleArithmetic.h"
 #include "support/MainWindowProbe.h"
 
 #include <algorithm>

@@ -5,7 +5,7 @@
 #include "session/AdaptedParameter.h"
 #include "session/Counts.h"
 #include "session/OutputFileName.h"
-#include "signal/SignalConstants.h"
+#include "signal/SampleArithmetic.h"
 
 namespace {
 

@@ -2,8 +2,7 @@
 #include "signal/SignalToolkit.h"
 
 #include "session/Counts.h"
-#include "signal/Oscillation.h"
-#include "signal/SignalConstants.h"
+#include "signal/SampleArithmetic.h"
 
 #include <QMessageBox>
 

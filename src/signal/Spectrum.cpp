@@ -2,7 +2,7 @@
 #include "signal/Spectrum.h"
 
 #include "signal/FFTReal.h"
-#include "signal/SignalConstants.h"
+#include "signal/SampleArithmetic.h"
 
 #include <algorithm>
 #include <cmath>

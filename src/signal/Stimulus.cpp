@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signal/Stimulus.h"
 
-#include "signal/Oscillation.h"
-#include "signal/SignalConstants.h"
+#include "signal/SampleArithmetic.h"
 #include "signal/SignalToolkit.h"
 #include "signal/VectorRegisters.h"
 
