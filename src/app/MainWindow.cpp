@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Construction and destruction of the main window, View, and the small slots.
 #include "app/MainWindow.h"
 
 #include "app/ReactionClock.h"

@@ -21,7 +21,6 @@
 #include "charts/ChartParts.h"
 #include "session/Data.h"
 #include "session/Disturbances.h"
-#include "signal/Spectrum.h"
 
 #include <QAudio>
 #include <QAudioFormat>
@@ -180,16 +179,6 @@ protected:
 
 private:
     friend struct MainWindowProbe;
-
-    /// One of the two sounds, with what its charts show of it.
-    struct Stimulus {
-        QVector<double> samples; ///< full scale is +-1
-        QVector<QPointF> points; ///< (ms, amplitude)
-        QVector<double> range; ///< smallest and largest sample
-        Spectrum spectrum;
-        QVector<QPointF> spectrumPoints; ///< (Hz, amplitude)
-        QVector<double> amplitudeRange; ///< smallest and largest amplitude of the spectrum
-    };
 
     /// How far a sound has come.
     struct SoundProgress {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The panel's tool tips, accessible names and order of the Tab key.
 #include "app/MainWindow.h"
 #include "app/WindowParts.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The main window's grids, sizes, texts and place on the screen.
 #include "app/MainWindow.h"
 #include "app/WindowParts.h"
 

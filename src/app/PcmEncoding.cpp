@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Samples as the bytes that are played.
 #include "app/PcmEncoding.h"
 
 #include <algorithm>

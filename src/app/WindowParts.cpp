@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// What both windows are built with: cells of a grid, tool tips, the rectangle on the screen.
 #include "app/WindowParts.h"
 
 #include <QGridLayout>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The program: the main window and its event loop.
 #include "app/MainWindow.h"
 
 #include <QApplication>

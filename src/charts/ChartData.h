@@ -1,8 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "signal/Spectrum.h"
+
 #include <QPointF>
 #include <QVector>
+
+/// The standard or the deviant: its sound and its spectrum, each with what its chart shows.
+struct Stimulus {
+    QVector<double> samples; ///< full scale is +-1
+    QVector<QPointF> points; ///< (ms, amplitude)
+    QVector<double> range; ///< smallest and largest sample
+    Spectrum spectrum;
+    QVector<QPointF> spectrumPoints; ///< (Hz, amplitude)
+    QVector<double> amplitudeRange; ///< smallest and largest amplitude of the spectrum
+};
 
 /// The limits of the trend's vertical axis while there is nothing to show, % or Hz.
 constexpr double emptyTrendMin = 0.0;

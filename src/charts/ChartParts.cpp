@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Charts, axes and views of Qt Charts: how they are made, refreshed and deleted.
 #include "charts/ChartParts.h"
 
 #include "app/WindowParts.h"

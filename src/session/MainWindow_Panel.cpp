@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The panel's controls to and from the session record, what a change of them does at once, and the
+// name of the results file.
 #include "app/MainWindow.h"
 #include "session/Counts.h"
 #include "session/OutputFileName.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The spectra of the two sounds, their lengths, and the refresh of their charts.
 #include "app/MainWindow.h"
 #include "charts/ChartData.h"
 #include "charts/ChartParts.h"

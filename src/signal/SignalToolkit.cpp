@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Noise, tones, ramps, random integers and levels.
 #include "signal/SignalToolkit.h"
 
 #include "session/Counts.h"

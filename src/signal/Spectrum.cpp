@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Amplitude and phase spectrum of a sound, and its window.
 #include "signal/Spectrum.h"
 
 #include "signal/FFTReal.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// One stimulus from the session record, and the level of the standard.
 #include "signal/Stimulus.h"
 
 #include "signal/SampleArithmetic.h"

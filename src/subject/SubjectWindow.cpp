@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The listener's window: its states, lights, keys and the result.
 #include "subject/SubjectWindow.h"
 
 #include "app/WindowParts.h"
