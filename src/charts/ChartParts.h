@@ -23,14 +23,6 @@ constexpr int trendRow = 2;
 
 constexpr int stimulusChartWidth = 200; ///< least width, pixels
 
-/// Makes an object where its member is still null.
-template <typename Object> void makeIfMissing(Object*& member)
-{
-    if (member == nullptr) {
-        member = new Object;
-    }
-}
-
 /// A value axis with its title and the two axis fonts.
 QtCharts::QValueAxis* makeAxis(
     const QString& title, const QFont& labelsFont, const QFont& titleFont);

@@ -43,7 +43,9 @@ void MainWindow::showWaveChart(int index)
     Stimulus& stimulus = stimuli[index];
     Chart& chart = waveCharts[index];
     ChartLine& line = chart.line;
-    makeIfMissing(line.series);
+    if (line.series == nullptr) {
+        line.series = new QtCharts::QLineSeries;
+    }
     stimulus.points = chartPoints(timeAxis, stimulus.samples, data.nPointsToPlot[index]);
     line.series->replace(stimulus.points);
     stimulus.range = amplitudeRange(stimulus.samples);
@@ -77,7 +79,9 @@ void MainWindow::showSpectrumChart(int index)
     const QVector<double>& amplitude = stimulus.spectrum.amplitude;
     Chart& chart = spectrumCharts[index];
     ChartLine& line = chart.line;
-    makeIfMissing(line.series);
+    if (line.series == nullptr) {
+        line.series = new QtCharts::QLineSeries;
+    }
     stimulus.spectrumPoints = chartPoints(frequencyAxis, amplitude, data.nFreqPointsToPlot[index]);
     line.series->replace(stimulus.spectrumPoints);
     stimulus.amplitudeRange = amplitudeRange(amplitude);

@@ -42,17 +42,6 @@ private slots:
         QCOMPARE(axis.min(), -2.0);
         QCOMPARE(axis.max(), 3.0);
     }
-
-    void missingObject_isMadeOnce()
-    {
-        QtCharts::QValueAxis* axis = nullptr;
-        makeIfMissing(axis);
-        QVERIFY(axis != nullptr);
-        const QtCharts::QValueAxis* const first = axis;
-        makeIfMissing(axis);
-        QCOMPARE(axis, first);
-        delete axis;
-    }
 };
 
 QUORIN_TEST(TestChartParts);
