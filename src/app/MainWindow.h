@@ -16,6 +16,7 @@
 //   charts/MainWindow_Charts.cpp       waveforms, spectra and trend on first display
 // The rules and the arithmetic under them are pure functions in the files beside these.
 
+#include "app/PlayedSound.h"
 #include "app/SoundPacing.h"
 #include "charts/ChartData.h"
 #include "charts/ChartParts.h"
@@ -180,23 +181,6 @@ protected:
 private:
     friend struct MainWindowProbe;
 
-    /// How far a sound has come.
-    struct SoundProgress {
-        int interval = 0; ///< 1 to 4 in the trial under way; 0: that of no trial
-        bool isInterrupted = false;
-        bool isLate = false;
-        int bytesFree = -1; ///< in the output's queue, when an interrupted sound was looked at
-        int nLooksStill = 0; ///< looks at which the queue had not moved
-        int nResumptions = 0;
-    };
-    /// A sound with what it is played from; all null between sounds.
-    struct Sound {
-        QByteArray* bytes;
-        QBuffer* buffer;
-        QAudioOutput* output;
-        SoundProgress progress = {};
-    };
-
     // app/MainWindow.cpp
     void makeConnections();
     void bringSubjectWindowForward();
@@ -228,21 +212,21 @@ private:
     void endCurrentSound();
     void warnOfError(const QAudioOutput* output);
     void noteFailure(bool outputHasFailed);
-    static bool isInterrupted(const Sound& sound);
-    static bool hasBeenPlayed(const Sound& sound);
+    static bool isInterrupted(const PlayedSound& sound);
+    static bool hasBeenPlayed(const PlayedSound& sound);
     void noteInterruption(SoundProgress& progress);
     void lookAfterInterruptedSounds();
-    static bool looksEnded(Sound& sound);
-    Sound currentSound() const;
-    Sound takeCurrentSound();
-    static bool plays(const Sound& sound);
-    static bool isUnfinished(const Sound& sound);
+    static bool looksEnded(PlayedSound& sound);
+    PlayedSound currentSound() const;
+    PlayedSound takeCurrentSound();
+    static bool plays(const PlayedSound& sound);
+    static bool isUnfinished(const PlayedSound& sound);
     void putCurrentSoundAside();
     void handleSoundAside(QAudioOutput* output, QAudio::State state);
     void endSoundAside(int index);
     void forgetTrialOfSounds();
-    void release(const Sound& sound);
-    static void silence(const Sound& sound);
+    void release(const PlayedSound& sound);
+    static void silence(const PlayedSound& sound);
     void deleteAllSounds();
     // session/MainWindow_Panel.cpp
     void fillComboBoxes();
@@ -363,7 +347,7 @@ private:
     double widthFraction = 0.8;
     double heightFraction = 0.9;
     SoundProgress currentProgress; ///< of the sound now playing
-    QList<Sound> soundsAside; ///< that still played when the next one started
+    QList<PlayedSound> soundsAside; ///< that still played when the next one started
     QTimer* timerInterruption = nullptr; ///< looks after interrupted sounds while there are any
     QElapsedTimer pacingClock;
     SoundPacing pacing;

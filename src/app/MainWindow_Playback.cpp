@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The audio format, and a sound from its start to its release: sounds that are put aside because the
-// next one begins, and sounds that ran dry and are brought to their end.
+// The audio format, and a sound from its start to its release: sounds that are put aside because
+// the next one begins, and sounds that ran dry and are brought to their end.
 #include "app/MainWindow.h"
-#include "app/PcmEncoding.h"
 #include "app/PlaybackBuffer.h"
+#include "app/PlayedSound.h"
 #include "session/Counts.h"
 
 #include <QAudioDeviceInfo>
@@ -97,7 +97,7 @@ void MainWindow::handleStateChanged(QAudio::State state)
 void MainWindow::endCurrentSound()
 {
     const bool wasLastSound = soundIndex == nSoundsPerTrial;
-    const Sound sound = takeCurrentSound();
+    const PlayedSound sound = takeCurrentSound();
     release(sound);
     if (wasLastSound) {
         endTrial();
@@ -123,7 +123,7 @@ void MainWindow::noteFailure(bool outputHasFailed)
 // thread, the process or the server stood still the sound's rest may not have reached the server,
 // or have reached it too late. A report that is older than the output's own state counts only if
 // the output did run dry.
-bool MainWindow::isInterrupted(const Sound& sound)
+bool MainWindow::isInterrupted(const PlayedSound& sound)
 {
     const bool isReport = sound.output->state() == QAudio::IdleState || hasRunDry(sound.buffer);
     return isReport && !hasBeenPlayed(sound);
@@ -131,7 +131,7 @@ bool MainWindow::isInterrupted(const Sound& sound)
 
 // The server's queue is asked only after a gap: some backends report the end before their queue is
 // empty, and play the rest when they are stopped.
-bool MainWindow::hasBeenPlayed(const Sound& sound)
+bool MainWindow::hasBeenPlayed(const PlayedSound& sound)
 {
     const bool hadGap = sound.progress.isInterrupted || hasRunDry(sound.buffer);
     return sound.buffer->atEnd()
@@ -157,7 +157,7 @@ void MainWindow::noteInterruption(SoundProgress& progress)
 void MainWindow::lookAfterInterruptedSounds()
 {
     if (currentProgress.isInterrupted && audioOutput != nullptr) {
-        Sound sound = currentSound();
+        PlayedSound sound = currentSound();
         const bool hasEnded = looksEnded(sound);
         currentProgress = sound.progress;
         if (hasEnded) {
@@ -171,14 +171,14 @@ void MainWindow::lookAfterInterruptedSounds()
     }
     const bool isAnyLeft = currentProgress.isInterrupted
         || std::any_of(soundsAside.cbegin(), soundsAside.cend(),
-            [](const Sound& sound) { return sound.progress.isInterrupted; });
+            [](const PlayedSound& sound) { return sound.progress.isInterrupted; });
     if (!isAnyLeft) {
         timerInterruption->stop();
     }
 }
 
 // Suspending and resuming makes a server play what is left of a queue that stands still.
-bool MainWindow::looksEnded(Sound& sound)
+bool MainWindow::looksEnded(PlayedSound& sound)
 {
     constexpr int looksUntilStill = 5;
     constexpr int mostResumptions = 3; // a queue that moves for none of them never will
@@ -209,14 +209,14 @@ bool MainWindow::looksEnded(Sound& sound)
     return false;
 }
 
-MainWindow::Sound MainWindow::currentSound() const
+PlayedSound MainWindow::currentSound() const
 {
     return {audioBytes, audioBuffer, audioOutput, currentProgress};
 }
 
-MainWindow::Sound MainWindow::takeCurrentSound()
+PlayedSound MainWindow::takeCurrentSound()
 {
-    const Sound sound = currentSound();
+    const PlayedSound sound = currentSound();
     audioBytes = nullptr;
     audioBuffer = nullptr;
     audioOutput = nullptr;
@@ -224,14 +224,14 @@ MainWindow::Sound MainWindow::takeCurrentSound()
     return sound;
 }
 
-bool MainWindow::plays(const Sound& sound)
+bool MainWindow::plays(const PlayedSound& sound)
 {
     return sound.output != nullptr && sound.output->state() != QAudio::StoppedState
         && !sound.bytes->isEmpty();
 }
 
 // Of the trial under way, that is: sounds of a trial that was left hold nothing up.
-bool MainWindow::isUnfinished(const Sound& sound)
+bool MainWindow::isUnfinished(const PlayedSound& sound)
 {
     return sound.progress.interval > 0 && plays(sound);
 }
@@ -241,7 +241,7 @@ bool MainWindow::isUnfinished(const Sound& sound)
 void MainWindow::putCurrentSoundAside()
 {
     constexpr int mostSoundsAside = 8; // should reports stay away, streams must not pile up
-    const Sound sound = takeCurrentSound();
+    const PlayedSound sound = takeCurrentSound();
     if (!plays(sound)) {
         release(sound);
         return;
@@ -255,7 +255,7 @@ void MainWindow::putCurrentSoundAside()
 void MainWindow::handleSoundAside(QAudioOutput* output, QAudio::State state)
 {
     const auto found = std::find_if(soundsAside.begin(), soundsAside.end(),
-        [output](const Sound& sound) { return sound.output == output; });
+        [output](const PlayedSound& sound) { return sound.output == output; });
     const bool hasEnded = state == QAudio::IdleState || state == QAudio::StoppedState;
     if (found == soundsAside.end() || !hasEnded) {
         return;
@@ -263,7 +263,7 @@ void MainWindow::handleSoundAside(QAudioOutput* output, QAudio::State state)
     const int index = static_cast<int>(found - soundsAside.begin());
     if (state == QAudio::StoppedState) {
         warnOfError(output);
-        const Sound sound = soundsAside.takeAt(index);
+        const PlayedSound sound = soundsAside.takeAt(index);
         release(sound);
         resumePacing(sound.progress);
     } else if (isInterrupted(*found)) {
@@ -276,7 +276,7 @@ void MainWindow::handleSoundAside(QAudioOutput* output, QAudio::State state)
 // The trial ends with its fourth sound, also when a later tick has put that aside.
 void MainWindow::endSoundAside(int index)
 {
-    const Sound sound = soundsAside.takeAt(index);
+    const PlayedSound sound = soundsAside.takeAt(index);
     release(sound);
     if (sound.progress.interval == nSoundsPerTrial) {
         endTrial();
@@ -289,7 +289,7 @@ void MainWindow::endSoundAside(int index)
 void MainWindow::forgetTrialOfSounds()
 {
     currentProgress.interval = 0;
-    for (Sound& sound : soundsAside) {
+    for (PlayedSound& sound : soundsAside) {
         sound.progress.interval = 0;
     }
 }
@@ -297,7 +297,7 @@ void MainWindow::forgetTrialOfSounds()
 // The output may be the one whose signal is being handled, so it goes later; without a parent,
 // which could go first: the sound backends run the event loop in their destructors, and the
 // deletion that waits there would meet the output half deleted.
-void MainWindow::release(const Sound& sound)
+void MainWindow::release(const PlayedSound& sound)
 {
     silence(sound);
     if (sound.output != nullptr) {
@@ -307,7 +307,7 @@ void MainWindow::release(const Sound& sound)
     }
 }
 
-void MainWindow::silence(const Sound& sound)
+void MainWindow::silence(const PlayedSound& sound)
 {
     if (sound.output != nullptr) {
         sound.output->stop();
@@ -322,7 +322,7 @@ void MainWindow::silence(const Sound& sound)
 void MainWindow::deleteAllSounds()
 {
     soundsAside.append(takeCurrentSound());
-    for (const Sound& sound : qAsConst(soundsAside)) {
+    for (const PlayedSound& sound : qAsConst(soundsAside)) {
         silence(sound);
         delete sound.output;
     }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The run of trials: Go, the pacing of the four sounds, the answer, the end of a run.
 #include "app/MainWindow.h"
-#include "app/PcmEncoding.h"
 #include "app/PlaybackBuffer.h"
+#include "app/PlayedSound.h"
 #include "app/ReactionClock.h"
 #include "app/TrialSequence.h"
 #include "procedure/StaircaseRule.h"
@@ -230,7 +230,7 @@ bool MainWindow::mustWaitForSound(double tickMs)
     constexpr double patienceMs = 5000.0;
     const auto* const playback = qobject_cast<const PlaybackBuffer*>(audioBuffer);
     const bool isBehind = pacing.isLate(tickMs) || (playback != nullptr && playback->isOverdue());
-    const auto holdsUp = [isBehind](const Sound& sound) {
+    const auto holdsUp = [isBehind](const PlayedSound& sound) {
         return isUnfinished(sound) && (isBehind || sound.progress.isInterrupted);
     };
     const bool mustWait

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/PcmEncoding.h"
+#include "app/PlayedSound.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
 

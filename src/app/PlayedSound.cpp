@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Samples as the bytes that are played.
-#include "app/PcmEncoding.h"
+#include "app/PlayedSound.h"
 
 #include <algorithm>
 #include <cstring>
