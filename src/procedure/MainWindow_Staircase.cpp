@@ -17,9 +17,9 @@ void MainWindow::updateTrend()
         trendY.append(adapted->shown(adaptedValue(data), data.cf[standard]));
     }
     // Ticks before range before point: in any other order the chart is painted twice.
+    trendAxisX->setTickCount(data.nTrials + 1);
     trendAxisX->setRange(0, data.nTrials);
     trendAxisX->setLabelFormat("%g");
-    trendAxisX->setTickCount(data.nTrials + 1);
     widenTrend();
     if (!trendY.isEmpty()) {
         trendSeries->append(trendX.last(), trendY.last());
