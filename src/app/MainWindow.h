@@ -7,8 +7,7 @@
 //   app/MainWindow_Help.cpp            tool tips, accessible names and the order of the Tab key
 //   app/MainWindow_TrialLoop.cpp       Go, the pacing of sounds, the answer, the end of a run
 //   app/MainWindow_Playback.cpp        a sound from its start to its release, interruptions
-//   session/MainWindow_Panel.cpp       the panel's controls to and from the session record, and the
-//                                      name of the results file
+//   session/MainWindow_Panel.cpp       the panel to and from the record, the results file's name
 //   signal/MainWindow_Sounds.cpp       the two sounds and the refresh of their charts
 //   signal/MainWindow_Spectra.cpp      their spectra and the refresh of their charts
 //   procedure/MainWindow_Staircase.cpp trend, reversals and steps of the deviant
@@ -29,13 +28,10 @@
 #include <QFont>
 #include <QList>
 #include <QMainWindow>
-#include <QPointF>
 #include <QVector>
 
 #include <memory>
 
-class QAudioOutput;
-class QBuffer;
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
@@ -212,11 +208,8 @@ private:
     void endCurrentSound();
     void warnOfError(const QAudioOutput* output);
     void noteFailure(bool outputHasFailed);
-    static bool isInterrupted(const PlayedSound& sound);
-    static bool hasBeenPlayed(const PlayedSound& sound);
     void noteInterruption(SoundProgress& progress);
     void lookAfterInterruptedSounds();
-    static bool looksEnded(PlayedSound& sound);
     PlayedSound currentSound() const;
     PlayedSound takeCurrentSound();
     static bool plays(const PlayedSound& sound);
@@ -226,7 +219,6 @@ private:
     void endSoundAside(int index);
     void forgetTrialOfSounds();
     void release(const PlayedSound& sound);
-    static void silence(const PlayedSound& sound);
     void deleteAllSounds();
     // session/MainWindow_Panel.cpp
     void fillComboBoxes();
@@ -338,8 +330,7 @@ private:
     QFont fontAxisLabels;
     QFont fontAxisTitle;
     QFont fontChartTitle;
-    // The sound now playing, else null.
-    QByteArray* audioBytes = nullptr;
+    QByteArray* audioBytes = nullptr; ///< of the sound now playing, as buffer and output; else null
     QBuffer* audioBuffer = nullptr;
     QAudioFormat audioFormat;
     QAudioOutput* audioOutput = nullptr;

@@ -25,6 +25,69 @@ bool hasRunDry(const QBuffer* buffer)
     return playback != nullptr && playback->hasRunDry();
 }
 
+// The server's queue is asked only after a gap: some backends report the end before their queue is
+// empty, and play the rest when they are stopped.
+bool hasBeenPlayed(const PlayedSound& sound)
+{
+    const bool hadGap = sound.progress.isInterrupted || hasRunDry(sound.buffer);
+    return sound.buffer->atEnd()
+        && (!hadGap || sound.output->bytesFree() >= sound.output->bufferSize());
+}
+
+// An output that reports idleness has nothing to play, which is not always the end: while this
+// thread, the process or the server stood still the sound's rest may not have reached the server,
+// or have reached it too late. A report that is older than the output's own state counts only if
+// the output did run dry.
+bool isInterrupted(const PlayedSound& sound)
+{
+    const bool isReport = sound.output->state() == QAudio::IdleState || hasRunDry(sound.buffer);
+    return isReport && !hasBeenPlayed(sound);
+}
+
+// Suspending and resuming makes a server play what is left of a queue that stands still.
+bool looksEnded(PlayedSound& sound)
+{
+    constexpr int looksUntilStill = 5;
+    constexpr int mostResumptions = 3; // a queue that moves for none of them never will
+    // At the next look only: if the server was lost meanwhile, the output has been stopped by then.
+    if (sound.output->state() == QAudio::SuspendedState) {
+        sound.output->resume();
+        return false;
+    }
+    if (hasBeenPlayed(sound)) {
+        return true;
+    }
+    SoundProgress& progress = sound.progress;
+    const int bytesFree = sound.output->bytesFree();
+    // Below 0 the stream is gone, and suspending it would end the program inside the backend.
+    const bool isStill = sound.buffer->atEnd() && bytesFree >= 0 && bytesFree == progress.bytesFree
+        && sound.output->state() != QAudio::StoppedState;
+    progress.nLooksStill = isStill ? progress.nLooksStill + 1 : 0;
+    progress.bytesFree = bytesFree;
+    if (progress.nLooksStill < looksUntilStill) {
+        return false;
+    }
+    if (progress.nResumptions == mostResumptions) {
+        return true;
+    }
+    progress.nLooksStill = 0;
+    ++progress.nResumptions;
+    sound.output->suspend();
+    return false;
+}
+
+void silence(const PlayedSound& sound)
+{
+    if (sound.output != nullptr) {
+        sound.output->stop();
+    }
+    if (sound.buffer != nullptr) {
+        sound.buffer->close();
+    }
+    delete sound.bytes;
+    delete sound.buffer;
+}
+
 } // namespace
 
 void MainWindow::makeAudioFormat()
@@ -119,25 +182,6 @@ void MainWindow::noteFailure(bool outputHasFailed)
     disturbances.hasOutputFailed = disturbances.hasOutputFailed || outputHasFailed;
 }
 
-// An output that reports idleness has nothing to play, which is not always the end: while this
-// thread, the process or the server stood still the sound's rest may not have reached the server,
-// or have reached it too late. A report that is older than the output's own state counts only if
-// the output did run dry.
-bool MainWindow::isInterrupted(const PlayedSound& sound)
-{
-    const bool isReport = sound.output->state() == QAudio::IdleState || hasRunDry(sound.buffer);
-    return isReport && !hasBeenPlayed(sound);
-}
-
-// The server's queue is asked only after a gap: some backends report the end before their queue is
-// empty, and play the rest when they are stopped.
-bool MainWindow::hasBeenPlayed(const PlayedSound& sound)
-{
-    const bool hadGap = sound.progress.isInterrupted || hasRunDry(sound.buffer);
-    return sound.buffer->atEnd()
-        && (!hadGap || sound.output->bytesFree() >= sound.output->bufferSize());
-}
-
 void MainWindow::noteInterruption(SoundProgress& progress)
 {
     if (progress.isInterrupted) {
@@ -175,38 +219,6 @@ void MainWindow::lookAfterInterruptedSounds()
     if (!isAnyLeft) {
         timerInterruption->stop();
     }
-}
-
-// Suspending and resuming makes a server play what is left of a queue that stands still.
-bool MainWindow::looksEnded(PlayedSound& sound)
-{
-    constexpr int looksUntilStill = 5;
-    constexpr int mostResumptions = 3; // a queue that moves for none of them never will
-    // At the next look only: if the server was lost meanwhile, the output has been stopped by then.
-    if (sound.output->state() == QAudio::SuspendedState) {
-        sound.output->resume();
-        return false;
-    }
-    if (hasBeenPlayed(sound)) {
-        return true;
-    }
-    SoundProgress& progress = sound.progress;
-    const int bytesFree = sound.output->bytesFree();
-    // Below 0 the stream is gone, and suspending it would end the program inside the backend.
-    const bool isStill = sound.buffer->atEnd() && bytesFree >= 0 && bytesFree == progress.bytesFree
-        && sound.output->state() != QAudio::StoppedState;
-    progress.nLooksStill = isStill ? progress.nLooksStill + 1 : 0;
-    progress.bytesFree = bytesFree;
-    if (progress.nLooksStill < looksUntilStill) {
-        return false;
-    }
-    if (progress.nResumptions == mostResumptions) {
-        return true;
-    }
-    progress.nLooksStill = 0;
-    ++progress.nResumptions;
-    sound.output->suspend();
-    return false;
 }
 
 PlayedSound MainWindow::currentSound() const
@@ -305,18 +317,6 @@ void MainWindow::release(const PlayedSound& sound)
         sound.output->setParent(nullptr);
         sound.output->deleteLater();
     }
-}
-
-void MainWindow::silence(const PlayedSound& sound)
-{
-    if (sound.output != nullptr) {
-        sound.output->stop();
-    }
-    if (sound.buffer != nullptr) {
-        sound.buffer->close();
-    }
-    delete sound.bytes;
-    delete sound.buffer;
 }
 
 void MainWindow::deleteAllSounds()
