@@ -2,6 +2,7 @@
 #include "BenchRun.h"
 
 #include "support/MainWindowProbe.h"
+#include "support/WindowWidgets.h"
 
 #include <QComboBox>
 #include <QGuiApplication>
@@ -32,22 +33,22 @@ void comeToRest()
 
 BenchRun::BenchRun(const RunSettings& settings)
 {
-    Probe::comboBoxSoundType(m_window)->setCurrentIndex(settings.soundType);
-    Probe::comboBoxMainParameter(m_window)->setCurrentIndex(settings.mainParameter);
-    for (QLineEdit* field :
-        {Probe::lineEditStdDuration(m_window), Probe::lineEditDevDuration(m_window)}) {
+    comboBoxOf(m_window, "comboBoxSoundType")->setCurrentIndex(settings.soundType);
+    comboBoxOf(m_window, "comboBoxMainParameter")->setCurrentIndex(settings.mainParameter);
+    for (QLineEdit* field : {lineEditOf(m_window, "lineEditStdDuration"),
+             lineEditOf(m_window, "lineEditDevDuration")}) {
         field->setText(QString::number(settings.duration));
     }
-    Probe::lineEditSamplingRate(m_window)->setText(QString::number(settings.rate));
-    Probe::lineEditNReversals(m_window)->setText("1000000");
-    Probe::lineEditSilentInterval(m_window)->setText("3600000"); // no tick comes in between
+    type(m_window, "lineEditSamplingRate", QString::number(settings.rate));
+    type(m_window, "lineEditNReversals", "1000000");
+    type(m_window, "lineEditSilentInterval", "3600000"); // no tick comes in between
     if (settings.isShown) {
         m_window.setGeometry(QGuiApplication::primaryScreen()->geometry());
         m_window.show();
     }
     comeToRest();
-    Probe::pushButtonView(m_window)->click();
-    Probe::pushButtonGo(m_window)->click();
+    buttonOf(m_window, "pushButtonView")->click();
+    buttonOf(m_window, "pushButtonGo")->click();
     m_window.updateMainwindow(0);
     comeToRest();
     if (settings.isShown) {

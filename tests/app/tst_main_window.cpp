@@ -27,8 +27,8 @@ struct Usable {
 
 Usable usable(MainWindow& window)
 {
-    return {window.isEnabled(), Probe::pushButtonView(window)->isEnabledTo(&window),
-        Probe::pushButtonGo(window)->isEnabledTo(&window)};
+    return {window.isEnabled(), buttonOf(window, "pushButtonView")->isEnabledTo(&window),
+        buttonOf(window, "pushButtonGo")->isEnabledTo(&window)};
 }
 
 bool operator==(const Usable& a, const Usable& b)
@@ -102,11 +102,11 @@ private slots:
         MainWindow window;
         QVERIFY(usable(window) == beforeView);
         type(window, "lineEditSubCode", "AB");
-        Probe::comboBoxSoundType(window)->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(0);
         QVERIFY(usable(window) == beforeView);
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         QVERIFY(usable(window) == afterView);
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         QVERIFY(usable(window) == afterView);
     }
 
@@ -119,7 +119,7 @@ private slots:
             static_cast<void>(qrand());
         const int next = qrand();
         qsrand(1);
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         QCOMPARE(qrand(), next);
     }
 
@@ -128,7 +128,7 @@ private slots:
         MainWindow window;
         type(window, "lineEditStdDuration", "43");
         type(window, "lineEditDevDuration", "100");
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         QCOMPARE(Probe::standardSound(window).size(), 1719);
         QCOMPARE(Probe::deviantSound(window).size(), 4000);
         QCOMPARE(Probe::standardWaveSeries(window)->count(), 1719);
@@ -142,7 +142,7 @@ private slots:
         MainWindow window;
         leaveTracesOfARun(window);
         QCOMPARE(Probe::trendSeries(window)->count(), 1);
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         const Data& data = Probe::data(window);
         QCOMPARE(data.nTrials, 0);
         QVERIFY(data.records.isEmpty());
@@ -163,21 +163,21 @@ private slots:
     {
         MainWindow window;
         QCOMPARE(Probe::trendAxisY(window)->titleText(), QString("Modulation Depth (%)"));
-        Probe::comboBoxSoundType(window)->setCurrentIndex(0);
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(0);
         QCOMPARE(Probe::trendAxisY(window)->titleText(), QString("Modulation Depth (%)"));
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         QCOMPARE(Probe::trendAxisY(window)->titleText(), QString("Frequency difference (Hz)"));
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(1);
-        Probe::pushButtonView(window)->click();
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(1);
+        buttonOf(window, "pushButtonView")->click();
         QCOMPARE(Probe::trendAxisY(window)->titleText(), QString("Modulation Depth (%)"));
     }
 
     void go_disablesTheWindow_whenClicked()
     {
         MainWindow window;
-        Probe::pushButtonView(window)->click();
-        Probe::pushButtonGo(window)->click();
+        buttonOf(window, "pushButtonView")->click();
+        buttonOf(window, "pushButtonGo")->click();
         QVERIFY(usable(window) == duringARun);
         QCOMPARE(window.findChildren<SubjectWindow*>().size(), 1);
         QCOMPARE(Probe::subjectWindow(window)->parentWidget(), static_cast<QWidget*>(&window));
@@ -190,8 +190,8 @@ private slots:
         ModalBoxes boxes;
         MainWindow window;
         for (int run = 1; run <= 2; ++run) {
-            Probe::pushButtonView(window)->click();
-            Probe::pushButtonGo(window)->click();
+            buttonOf(window, "pushButtonView")->click();
+            buttonOf(window, "pushButtonGo")->click();
             QVERIFY(Probe::subjectWindow(window)->close());
             QVERIFY(usable(window) == beforeView);
             QCOMPARE(window.findChildren<SubjectWindow*>().size(), run);
@@ -203,11 +203,11 @@ private slots:
         ModalBoxes boxes;
         MainWindow window;
         type(window, "lineEditNReversals", "1");
-        Probe::pushButtonView(window)->click();
-        Probe::pushButtonGo(window)->click();
+        buttonOf(window, "pushButtonView")->click();
+        buttonOf(window, "pushButtonGo")->click();
         answerUntilTheFirstReversal(window);
         QVERIFY(usable(window) == duringARun);
-        Probe::pushButtonDone(*Probe::subjectWindow(window))->click();
+        buttonOf(*Probe::subjectWindow(window), "pushButtonDone")->click();
         QVERIFY(usable(window) == beforeView);
     }
 
@@ -215,8 +215,8 @@ private slots:
     {
         ModalBoxes boxes;
         MainWindow window;
-        Probe::pushButtonView(window)->click();
-        Probe::pushButtonGo(window)->click();
+        buttonOf(window, "pushButtonView")->click();
+        buttonOf(window, "pushButtonGo")->click();
         boxes.answerNext(QMessageBox::No);
         QVERIFY(!Probe::subjectWindow(window)->close());
         QVERIFY(usable(window) == duringARun);
@@ -226,8 +226,8 @@ private slots:
     {
         MainWindow window;
         window.setEnabled(false);
-        Probe::pushButtonView(window)->setEnabled(false);
-        Probe::pushButtonGo(window)->setEnabled(true);
+        buttonOf(window, "pushButtonView")->setEnabled(false);
+        buttonOf(window, "pushButtonGo")->setEnabled(true);
         window.refreshMainWindow();
         QVERIFY(usable(window) == beforeView);
         window.refreshMainWindow();
@@ -237,10 +237,10 @@ private slots:
     void disableAllComponents_disablesTheWindow_whenCalled()
     {
         MainWindow window;
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         window.disableAllComponents();
         QVERIFY(!window.isEnabled());
-        QVERIFY(!Probe::pushButtonQuit(window)->isEnabled());
+        QVERIFY(!buttonOf(window, "pushButtonQuit")->isEnabled());
         window.setEnabled(true);
         QVERIFY(usable(window) == afterView);
     }
@@ -249,7 +249,7 @@ private slots:
     {
         MainWindow window;
         leaveTracesOfARun(window);
-        Probe::pushButtonGo(window)->setEnabled(true);
+        buttonOf(window, "pushButtonGo")->setEnabled(true);
         qsrand(1);
         const int next = qrand();
         qsrand(1);
@@ -267,8 +267,8 @@ private slots:
         const QSignalSpy states(&window, SIGNAL(stateChanged(QAudio::State)));
         const QSignalSpy sounds(&window, SIGNAL(soundPlaying(int)));
         type(window, "lineEditNReversals", "1");
-        Probe::pushButtonView(window)->click();
-        Probe::pushButtonGo(window)->click();
+        buttonOf(window, "pushButtonView")->click();
+        buttonOf(window, "pushButtonGo")->click();
         QCOMPARE(sounds.count(), 0);
         window.updateMainwindow(0);
         window.playOneSound();

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/WindowMembers.h"
+#include "app/ObjectNames.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -36,9 +37,11 @@ void closeByTitleBar(QWidget& window)
 
 void startRun(MainWindow& window)
 {
-    Probe::pushButtonView(window)->click();
-    Probe::pushButtonGo(window)->click();
+    buttonOf(window, "pushButtonView")->click();
+    buttonOf(window, "pushButtonGo")->click();
 }
+
+using NamedObject = QPair<const char*, QObject*>;
 
 QVector<NamedObject> chartsAndTimer(MainWindow& window)
 {
@@ -82,9 +85,9 @@ QStringList namesOf(const QVector<NamedObject>& objects)
 
 // The panel's members as they are declared, but the three choices' boxes right after their labels
 // and the charts' grid before the panel's.
-QStringList panelInOrderOfDeletion(MainWindow& window)
+QStringList panelInOrderOfDeletion()
 {
-    QStringList names = namesOf(panelMembers(window));
+    QStringList names = panelNames();
     for (const char* box : {"comboBoxMainParameter", "comboBoxSoundType", "comboBoxSesType"}) {
         names.removeOne(box);
         names.insert(3, box);
@@ -138,7 +141,7 @@ private slots:
         MainWindow window;
         window.show();
         const QSignalSpy lastClosed(qApp, SIGNAL(lastWindowClosed()));
-        QTimer::singleShot(0, Probe::pushButtonQuit(window), SLOT(click()));
+        QTimer::singleShot(0, buttonOf(window, "pushButtonQuit"), SLOT(click()));
         QCOMPARE(QApplication::exec(), 0);
         QCOMPARE(lastClosed.count(), 1);
         QVERIFY(!window.isVisible());
@@ -148,13 +151,14 @@ private slots:
     {
         QStringList deleted;
         auto window = std::make_unique<MainWindow>();
-        const QStringList expected
-            = namesOf(chartsAndTimer(*window)) + panelInOrderOfDeletion(*window);
-        for (const NamedObject& object : chartsAndTimer(*window) + panelMembers(*window)) {
-            const QString name(object.first);
-            connect(object.second, &QObject::destroyed, this,
-                [&deleted, name] { deleted.append(name); });
-        }
+        const QStringList expected = namesOf(chartsAndTimer(*window)) + panelInOrderOfDeletion();
+        const auto note = [&deleted, this](QObject* object, const QString& name) {
+            connect(object, &QObject::destroyed, this, [&deleted, name] { deleted.append(name); });
+        };
+        for (const NamedObject& object : chartsAndTimer(*window))
+            note(object.second, object.first);
+        for (const QString& name : panelNames())
+            note(widgetOf<QObject>(*window, name), name);
         window.reset();
         QCOMPARE(deleted, expected);
     }
@@ -181,12 +185,12 @@ private slots:
         QStringList texts;
         auto window = std::make_unique<MainWindow>();
         startRun(*window);
-        Probe::lineEditSubCode(*window)->setFocus();
-        auto* const fileName = Probe::lineEditFileName(*window);
+        lineEditOf(*window, "lineEditSubCode")->setFocus();
+        auto* const fileName = lineEditOf(*window, "lineEditFileName");
         connect(fileName, &QLineEdit::textChanged, this,
             [&texts](const QString& text) { texts.append(text); });
-        auto* const sesType = Probe::comboBoxSesType(*window);
-        connect(Probe::labelSesType(*window), &QObject::destroyed, this,
+        auto* const sesType = comboBoxOf(*window, "comboBoxSesType");
+        connect(labelOf(*window, "labelSesType"), &QObject::destroyed, this,
             [sesType] { sesType->setCurrentIndex(0); });
         window.reset();
         QVERIFY(texts.isEmpty());

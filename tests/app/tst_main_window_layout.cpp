@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/WindowMembers.h"
+#include "app/ObjectNames.h"
 #include "support/MainWindowProbe.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
@@ -71,10 +71,10 @@ void addPlace(const char* name, const char* text, int row, int column, int colum
     QTest::newRow(name) << text << row << column << columnSpan;
 }
 
-void compareNames(const QVector<NamedObject>& members)
+void verifyNames(const QWidget& window, const QStringList& names)
 {
-    for (const NamedObject& member : members)
-        QCOMPARE(member.second->objectName(), QString(member.first));
+    for (const QString& name : names)
+        QVERIFY2(window.findChildren<QObject*>(name).size() == 1, qPrintable(name));
 }
 
 } // namespace
@@ -135,7 +135,7 @@ private slots:
         MainWindow window;
         const QString name(QTest::currentDataTag());
         QTEST(watcher.texts.value(name, "(made with a parent)"), "text");
-        const auto* grid = Probe::gridLayoutParameters(window);
+        const auto* grid = widgetOf<QGridLayout>(window, "gridLayoutParameters");
         const int index = grid->indexOf(widgetOf<QWidget>(window, name));
         QVERIFY(index >= 0);
         QFETCH(int, row);
@@ -168,24 +168,24 @@ private slots:
     void rowLayouts_holdTheseWidgets_whenMade()
     {
         MainWindow window;
-        QCOMPARE(namesIn(Probe::hBoxLayoutButtons(window)),
+        QCOMPARE(namesIn(widgetOf<QHBoxLayout>(window, "hBoxLayoutButtons")),
             QStringList({"pushButtonView", "pushButtonGo", "pushButtonQuit"}));
-        QCOMPARE(namesIn(Probe::hBoxLayoutFilePath(window)),
+        QCOMPARE(namesIn(widgetOf<QHBoxLayout>(window, "hBoxLayoutFilePath")),
             QStringList({"labelFilePath", "lineEditFilePath"}));
-        QCOMPARE(namesIn(Probe::hBoxLayoutFileName(window)),
+        QCOMPARE(namesIn(widgetOf<QHBoxLayout>(window, "hBoxLayoutFileName")),
             QStringList({"labelFileName", "lineEditFileName"}));
     }
 
     void layouts_areInTheirPlaces_whenMade()
     {
         MainWindow window;
-        const auto* grid = Probe::gridLayoutParameters(window);
-        QCOMPARE(
-            placeOf(grid, grid->indexOf(Probe::hBoxLayoutButtons(window))), QRect(0, 12, 3, 1));
-        QCOMPARE(
-            placeOf(grid, grid->indexOf(Probe::hBoxLayoutFilePath(window))), QRect(0, 16, 3, 1));
-        QCOMPARE(
-            placeOf(grid, grid->indexOf(Probe::hBoxLayoutFileName(window))), QRect(0, 17, 3, 1));
+        const auto* grid = widgetOf<QGridLayout>(window, "gridLayoutParameters");
+        QCOMPARE(placeOf(grid, grid->indexOf(widgetOf<QHBoxLayout>(window, "hBoxLayoutButtons"))),
+            QRect(0, 12, 3, 1));
+        QCOMPARE(placeOf(grid, grid->indexOf(widgetOf<QHBoxLayout>(window, "hBoxLayoutFilePath"))),
+            QRect(0, 16, 3, 1));
+        QCOMPARE(placeOf(grid, grid->indexOf(widgetOf<QHBoxLayout>(window, "hBoxLayoutFileName"))),
+            QRect(0, 17, 3, 1));
         QCOMPARE(grid->count(), 40);
         QCOMPARE(grid->rowCount(), 18);
         QCOMPARE(grid->columnCount(), 3);
@@ -194,15 +194,18 @@ private slots:
     void mainGrid_givesTheChartsTwoThirds_whenMade()
     {
         MainWindow window;
-        const auto* grid = Probe::gridLayoutMain(window);
+        const auto* grid = widgetOf<QGridLayout>(window, "gridLayoutMain");
         QCOMPARE(grid->count(), 2);
         QCOMPARE(
-            placeOf(grid, grid->indexOf(Probe::gridLayoutParameters(window))), QRect(0, 0, 1, 1));
-        QCOMPARE(placeOf(grid, grid->indexOf(Probe::gridLayoutCharts(window))), QRect(1, 0, 1, 1));
+            placeOf(grid, grid->indexOf(widgetOf<QGridLayout>(window, "gridLayoutParameters"))),
+            QRect(0, 0, 1, 1));
+        QCOMPARE(placeOf(grid, grid->indexOf(widgetOf<QGridLayout>(window, "gridLayoutCharts"))),
+            QRect(1, 0, 1, 1));
         QCOMPARE(grid->columnStretch(0), 1);
         QCOMPARE(grid->columnStretch(1), 2);
-        QCOMPARE(Probe::centralWidget(window)->layout(), static_cast<const QLayout*>(grid));
-        QCOMPARE(window.QMainWindow::centralWidget(), Probe::centralWidget(window));
+        QCOMPARE(widgetOf<QWidget>(window, "centralWidget")->layout(),
+            static_cast<const QLayout*>(grid));
+        QCOMPARE(window.QMainWindow::centralWidget(), widgetOf<QWidget>(window, "centralWidget"));
     }
 
     void values_areCentred_whenTheyAreTheThirteen()
@@ -226,15 +229,16 @@ private slots:
     void headings_areCentredAndWide_whenMade()
     {
         MainWindow window;
-        for (const QLabel* heading : {Probe::labelStandard(window), Probe::labelDeviant(window)}) {
+        for (const QLabel* heading :
+            {labelOf(window, "labelStandard"), labelOf(window, "labelDeviant")}) {
             QCOMPARE(
                 heading->alignment() & Qt::AlignHorizontal_Mask, Qt::Alignment(Qt::AlignHCenter));
             QCOMPARE(heading->sizePolicy().horizontalPolicy(), QSizePolicy::Preferred);
             QCOMPARE(heading->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
             QCOMPARE(heading->minimumWidth(), 100);
         }
-        QCOMPARE(Probe::labelSesType(window)->minimumWidth(), 0);
-        QVERIFY(!Probe::labelSesType(window)->alignment().testFlag(Qt::AlignHCenter));
+        QCOMPARE(labelOf(window, "labelSesType")->minimumWidth(), 0);
+        QVERIFY(!labelOf(window, "labelSesType")->alignment().testFlag(Qt::AlignHCenter));
     }
 
     void titles_areThese_whenMade()
@@ -249,12 +253,17 @@ private slots:
 
     void objects_haveTheirMembersNames_whenMade()
     {
-        MainWindow mainWindow;
-        SubjectWindow subjectWindow(nullptr);
-        QCOMPARE(panelMembers(mainWindow).size(), 51);
-        compareNames(panelMembers(mainWindow));
-        compareNames(chartViewMembers(mainWindow));
-        compareNames(subjectWindowMembers(subjectWindow));
+        const MainWindow mainWindow;
+        const SubjectWindow subjectWindow(nullptr);
+        QCOMPARE(panelNames().size(), 51);
+        verifyNames(mainWindow, panelNames());
+        verifyNames(mainWindow,
+            {"standardWaveView", "deviantWaveView", "standardSpectrumView", "deviantSpectrumView",
+                "trendView"});
+        verifyNames(subjectWindow,
+            {"pushButtonChoice1", "pushButtonChoice2", "pushButtonChoice3", "pushButtonChoice4",
+                "pushButtonIAmReady", "pushButtonDone", "labelThreshold", "gridLayout",
+                "centralWidget"});
     }
 };
 

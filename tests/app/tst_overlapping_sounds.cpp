@@ -5,6 +5,7 @@
 #include "support/QuietTest.h"
 #include "support/RunDriver.h"
 #include "support/TestProgram.h"
+#include "support/WindowWidgets.h"
 
 #include <QAudioOutput>
 #include <QBuffer>
@@ -26,8 +27,8 @@ const QList<QVariantList> endOfTrial = {{-1}};
 // A run whose sounds take a tenth of a second each.
 void openBriefRun(MainWindow& window, RunDriver& driver)
 {
-    Probe::lineEditStdDuration(window)->setText("100.00");
-    Probe::lineEditDevDuration(window)->setText("100.00");
+    type(window, "lineEditStdDuration", "100.00");
+    type(window, "lineEditDevDuration", "100.00");
     driver.open();
     driver.beReady();
 }
@@ -116,9 +117,9 @@ private slots:
     void trial_ends_withoutASilentInterval()
     {
         MainWindow window;
-        Probe::lineEditSilentInterval(window)->setText("0");
-        Probe::lineEditStdDuration(window)->setText("100.00");
-        Probe::lineEditDevDuration(window)->setText("100.00");
+        type(window, "lineEditSilentInterval", "0");
+        type(window, "lineEditStdDuration", "100.00");
+        type(window, "lineEditDevDuration", "100.00");
         window.on_pushButtonView_clicked();
         window.on_pushButtonGo_clicked();
         QSignalSpy told(&window, SIGNAL(soundPlaying(int)));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/MainWindowProbe.h"
+#include "app/MainWindow.h"
+#include "subject/SubjectWindow.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"
@@ -13,8 +14,6 @@
 #include <QTest>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
-
-using Probe = MainWindowProbe;
 
 namespace {
 
@@ -65,8 +64,8 @@ private slots:
         window.show();
         QApplication::setActiveWindow(&window);
         QVERIFY(QTest::qWaitForWindowActive(&window));
-        Probe::pushButtonView(window)->click();
-        Probe::comboBoxSesType(window)->setFocus();
+        buttonOf(window, "pushButtonView")->click();
+        comboBoxOf(window, "comboBoxSesType")->setFocus();
 
         QVector<QWidget*> visited;
         do {

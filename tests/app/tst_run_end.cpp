@@ -4,6 +4,7 @@
 #include "support/RunDriver.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QAudioOutput>
 #include <QCheckBox>
@@ -24,8 +25,8 @@ namespace {
 // A run that ends with its second answer: the first right, the second wrong.
 void openShortRun(MainWindow& window, RunDriver& driver)
 {
-    Probe::lineEditNReversals(window)->setText("1");
-    Probe::lineEditNReversalsToCalc(window)->setText("1");
+    type(window, "lineEditNReversals", "1");
+    type(window, "lineEditNReversalsToCalc", "1");
     driver.open();
     driver.beReady();
     driver.playTrial();
@@ -69,7 +70,7 @@ private slots:
         QVERIFY(!Probe::timerPlay(window)->isActive());
         SubjectWindow& subject = *Probe::subjectWindow(window);
         QVERIFY(subject.isEnabled());
-        QVERIFY(Probe::pushButtonDone(subject)->isVisible());
+        QVERIFY(buttonOf(subject, "pushButtonDone")->isVisible());
         QVERIFY(!window.isEnabled());
     }
 
@@ -91,15 +92,15 @@ private slots:
         MainWindow window;
         ModalBoxes boxes;
         boxes.chooseFile(path);
-        Probe::checkBoxSaveData(window)->setChecked(true);
+        checkBoxOf(window, "checkBoxSaveData")->setChecked(true);
         RunDriver driver(window);
         openShortRun(window, driver);
         SubjectWindow& subject = *Probe::subjectWindow(window);
         QString shown;
         boxes.onOpen([&](QWidget*) {
-            QVERIFY(Probe::labelThreshold(subject)->isVisible());
-            QVERIFY(Probe::pushButtonDone(subject)->isVisible());
-            shown = Probe::labelThreshold(subject)->text();
+            QVERIFY(labelOf(subject, "labelThreshold")->isVisible());
+            QVERIFY(buttonOf(subject, "pushButtonDone")->isVisible());
+            shown = labelOf(subject, "labelThreshold")->text();
         });
         driver.answerRightly(false);
         QCOMPARE(boxes.fileChoices().size(), 1);
@@ -131,8 +132,8 @@ private slots:
         QVERIFY(Probe::subjectWindow(window)->close());
 
         QVERIFY(window.isEnabled());
-        QVERIFY(Probe::pushButtonView(window)->isEnabled());
-        QVERIFY(!Probe::pushButtonGo(window)->isEnabled());
+        QVERIFY(buttonOf(window, "pushButtonView")->isEnabled());
+        QVERIFY(!buttonOf(window, "pushButtonGo")->isEnabled());
         // The trial goes on unheeded.
         QVERIFY(Probe::timerPlay(window)->isActive());
         QCOMPARE(Probe::soundIndex(window), nSounds);

@@ -3,6 +3,7 @@
 #include "support/RunDriver.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QAudioFormat>
 #include <QCheckBox>
@@ -30,10 +31,11 @@ public:
         : m_window(window)
     {
         QCoreApplication::instance()->installEventFilter(this);
-        connect(Probe::lineEditNReversalsToCalc(window), &QLineEdit::textChanged, this, [this] {
-            const bool isPlaying = Probe::timerPlay(m_window)->isActive();
-            steps.append(isPlaying ? "panel read during the old trial" : "panel read");
-        });
+        connect(
+            lineEditOf(window, "lineEditNReversalsToCalc"), &QLineEdit::textChanged, this, [this] {
+                const bool isPlaying = Probe::timerPlay(m_window)->isActive();
+                steps.append(isPlaying ? "panel read during the old trial" : "panel read");
+            });
     }
 
     bool eventFilter(QObject* object, QEvent* event) override
@@ -55,10 +57,10 @@ public:
 private:
     void noteEnabledChange(QObject* object)
     {
-        if (object == Probe::pushButtonGo(m_window)) {
+        if (object == buttonOf(m_window, "pushButtonGo")) {
             steps.append("Go changed");
-        } else if (object == Probe::pushButtonView(m_window)
-            && Probe::pushButtonView(m_window)->isEnabled()) {
+        } else if (object == buttonOf(m_window, "pushButtonView")
+            && buttonOf(m_window, "pushButtonView")->isEnabled()) {
             steps.append("View enabled");
         } else if (object == &m_window) {
             steps.append("window changed");
@@ -77,16 +79,16 @@ private slots:
     void steps_haveTheirOrder()
     {
         MainWindow window;
-        Probe::pushButtonView(window)->click();
-        Probe::pushButtonView(window)->setEnabled(false);
+        buttonOf(window, "pushButtonView")->click();
+        buttonOf(window, "pushButtonView")->setEnabled(false);
         Probe::timerPlay(window)->start(3600000);
-        Probe::lineEditNReversalsToCalc(window)->setText("20");
+        type(window, "lineEditNReversalsToCalc", "20");
         StepRecorder recorder(window);
-        Probe::pushButtonGo(window)->click();
+        buttonOf(window, "pushButtonGo")->click();
         QCOMPARE(recorder.steps,
             QStringList({"Go changed", "View enabled", "window changed",
                 "panel read during the old trial", "subject window made", "subject window shown"}));
-        QCOMPARE(Probe::lineEditNReversalsToCalc(window)->text(), QString("14"));
+        QCOMPARE(textOf(window, "lineEditNReversalsToCalc"), QString("14"));
         QCOMPARE(Probe::data(window).nReversalsToCalculate, 14);
     }
 
@@ -96,13 +98,13 @@ private slots:
         window.show();
         SubjectWindow& subject = RunDriver(window).open();
         QVERIFY(!window.isEnabled());
-        QVERIFY(Probe::pushButtonGo(window)->testAttribute(Qt::WA_ForceDisabled));
-        QVERIFY(!Probe::pushButtonView(window)->testAttribute(Qt::WA_ForceDisabled));
+        QVERIFY(buttonOf(window, "pushButtonGo")->testAttribute(Qt::WA_ForceDisabled));
+        QVERIFY(!buttonOf(window, "pushButtonView")->testAttribute(Qt::WA_ForceDisabled));
         QCOMPARE(subject.parent(), &window);
         QVERIFY(subject.isWindow());
         QVERIFY(subject.isVisible());
         QVERIFY(subject.isEnabled());
-        QVERIFY(Probe::pushButtonIAmReady(subject)->isEnabled());
+        QVERIFY(buttonOf(subject, "pushButtonIAmReady")->isEnabled());
     }
 
     void nothingPlays_untilTheListenerIsReady()
@@ -125,14 +127,14 @@ private slots:
         emit subject.subjectResponded(0);
         QCOMPARE(Probe::data(window).nTrials, 1);
         emit window.soundPlaying(1);
-        QVERIFY(Probe::pushButtonChoice1(subject)->styleSheet().contains("rgb(0, 255, 0)"));
+        QVERIFY(buttonOf(subject, "pushButtonChoice1")->styleSheet().contains("rgb(0, 255, 0)"));
         emit window.doneDataCollection(0.5, 2.0, 1, 1000.0);
-        QCOMPARE(Probe::labelThreshold(subject)->text(),
+        QCOMPARE(labelOf(subject, "labelThreshold")->text(),
             QString("Modulation Threshold = 50 %,   Reaction Time = 2 ms"));
         emit subject.subjectWindowClosed();
         QVERIFY(window.isEnabled());
-        QVERIFY(Probe::pushButtonView(window)->isEnabled());
-        QVERIFY(!Probe::pushButtonGo(window)->isEnabled());
+        QVERIFY(buttonOf(window, "pushButtonView")->isEnabled());
+        QVERIFY(!buttonOf(window, "pushButtonGo")->isEnabled());
     }
 
     void earlierSubjectWindow_staysAndListens_butIsNeverShown()
@@ -148,12 +150,13 @@ private slots:
 
         driver.beReady();
         driver.startSound();
-        const QString lit = Probe::pushButtonChoice1(current)->styleSheet();
+        const QString lit = buttonOf(current, "pushButtonChoice1")->styleSheet();
         QVERIFY(lit.contains("rgb(0, 255, 0)"));
-        QCOMPARE(Probe::pushButtonChoice1(*earlier)->styleSheet(), lit);
+        QCOMPARE(buttonOf(*earlier, "pushButtonChoice1")->styleSheet(), lit);
         QVERIFY(!earlier->isEnabled());
         emit window.doneDataCollection(0.5, 2.0, 1, 1000.0);
-        QCOMPARE(Probe::labelThreshold(*earlier)->text(), Probe::labelThreshold(current)->text());
+        QCOMPARE(labelOf(*earlier, "labelThreshold")->text(),
+            labelOf(current, "labelThreshold")->text());
         QVERIFY(!earlier->isVisible());
         QVERIFY(current.isVisible());
         QCOMPARE(window.findChildren<SubjectWindow*>().size(), 2);
@@ -227,12 +230,12 @@ private slots:
     {
         QFETCH(QString, text);
         MainWindow window;
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         QAudioFormat expected = Probe::audioFormat(window);
         QCOMPARE(expected.sampleRate(), 40000);
-        Probe::lineEditSamplingRate(window)->setText(text);
+        type(window, "lineEditSamplingRate", text);
         const int complaintsBefore = messages().count(notSupported);
-        Probe::pushButtonGo(window)->click();
+        buttonOf(window, "pushButtonGo")->click();
         QTEST(Probe::audioFormat(window).sampleRate(), "rate");
         const bool isChanged = Probe::audioFormat(window).sampleRate() != 40000;
         // One complaint came from the construction if this machine has no sound device.
@@ -244,10 +247,10 @@ private slots:
     void playbackRate_isThatOfTheRun_notOfTheView()
     {
         MainWindow window;
-        Probe::lineEditSamplingRate(window)->setText("22050");
-        Probe::pushButtonView(window)->click();
+        type(window, "lineEditSamplingRate", "22050");
+        buttonOf(window, "pushButtonView")->click();
         QCOMPARE(Probe::audioFormat(window).sampleRate(), 40000);
-        Probe::pushButtonGo(window)->click();
+        buttonOf(window, "pushButtonGo")->click();
         QCOMPARE(Probe::audioFormat(window).sampleRate(), 22050);
     }
 

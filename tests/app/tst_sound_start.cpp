@@ -3,6 +3,7 @@
 #include "support/RunDriver.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QAudioOutput>
 #include <QBuffer>
@@ -65,7 +66,7 @@ private slots:
         QFETCH(int, position);
         MainWindow window;
         RunDriver driver(window);
-        Probe::lineEditDevDuration(window)->setText("250.00");
+        type(window, "lineEditDevDuration", "250.00");
         driver.open();
         QVector<bool>& sequence = Probe::stimSequence(window);
         sequence.fill(false, 4);
@@ -111,9 +112,9 @@ private slots:
         QFETCH(QString, duration);
         QFETCH(int, nSamples);
         MainWindow window;
-        Probe::pushButtonView(window)->click();
-        Probe::lineEditStdDuration(window)->setText(duration);
-        Probe::pushButtonGo(window)->click();
+        buttonOf(window, "pushButtonView")->click();
+        type(window, "lineEditStdDuration", duration);
+        buttonOf(window, "pushButtonGo")->click();
         window.playOneSound();
         QVector<double> expected = Probe::standardSound(window).mid(0, nSamples);
         expected.resize(nSamples); // zeros beyond the sound's end

@@ -85,15 +85,15 @@ private slots:
         ModalBoxes boxes;
         MainWindow window;
         window.show();
-        Probe::checkBoxResetMdFd(window)->setChecked(false);
+        checkBoxOf(window, "checkBoxResetMdFd")->setChecked(false);
         for (const int soundType : {1, 0}) {
-            Probe::comboBoxSoundType(window)->setCurrentIndex(soundType);
+            comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(soundType);
             typeEverywhere(window, fields, text);
-            Probe::pushButtonView(window)->click();
+            buttonOf(window, "pushButtonView")->click();
             QCOMPARE(QVector<int>(
                          {Probe::standardSound(window).size(), Probe::deviantSound(window).size()}),
                 sizes);
-            QVERIFY(Probe::pushButtonGo(window)->isEnabled());
+            QVERIFY(buttonOf(window, "pushButtonGo")->isEnabled());
         }
         QCoreApplication::processEvents();
         QVERIFY(boxes.messages().isEmpty());
@@ -104,18 +104,18 @@ private slots:
         MainWindow window;
         const QStringList carriers({"lineEditStdCarrierFreq", "lineEditDevCarrierFreq"});
         const QStringList durations({"lineEditStdDuration", "lineEditDevDuration"});
-        Probe::comboBoxSoundType(window)->setCurrentIndex(0);
-        Probe::pushButtonView(window)->click();
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(0);
+        buttonOf(window, "pushButtonView")->click();
         const QVector<double> standardBefore = Probe::standardSound(window);
         const QVector<double> deviantBefore = Probe::deviantSound(window);
         QVERIFY(isFinite(standardBefore));
         QVERIFY(isFinite(deviantBefore));
         typeEverywhere(window, carriers, "nan");
         typeEverywhere(window, durations, "-1");
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         typeEverywhere(window, carriers, "1000");
         typeEverywhere(window, durations, "600");
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         QCOMPARE(Probe::standardSound(window), standardBefore);
         QCOMPARE(Probe::deviantSound(window), deviantBefore);
     }

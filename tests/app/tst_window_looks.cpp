@@ -3,6 +3,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -157,11 +158,11 @@ private slots:
         QFETCH(QSize, screen);
         MainWindow window;
         window.show();
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         const QSize size = windowRectangle(screen, {}, true, 0.8, 0.9).size();
         window.resize(size);
         QTRY_COMPARE(window.size(), size);
-        compareLayout(Probe::centralWidget(window));
+        compareLayout(widgetOf<QWidget>(window, "centralWidget"));
     }
 
     void subjectWindow_showsAll_data() { addScreens(); }
@@ -174,11 +175,11 @@ private slots:
         const QSize size = windowRectangle(screen, {}, true, 0.55, 0.3).size();
         window.resize(size);
         QTRY_COMPARE(window.size(), size);
-        compareLayout(Probe::centralWidget(window));
-        Probe::pushButtonIAmReady(window)->click();
-        compareLayout(Probe::centralWidget(window));
+        compareLayout(widgetOf<QWidget>(window, "centralWidget"));
+        buttonOf(window, "pushButtonIAmReady")->click();
+        compareLayout(widgetOf<QWidget>(window, "centralWidget"));
         window.finishExperiment(0.123456, 1234.56, 1, 1000.0);
-        compareLayout(Probe::centralWidget(window));
+        compareLayout(widgetOf<QWidget>(window, "centralWidget"));
     }
 
     void mainWindow_isReadable_data() { addStyles(); }
@@ -189,8 +190,8 @@ private slots:
         setStyle(isDark);
         MainWindow window;
         window.show();
-        Probe::pushButtonView(window)->click();
-        for (const QWidget* widget : shownWidgets(Probe::centralWidget(window))) {
+        buttonOf(window, "pushButtonView")->click();
+        for (const QWidget* widget : shownWidgets(widgetOf<QWidget>(window, "centralWidget"))) {
             if (!widget->isEnabled() || widget->inherits("QtCharts::QChartView"))
                 continue;
             const double found = contrast(window, textPlace(window, widget));
@@ -218,12 +219,12 @@ private slots:
         setStyle(isDark);
         SubjectWindow window(nullptr);
         window.show();
-        Probe::pushButtonIAmReady(window)->click();
+        buttonOf(window, "pushButtonIAmReady")->click();
         for (const int state : {0, 1, 2, 3, 4, -1, 1}) {
             window.updateSubjectWindow(state);
             for (const QPushButton* button :
-                {Probe::pushButtonChoice1(window), Probe::pushButtonChoice2(window),
-                    Probe::pushButtonChoice3(window), Probe::pushButtonChoice4(window)}) {
+                {buttonOf(window, "pushButtonChoice1"), buttonOf(window, "pushButtonChoice2"),
+                    buttonOf(window, "pushButtonChoice3"), buttonOf(window, "pushButtonChoice4")}) {
                 const double found = contrast(window, textPlace(window, button));
                 QVERIFY2(found >= readable,
                     qPrintable(QString("%1 in state %2").arg(button->text()).arg(state)));
@@ -240,7 +241,7 @@ private slots:
         SubjectWindow window(nullptr);
         window.show();
         window.finishExperiment(0.123456, 1234.56, 1, 1000.0);
-        for (const QWidget* widget : shownWidgets(Probe::centralWidget(window)))
+        for (const QWidget* widget : shownWidgets(widgetOf<QWidget>(window, "centralWidget")))
             QVERIFY(contrast(window, textPlace(window, widget)) >= readable);
     }
 
@@ -251,8 +252,8 @@ private slots:
         window.show();
         QApplication::setActiveWindow(&window);
         QVERIFY(QTest::qWaitForWindowActive(&window));
-        Probe::pushButtonIAmReady(window)->click();
-        QPushButton* const button = Probe::pushButtonChoice2(window);
+        buttonOf(window, "pushButtonIAmReady")->click();
+        QPushButton* const button = buttonOf(window, "pushButtonChoice2");
         const QVector<QPair<int, QColor>> colors
             = {{2, QColor(0, 255, 0)}, {3, QColor(240, 240, 240)}};
         for (const auto& [state, color] : colors) {

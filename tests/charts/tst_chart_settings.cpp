@@ -2,6 +2,7 @@
 #include "charts/ChartObjects.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QGridLayout>
 #include <QObject>
@@ -166,8 +167,8 @@ private slots:
         const ChartObjects objects = fetched(window);
         QCOMPARE(objects.view->chart(), objects.chart);
         QVERIFY(objects.view->renderHints().testFlag(QPainter::Antialiasing));
-        QVERIFY(cellOf(*Probe::gridLayoutCharts(window), objects.view) == cell);
-        QCOMPARE(Probe::gridLayoutCharts(window)->count(), 5);
+        QVERIFY(cellOf(*widgetOf<QGridLayout>(window, "gridLayoutCharts"), objects.view) == cell);
+        QCOMPARE(widgetOf<QGridLayout>(window, "gridLayoutCharts")->count(), 5);
     }
 
     void nothingNew_isMade_whenEverythingIsDisplayedAgain()
@@ -188,7 +189,7 @@ private slots:
             QCOMPARE(objects.chart->axes().size(), 2);
         }
         QCOMPARE(after, before);
-        QCOMPARE(Probe::gridLayoutCharts(window)->count(), 5);
+        QCOMPARE(widgetOf<QGridLayout>(window, "gridLayoutCharts")->count(), 5);
         QCOMPARE(window.findChildren<QChartView*>().size(), 5);
     }
 

@@ -4,6 +4,7 @@
 #include "support/Points.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QLineEdit>
 #include <QTest>
@@ -108,8 +109,8 @@ private slots:
     {
         MainWindow window;
         tolerateUndefinedChartValues(); // the spectra of nothing
-        Probe::lineEditStdDuration(window)->setText("0");
-        Probe::lineEditDevDuration(window)->setText("0");
+        type(window, "lineEditStdDuration", "0");
+        type(window, "lineEditDevDuration", "0");
         window.on_pushButtonView_clicked();
         for (const ChartObjects& objects : {standardWave(window), deviantWave(window)}) {
             QCOMPARE(objects.series->count(), 0);

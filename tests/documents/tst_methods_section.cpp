@@ -7,6 +7,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QComboBox>
 #include <QTest>
@@ -126,8 +127,8 @@ private slots:
     void frequency_startsSo()
     {
         MainWindow window;
-        Probe::comboBoxSoundType(window)->setCurrentIndex(sinusoidCarrier);
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(carrierFrequencyParameter);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(carrierFrequencyParameter);
         const Data& data = Probe::data(window);
         QCOMPARE(data.md, QVector<double>({0.0, 0.0}));
         QVERIFY(data.cf[deviant] < data.cf[standard]);

@@ -132,8 +132,8 @@ double powerOfControl(const Distribution& guesses, const Distribution& shares)
 
 void chooseToneFrequency(MainWindow& window)
 {
-    Probe::comboBoxSoundType(window)->setCurrentIndex(sinusoidCarrier);
-    Probe::comboBoxMainParameter(window)->setCurrentIndex(carrierFrequencyParameter);
+    comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
+    comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(carrierFrequencyParameter);
 }
 
 } // namespace
@@ -203,7 +203,7 @@ private slots:
     {
         MainWindow window;
         chooseToneFrequency(window);
-        Probe::checkBoxResetMdFd(window)->setChecked(false);
+        checkBoxOf(window, "checkBoxResetMdFd")->setChecked(false);
         for (const QString column : {"Std", "Dev"}) {
             type(window, "lineEdit" + column + "ModFreq", "1.6667");
             type(window, "lineEdit" + column + "ModDepth", "100");
@@ -212,7 +212,7 @@ private slots:
         type(window, "lineEditDevFreqDiff", "50");
         type(window, "lineEditDevCarrierFreq", "950");
         GUIDE_SAYS("a frequency difference of 50 and a deviant carrier of 950");
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         const Data& data = Probe::data(window);
         for (const int i : {standard, deviant}) {
             const QVector<double>& sound
@@ -232,9 +232,9 @@ private slots:
             "while trend and file say 20.");
         MainWindow window;
         chooseToneFrequency(window);
-        Probe::checkBoxResetMdFd(window)->setChecked(false);
+        checkBoxOf(window, "checkBoxResetMdFd")->setChecked(false);
         type(window, "lineEditDevFreqDiff", "20");
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         QCOMPARE(Probe::data(window).cf[deviant], 950.0);
         QCOMPARE(Probe::data(window).fd[deviant] * Probe::data(window).cf[standard], 20.0);
     }
@@ -246,7 +246,7 @@ private slots:
         type(window, "lineEditStdCarrierFreq", "2000");
         chooseToneFrequency(window);
         QCOMPARE(textOf(window, "lineEditDevFreqDiff"), QString("50.0000"));
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         QCOMPARE(textOf(window, "lineEditDevFreqDiff"), QString("100.0000"));
     }
 
@@ -305,7 +305,7 @@ private:
     {
         MainWindow window;
         type(window, "lineEditNReversalsToCalc", reversalsToCalculate);
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         window.computeResults();
         return resultText(Probe::data(window).threshold, 0.0, modulationDepthParameter, 0.0)
             .section(',', 0, 0)

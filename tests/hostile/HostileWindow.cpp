@@ -22,7 +22,7 @@ HostileWindow::HostileWindow(bool isShown, int transformLength)
 
 void HostileWindow::type(const PanelField& field, const HostileText& text)
 {
-    Probe::checkBoxResetMdFd(m_window)->setChecked(false);
+    checkBoxOf(m_window, "checkBoxResetMdFd")->setChecked(false);
     step(field.name, [&] { ::type(m_window, field.name, text.text); });
     perform('V');
     perform('E');
@@ -40,11 +40,11 @@ void HostileWindow::undergo(const Combination& combination)
 
 void HostileWindow::choose(const Combination& combination)
 {
-    Probe::comboBoxSesType(m_window)->setCurrentIndex(combination.sesType);
-    Probe::comboBoxSoundType(m_window)->setCurrentIndex(combination.soundType);
-    Probe::comboBoxMainParameter(m_window)->setCurrentIndex(combination.mainParameter);
-    Probe::checkBoxResetMdFd(m_window)->setChecked(combination.resetsDeviant);
-    Probe::checkBoxSaveData(m_window)->setChecked(combination.saves);
+    comboBoxOf(m_window, "comboBoxSesType")->setCurrentIndex(combination.sesType);
+    comboBoxOf(m_window, "comboBoxSoundType")->setCurrentIndex(combination.soundType);
+    comboBoxOf(m_window, "comboBoxMainParameter")->setCurrentIndex(combination.mainParameter);
+    checkBoxOf(m_window, "checkBoxResetMdFd")->setChecked(combination.resetsDeviant);
+    checkBoxOf(m_window, "checkBoxSaveData")->setChecked(combination.saves);
 }
 
 void HostileWindow::perform(QChar letter)
@@ -52,10 +52,10 @@ void HostileWindow::perform(QChar letter)
     step(letter, [&] {
         switch (letter.unicode()) {
         case 'V':
-            Probe::pushButtonView(m_window)->click();
+            buttonOf(m_window, "pushButtonView")->click();
             break;
         case 'G':
-            Probe::pushButtonGo(m_window)->click();
+            buttonOf(m_window, "pushButtonGo")->click();
             break;
         case 'E':
             QCoreApplication::processEvents();

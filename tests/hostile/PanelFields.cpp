@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hostile/PanelFields.h"
 
-#include "support/MainWindowProbe.h"
+#include "app/MainWindow.h"
+#include "subject/SubjectWindow.h"
 #include "support/WindowWidgets.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QSet>
-
-using Probe = MainWindowProbe;
 
 const QVector<PanelField>& panelFields()
 {
@@ -35,11 +34,11 @@ const QVector<PanelField>& panelFields()
 
 void typeGoodTexts(MainWindow& window)
 {
-    Probe::comboBoxSesType(window)->setCurrentIndex(1);
-    Probe::comboBoxMainParameter(window)->setCurrentIndex(modulationDepthParameter);
-    Probe::comboBoxSoundType(window)->setCurrentIndex(noiseCarrier);
-    Probe::checkBoxResetMdFd(window)->setChecked(true);
-    Probe::checkBoxSaveData(window)->setChecked(false);
+    comboBoxOf(window, "comboBoxSesType")->setCurrentIndex(1);
+    comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(modulationDepthParameter);
+    comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(noiseCarrier);
+    checkBoxOf(window, "checkBoxResetMdFd")->setChecked(true);
+    checkBoxOf(window, "checkBoxSaveData")->setChecked(false);
     for (const PanelField& field : panelFields())
         type(window, field.name, field.goodText);
 }

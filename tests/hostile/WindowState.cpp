@@ -113,16 +113,16 @@ Numbers controlsOf(MainWindow& window)
 {
     return {
         {"shown choices",
-            asDoubles({Probe::comboBoxSesType(window)->currentIndex(),
-                Probe::comboBoxSoundType(window)->currentIndex(),
-                Probe::comboBoxMainParameter(window)->currentIndex()})},
+            asDoubles({comboBoxOf(window, "comboBoxSesType")->currentIndex(),
+                comboBoxOf(window, "comboBoxSoundType")->currentIndex(),
+                comboBoxOf(window, "comboBoxMainParameter")->currentIndex()})},
         {"shown boxes",
-            asDoubles({Probe::checkBoxResetMdFd(window)->isChecked() ? 1 : 0,
-                Probe::checkBoxSaveData(window)->isChecked() ? 1 : 0})},
+            asDoubles({checkBoxOf(window, "checkBoxResetMdFd")->isChecked() ? 1 : 0,
+                checkBoxOf(window, "checkBoxSaveData")->isChecked() ? 1 : 0})},
         {"what can be pressed",
-            asDoubles(
-                {window.isEnabled() ? 1 : 0, Probe::pushButtonView(window)->isEnabled() ? 1 : 0,
-                    Probe::pushButtonGo(window)->isEnabled() ? 1 : 0})},
+            asDoubles({window.isEnabled() ? 1 : 0,
+                buttonOf(window, "pushButtonView")->isEnabled() ? 1 : 0,
+                buttonOf(window, "pushButtonGo")->isEnabled() ? 1 : 0})},
     };
 }
 
@@ -132,8 +132,8 @@ WindowState stateOf(MainWindow& window)
 {
     const Data& data = Probe::data(window);
     WindowState state = {{},
-        {data.outputDir, data.subCode, data.fileName, Probe::lineEditFilePath(window)->text(),
-            Probe::lineEditFileName(window)->text(), Probe::trendAxisY(window)->titleText()}};
+        {data.outputDir, data.subCode, data.fileName, textOf(window, "lineEditFilePath"),
+            textOf(window, "lineEditFileName"), Probe::trendAxisY(window)->titleText()}};
     for (const Numbers& group :
         {recordOf(data), signalsOf(window), chartsOf(window), controlsOf(window)}) {
         for (const auto& entry : group)

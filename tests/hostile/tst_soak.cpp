@@ -72,17 +72,17 @@ RunOutcome play(MainWindow& window, const QString& answers)
     SubjectWindow& subject = driver.open();
     driver.beReady();
     const Data& data = Probe::data(window);
-    while (!Probe::pushButtonDone(subject)->isVisible()) {
+    while (!buttonOf(subject, "pushButtonDone")->isVisible()) {
         driver.playTrial();
         Probe::timerReaction(window)->invalidate(); // the answer counts 0 ms
         driver.answerRightly(answers[data.records.size() % answers.size()] == 'c');
     }
-    RunOutcome outcome = {{}, {}, data.threshold, Probe::labelThreshold(subject)->text()};
+    RunOutcome outcome = {{}, {}, data.threshold, labelOf(subject, "labelThreshold")->text()};
     for (const Record& record : data.records) {
         outcome.values.append(record.value);
         outcome.positions << record.stimulusPosition << record.responsePosition;
     }
-    Probe::pushButtonDone(subject)->click();
+    buttonOf(subject, "pushButtonDone")->click();
     return outcome;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/MainWindowProbe.h"
+#include "support/WindowWidgets.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -18,13 +19,13 @@ public:
         : data(Probe::data(window))
     {
         if (mainParameter == carrierFrequencyParameter) {
-            Probe::comboBoxSoundType(window)->setCurrentIndex(sinusoidCarrier);
-            Probe::comboBoxMainParameter(window)->setCurrentIndex(mainParameter);
+            comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
+            comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(mainParameter);
         }
-        Probe::lineEditStdDuration(window)->setText("10");
-        Probe::lineEditDevDuration(window)->setText("10");
-        Probe::lineEditSilentInterval(window)->setText("1000000");
-        Probe::pushButtonView(window)->click();
+        type(window, "lineEditStdDuration", "10");
+        type(window, "lineEditDevDuration", "10");
+        type(window, "lineEditSilentInterval", "1000000");
+        buttonOf(window, "pushButtonView")->click();
     }
 
     /// "I am ready": starts the first trial.
@@ -46,9 +47,9 @@ public:
         }
     }
 
-    QString depthField() { return Probe::lineEditDevModDepth(window)->text(); }
-    QString differenceField() { return Probe::lineEditDevFreqDiff(window)->text(); }
-    QString carrierField() { return Probe::lineEditDevCarrierFreq(window)->text(); }
+    QString depthField() { return textOf(window, "lineEditDevModDepth"); }
+    QString differenceField() { return textOf(window, "lineEditDevFreqDiff"); }
+    QString carrierField() { return textOf(window, "lineEditDevCarrierFreq"); }
 
     MainWindow window;
     Data& data;

@@ -3,6 +3,7 @@
 #include "procedure/SilentRun.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QTest>
 #include <QTimer>
@@ -79,7 +80,7 @@ private slots:
         QCOMPARE(run.differenceField(), shownDifference);
         QCOMPARE(run.carrierField(), shownCarrier);
         QCOMPARE(run.depthField(), QString("0.0000"));
-        QCOMPARE(Probe::lineEditStdCarrierFreq(run.window)->text(), QString("1000.00"));
+        QCOMPARE(textOf(run.window, "lineEditStdCarrierFreq"), QString("1000.00"));
     }
 
     void step_changesNothing_forAnyOtherParameter()
@@ -138,7 +139,7 @@ private slots:
         QCOMPARE(run.data.md[deviant], 0.0);
         QCOMPARE(run.data.fd[deviant], 0.05);
         QCOMPARE(run.data.cf[deviant], 950.0);
-        Probe::comboBoxMainParameter(run.window)->setCurrentIndex(modulationDepthParameter);
+        comboBoxOf(run.window, "comboBoxMainParameter")->setCurrentIndex(modulationDepthParameter);
         QCOMPARE(run.data.md[deviant], 0.5);
         QCOMPARE(run.data.fd[deviant], 0.0);
         QCOMPARE(run.data.cf[deviant], 1000.0);
@@ -165,8 +166,8 @@ private slots:
         using QtCharts::QValueAxis;
         connect(
             Probe::trendSeries(window), &QtCharts::QLineSeries::pointAdded, [&] { note("trend"); });
-        connect(
-            Probe::lineEditDevModDepth(window), &QLineEdit::textChanged, [&] { note("field"); });
+        connect(lineEditOf(window, "lineEditDevModDepth"), &QLineEdit::textChanged,
+            [&] { note("field"); });
         connect(
             Probe::deviantWaveAxisY(window), &QValueAxis::rangeChanged, [&] { note("waveform"); });
         connect(Probe::deviantSpectrumAxisY(window), &QValueAxis::rangeChanged,
@@ -244,7 +245,7 @@ private slots:
         SilentRun run(modulationDepthParameter);
         run.play("cwc");
         QCOMPARE(run.data.records.size(), 3);
-        Probe::pushButtonView(run.window)->click();
+        buttonOf(run.window, "pushButtonView")->click();
         QVERIFY(run.data.records.isEmpty());
         QCOMPARE(run.data.reversalCount, 0);
         QCOMPARE(Probe::trendSeries(run.window)->count(), 0);
@@ -254,8 +255,8 @@ private slots:
     void reversals_keepTheirNumber_whenThePanelAsksForFewer()
     {
         SilentRun run(modulationDepthParameter);
-        Probe::lineEditNReversals(run.window)->setText("3");
-        Probe::pushButtonView(run.window)->click();
+        type(run.window, "lineEditNReversals", "3");
+        buttonOf(run.window, "pushButtonView")->click();
         QCOMPARE(run.data.nReversals, 3);
         QCOMPARE(run.data.reversals, Values(14, 0.0));
     }

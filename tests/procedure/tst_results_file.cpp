@@ -3,6 +3,7 @@
 #include "procedure/SilentRun.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -34,10 +35,10 @@ QString charactersFrom(ushort first, ushort last)
 /// A run that ends at the second answer, if that one is wrong.
 void askForOneReversal(SilentRun& run, bool saveData)
 {
-    Probe::lineEditNReversals(run.window)->setText("1");
-    Probe::checkBoxSaveData(run.window)->setChecked(saveData);
-    Probe::pushButtonView(run.window)->click();
-    Probe::pushButtonGo(run.window)->click();
+    type(run.window, "lineEditNReversals", "1");
+    checkBoxOf(run.window, "checkBoxSaveData")->setChecked(saveData);
+    buttonOf(run.window, "pushButtonView")->click();
+    buttonOf(run.window, "pushButtonGo")->click();
 }
 
 } // namespace
@@ -128,15 +129,15 @@ private slots:
     void choice_isKeptInTheRecordAlone()
     {
         SavedRun run;
-        const QString shownPath = Probe::lineEditFilePath(run.window)->text();
-        const QString shownName = Probe::lineEditFileName(run.window)->text();
+        const QString shownPath = textOf(run.window, "lineEditFilePath");
+        const QString shownName = textOf(run.window, "lineEditFileName");
         QDir(run.folder.path()).mkdir("sub");
         const QString path = run.path("sub/chosen.txt");
         run.save(path);
         QCOMPARE(run.data.outputDir, path);
         QCOMPARE(run.data.fileName, QString("chosen.txt"));
-        QCOMPARE(Probe::lineEditFilePath(run.window)->text(), shownPath);
-        QCOMPARE(Probe::lineEditFileName(run.window)->text(), shownName);
+        QCOMPARE(textOf(run.window, "lineEditFilePath"), shownPath);
+        QCOMPARE(textOf(run.window, "lineEditFileName"), shownName);
         run.save(path);
         QCOMPARE(run.boxes.fileChoices().last().fileName, QString("chosen.txt"));
         QCOMPARE(SavedRun::contentOf(path), SavedRun::expectedBytes());
@@ -146,10 +147,10 @@ private slots:
     {
         SavedRun run;
         run.save(run.path("chosen.txt"));
-        Probe::lineEditFilePath(run.window)->setText(run.folder.path());
-        Probe::pushButtonView(run.window)->click();
+        type(run.window, "lineEditFilePath", run.folder.path());
+        buttonOf(run.window, "pushButtonView")->click();
         QCOMPARE(run.data.outputDir, run.folder.path());
-        QCOMPARE(run.data.fileName, Probe::lineEditFileName(run.window)->text());
+        QCOMPARE(run.data.fileName, textOf(run.window, "lineEditFileName"));
     }
 
     void file_isWritten_underAnyName_data()
@@ -203,7 +204,7 @@ private slots:
         QFETCH(QString, subject);
         const QString name = subject + "_test001_noise_modulation depth.txt";
         SavedRun run;
-        Probe::lineEditSubCode(run.window)->setText(subject);
+        type(run.window, "lineEditSubCode", subject);
         run.boxes.onOpen([](QWidget* box) {
             auto* const buttons = box->findChild<QDialogButtonBox*>("buttonBox");
             buttons->button(QDialogButtonBox::Save)->click();
@@ -222,7 +223,8 @@ private slots:
         askForOneReversal(run, true);
         bool isResultVisible = false;
         boxes.onOpen([&](QWidget*) {
-            isResultVisible = Probe::labelThreshold(*Probe::subjectWindow(run.window))->isVisible();
+            isResultVisible
+                = labelOf(*Probe::subjectWindow(run.window), "labelThreshold")->isVisible();
         });
         boxes.chooseFile(folder.filePath("run.txt"));
         run.play("cw");
@@ -241,7 +243,7 @@ private slots:
         SilentRun run(modulationDepthParameter);
         ModalBoxes boxes;
         askForOneReversal(run, false);
-        Probe::checkBoxSaveData(run.window)->setChecked(true);
+        checkBoxOf(run.window, "checkBoxSaveData")->setChecked(true);
         run.play("cw");
         QVERIFY(std::isfinite(run.data.threshold) && run.data.threshold > 0.0);
         QVERIFY(boxes.fileChoices().isEmpty());

@@ -2,6 +2,7 @@
 #include "procedure/SilentRun.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QLabel>
 #include <QSignalSpy>
@@ -90,8 +91,8 @@ private slots:
     void run_endsWithoutAnotherTrial_atTheFirstReversalAskedFor()
     {
         SilentRun run(modulationDepthParameter);
-        Probe::lineEditNReversals(run.window)->setText("1");
-        Probe::pushButtonView(run.window)->click();
+        type(run.window, "lineEditNReversals", "1");
+        buttonOf(run.window, "pushButtonView")->click();
         QSignalSpy done(&run.window, &MainWindow::doneDataCollection);
         run.play("cc");
         QCOMPARE(done.count(), 0);
@@ -135,8 +136,8 @@ private slots:
     void run_goesOnInSmallSteps_beyondTheTableOfSteps()
     {
         SilentRun run(carrierFrequencyParameter);
-        Probe::lineEditNReversals(run.window)->setText("20");
-        Probe::pushButtonView(run.window)->click();
+        type(run.window, "lineEditNReversals", "20");
+        buttonOf(run.window, "pushButtonView")->click();
         QSignalSpy done(&run.window, &MainWindow::doneDataCollection);
         run.play(alternating(20));
         QCOMPARE(done.count(), 0);
@@ -147,15 +148,15 @@ private slots:
         // 0, -2, +2, +1, +3, +2, +4 ... dB: each pair of a correct and a wrong answer adds 1 dB.
         QVERIFY(areNear(
             {run.data.reversals[18], run.data.reversals[19]}, afterDecibels(0.05, {9, 11})));
-        Probe::pushButtonView(run.window)->click();
+        buttonOf(run.window, "pushButtonView")->click();
         QCOMPARE(run.data.reversals, Values(20, 0.0));
     }
 
     void firstAnswer_endsTheRun_whenNoReversalIsAskedFor()
     {
         SilentRun run(modulationDepthParameter);
-        Probe::lineEditNReversals(run.window)->setText("0");
-        Probe::pushButtonView(run.window)->click();
+        type(run.window, "lineEditNReversals", "0");
+        buttonOf(run.window, "pushButtonView")->click();
         QSignalSpy done(&run.window, &MainWindow::doneDataCollection);
         run.begin();
         QVERIFY(!Probe::timerPlay(run.window)->isActive());
@@ -182,10 +183,10 @@ private slots:
         QFETCH(double, start);
         QFETCH(double, carrier);
         SilentRun run(mainParameter);
-        Probe::lineEditStdCarrierFreq(run.window)->setText(QString::number(carrier));
-        Probe::lineEditNReversals(run.window)->setText("5");
-        Probe::lineEditNReversalsToCalc(run.window)->setText("3");
-        Probe::pushButtonView(run.window)->click();
+        type(run.window, "lineEditStdCarrierFreq", QString::number(carrier));
+        type(run.window, "lineEditNReversals", "5");
+        type(run.window, "lineEditNReversalsToCalc", "3");
+        buttonOf(run.window, "pushButtonView")->click();
         QSignalSpy done(&run.window, &MainWindow::doneDataCollection);
         run.play("ccwccwccw");
         QCOMPARE(done.count(), 1);
@@ -226,13 +227,13 @@ private slots:
         QFETCH(int, mainParameter);
         QFETCH(QString, shown);
         SilentRun run(mainParameter);
-        Probe::lineEditNReversals(run.window)->setText("5");
-        Probe::lineEditNReversalsToCalc(run.window)->setText("3");
-        Probe::pushButtonView(run.window)->click();
-        Probe::pushButtonGo(run.window)->click();
+        type(run.window, "lineEditNReversals", "5");
+        type(run.window, "lineEditNReversalsToCalc", "3");
+        buttonOf(run.window, "pushButtonView")->click();
+        buttonOf(run.window, "pushButtonGo")->click();
         SubjectWindow* const subject = Probe::subjectWindow(run.window);
         run.play("ccwccwccw");
-        const QLabel* const label = Probe::labelThreshold(*subject);
+        const QLabel* const label = labelOf(*subject, "labelThreshold");
         QVERIFY(label->isVisible());
         // The trials had no sound, so their reaction clock never ran.
         QCOMPARE(label->text(), shown + ",   Reaction Time = 0 ms");

@@ -21,8 +21,8 @@ const QString fromMainParameter(
 
 void selectSinusoidAndCarrierFrequency(MainWindow& window)
 {
-    Probe::comboBoxSoundType(window)->setCurrentIndex(0);
-    Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+    comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(0);
+    comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(0);
 }
 
 void compareWithConflictBox(
@@ -45,11 +45,11 @@ private slots:
     {
         ModalBoxes boxes;
         MainWindow window;
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(0);
         QCOMPARE(boxes.messages().size(), 1);
         compareWithConflictBox(boxes.messages().constFirst(), fromMainParameter, window);
-        QCOMPARE(Probe::comboBoxMainParameter(window)->currentIndex(), 1);
-        QCOMPARE(Probe::comboBoxSoundType(window)->currentIndex(), 1);
+        QCOMPARE(comboBoxOf(window, "comboBoxMainParameter")->currentIndex(), 1);
+        QCOMPARE(comboBoxOf(window, "comboBoxSoundType")->currentIndex(), 1);
         QCOMPARE(Probe::data(window).mainParameter, 1);
         QCOMPARE(Probe::data(window).soundType, 1);
         QCOMPARE(textOf(window, "lineEditFileName"),
@@ -62,7 +62,7 @@ private slots:
         MainWindow window;
         Probe::data(window).md[deviant] = 0.125;
         Probe::data(window).fd[deviant] = 0.25;
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(0);
         QCOMPARE(deviantValues(window), QVector<double>({0.5, 0.0, 1000.0}));
         QCOMPARE(deviantFields(window), QStringList({"50.0000", "0.0000", "1000.00"}));
     }
@@ -73,11 +73,11 @@ private slots:
         MainWindow window;
         selectSinusoidAndCarrierFrequency(window);
         QVERIFY(boxes.messages().isEmpty());
-        Probe::comboBoxSoundType(window)->setCurrentIndex(1);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(1);
         QCOMPARE(boxes.messages().size(), 1);
         compareWithConflictBox(boxes.messages().constFirst(), fromSoundType, window);
-        QCOMPARE(Probe::comboBoxSoundType(window)->currentIndex(), 0);
-        QCOMPARE(Probe::comboBoxMainParameter(window)->currentIndex(), 0);
+        QCOMPARE(comboBoxOf(window, "comboBoxSoundType")->currentIndex(), 0);
+        QCOMPARE(comboBoxOf(window, "comboBoxMainParameter")->currentIndex(), 0);
         QCOMPARE(Probe::data(window).soundType, 0);
         QCOMPARE(Probe::data(window).mainParameter, 0);
         QCOMPARE(textOf(window, "lineEditFileName"),
@@ -90,7 +90,7 @@ private slots:
         MainWindow window;
         selectSinusoidAndCarrierFrequency(window);
         Probe::data(window).fd[deviant] = 0.125;
-        Probe::comboBoxSoundType(window)->setCurrentIndex(1);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(1);
         QCOMPARE(Probe::data(window).fd[deviant], 0.125);
         QCOMPARE(textOf(window, "lineEditDevFreqDiff"), QString("50.0000"));
     }
@@ -105,10 +105,10 @@ private slots:
         QString fileName;
         boxes.onOpen([&](QWidget*) {
             soundType = Probe::data(window).soundType;
-            index = Probe::comboBoxSoundType(window)->currentIndex();
+            index = comboBoxOf(window, "comboBoxSoundType")->currentIndex();
             fileName = textOf(window, "lineEditFileName");
         });
-        Probe::comboBoxSoundType(window)->setCurrentIndex(1);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(1);
         QCOMPARE(soundType, 1);
         QCOMPARE(index, 1);
         QCOMPARE(fileName, QString("SUB001_test001_sinusoid_carrier frequency.txt"));
@@ -118,21 +118,22 @@ private slots:
     {
         ModalBoxes boxes;
         MainWindow window;
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(0);
         boxes.escapeNext();
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(0);
         QCOMPARE(boxes.messages().size(), 2);
         compareWithConflictBox(boxes.messages().constLast(), fromMainParameter, window);
-        QCOMPARE(Probe::comboBoxMainParameter(window)->currentIndex(), 1);
+        QCOMPARE(comboBoxOf(window, "comboBoxMainParameter")->currentIndex(), 1);
     }
 
     void box_opensToo_whenTheChoiceIsMadeByKey()
     {
         ModalBoxes boxes;
         MainWindow window;
-        QTest::keyClick(Probe::comboBoxMainParameter(window), Qt::Key_Up);
+        QTest::keyClick(comboBoxOf(window, "comboBoxMainParameter"), Qt::Key_Up);
         QCOMPARE(boxes.messages().size(), 1);
-        QCOMPARE(Probe::comboBoxMainParameter(window)->currentText(), QString("modulation depth"));
+        QCOMPARE(comboBoxOf(window, "comboBoxMainParameter")->currentText(),
+            QString("modulation depth"));
     }
 
     void noBoxOpens_whenTheChoicesAgree()
@@ -140,9 +141,9 @@ private slots:
         ModalBoxes boxes;
         MainWindow window;
         selectSinusoidAndCarrierFrequency(window);
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(1);
-        Probe::comboBoxSoundType(window)->setCurrentIndex(1);
-        Probe::comboBoxSesType(window)->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(1);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(1);
+        comboBoxOf(window, "comboBoxSesType")->setCurrentIndex(0);
         QCoreApplication::processEvents();
         QVERIFY(boxes.messages().isEmpty());
     }
@@ -155,7 +156,7 @@ private slots:
         QCOMPARE(Probe::data(window).cf[standard], 1000.0);
         QCOMPARE(deviantValues(window), QVector<double>({0.0, 0.05, 950.0}));
         QCOMPARE(deviantFields(window), QStringList({"0.0000", "50.0000", "950.00"}));
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(1);
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(1);
         QCOMPARE(deviantValues(window), QVector<double>({0.5, 0.0, 1000.0}));
         QCOMPARE(deviantFields(window), QStringList({"50.0000", "0.0000", "1000.00"}));
     }
@@ -164,8 +165,8 @@ private slots:
     {
         MainWindow window;
         Probe::data(window).md[deviant] = 0.125;
-        Probe::comboBoxSoundType(window)->setCurrentIndex(0);
-        Probe::comboBoxSesType(window)->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxSesType")->setCurrentIndex(0);
         type(window, "lineEditSubCode", "AB");
         type(window, "lineEditSesNum", "2");
         QCOMPARE(Probe::data(window).md[deviant], 0.125);

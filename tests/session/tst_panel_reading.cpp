@@ -59,7 +59,7 @@ void addReadings()
 
 void keepTheDeviantsFields(MainWindow& window)
 {
-    Probe::checkBoxResetMdFd(window)->setChecked(false);
+    checkBoxOf(window, "checkBoxResetMdFd")->setChecked(false);
 }
 
 QStringList textsOf(const MainWindow& window)
@@ -130,7 +130,7 @@ private slots:
         data.saveData = false;
         data.resetMdFd = true;
         data.nTrials = 7;
-        Probe::checkBoxSaveData(window)->setChecked(true);
+        checkBoxOf(window, "checkBoxSaveData")->setChecked(true);
         keepTheDeviantsFields(window);
         window.getParameters();
         QCOMPARE(data.sesType, 1);
@@ -183,8 +183,8 @@ private slots:
     void deviant_startsFivePercentBelow_whenCarrierFrequencyIsAdapted()
     {
         MainWindow window;
-        Probe::comboBoxSoundType(window)->setCurrentIndex(0);
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(0);
         type(window, "lineEditStdCarrierFreq", "2000");
         type(window, "lineEditDevFreqDiff", "7");
         window.getParameters();
@@ -244,9 +244,9 @@ private slots:
     {
         ModalBoxes boxes;
         MainWindow window;
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         type(window, "lineEditNReversalsToCalc", "20");
-        Probe::pushButtonGo(window)->click();
+        buttonOf(window, "pushButtonGo")->click();
         QCOMPARE(Probe::data(window).nReversalsToCalculate, 14);
         QCOMPARE(textOf(window, "lineEditNReversalsToCalc"), QString("14"));
         QVERIFY(boxes.messages().isEmpty());
@@ -307,7 +307,7 @@ private slots:
         MainWindow window;
         Probe::data(window).reversals.fill(0.25);
         type(window, "lineEditNReversals", "20");
-        Probe::pushButtonView(window)->click();
+        buttonOf(window, "pushButtonView")->click();
         QCOMPARE(Probe::data(window).nReversals, 20);
         QCOMPARE(Probe::data(window).reversals, QVector<double>(14, 0.0));
     }

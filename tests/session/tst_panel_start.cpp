@@ -75,9 +75,10 @@ private slots:
     void boxes_offerTheRecordsLists_whenTheWindowOpens()
     {
         MainWindow window;
-        QCOMPARE(itemsOf(Probe::comboBoxSesType(window)), QStringList({"practice", "test"}));
-        QCOMPARE(itemsOf(Probe::comboBoxSoundType(window)), QStringList({"sinusoid", "noise"}));
-        QCOMPARE(itemsOf(Probe::comboBoxMainParameter(window)),
+        QCOMPARE(itemsOf(comboBoxOf(window, "comboBoxSesType")), QStringList({"practice", "test"}));
+        QCOMPARE(
+            itemsOf(comboBoxOf(window, "comboBoxSoundType")), QStringList({"sinusoid", "noise"}));
+        QCOMPARE(itemsOf(comboBoxOf(window, "comboBoxMainParameter")),
             QStringList({"carrier frequency", "modulation depth"}));
     }
 
@@ -85,9 +86,10 @@ private slots:
     {
         const ModalBoxes boxes;
         MainWindow window;
-        QCOMPARE(Probe::comboBoxSesType(window)->currentText(), QString("test"));
-        QCOMPARE(Probe::comboBoxSoundType(window)->currentText(), QString("noise"));
-        QCOMPARE(Probe::comboBoxMainParameter(window)->currentText(), QString("modulation depth"));
+        QCOMPARE(comboBoxOf(window, "comboBoxSesType")->currentText(), QString("test"));
+        QCOMPARE(comboBoxOf(window, "comboBoxSoundType")->currentText(), QString("noise"));
+        QCOMPARE(comboBoxOf(window, "comboBoxMainParameter")->currentText(),
+            QString("modulation depth"));
         QCOMPARE(Probe::data(window).sesType, 1);
         QCOMPARE(Probe::data(window).soundType, 1);
         QCOMPARE(Probe::data(window).mainParameter, 1);
@@ -108,11 +110,11 @@ private slots:
     void checkBoxesAndButtons_areSet_whenTheWindowOpens()
     {
         MainWindow window;
-        QVERIFY(Probe::checkBoxResetMdFd(window)->isChecked());
-        QVERIFY(!Probe::checkBoxSaveData(window)->isChecked());
-        QVERIFY(Probe::pushButtonView(window)->isEnabled());
-        QVERIFY(!Probe::pushButtonGo(window)->isEnabled());
-        QVERIFY(Probe::pushButtonQuit(window)->isEnabled());
+        QVERIFY(checkBoxOf(window, "checkBoxResetMdFd")->isChecked());
+        QVERIFY(!checkBoxOf(window, "checkBoxSaveData")->isChecked());
+        QVERIFY(buttonOf(window, "pushButtonView")->isEnabled());
+        QVERIFY(!buttonOf(window, "pushButtonGo")->isEnabled());
+        QVERIFY(buttonOf(window, "pushButtonQuit")->isEnabled());
     }
 
     void sizes_areThoseOfTheSpectrum_whenTheWindowOpens()
@@ -172,8 +174,9 @@ private slots:
             const auto note = [&written, field] { written.append(field->objectName().mid(8)); };
             connect(field, &QLineEdit::textChanged, this, note);
         }
-        for (QCheckBox* box : {Probe::checkBoxResetMdFd(window), Probe::checkBoxSaveData(window)}) {
-            box->setChecked(box == Probe::checkBoxSaveData(window));
+        for (QCheckBox* box :
+            {checkBoxOf(window, "checkBoxResetMdFd"), checkBoxOf(window, "checkBoxSaveData")}) {
+            box->setChecked(box == checkBoxOf(window, "checkBoxSaveData"));
             connect(box, &QCheckBox::toggled, this,
                 [&written, box] { written.append(box->objectName()); });
         }
@@ -191,7 +194,7 @@ private slots:
     {
         MainWindow window;
         fillThePanelAgain(window);
-        QCOMPARE(itemsOf(Probe::comboBoxSesType(window)),
+        QCOMPARE(itemsOf(comboBoxOf(window, "comboBoxSesType")),
             QStringList({"practice", "test", "practice", "test"}));
     }
 
@@ -227,8 +230,8 @@ private slots:
         QCOMPARE(textOf(window, "lineEditFilePath"), QString("/some/folder"));
         QCOMPARE(textOf(window, "lineEditSesNum"), QString("12"));
         QCOMPARE(textOf(window, "lineEditSubCode"), QString("AB"));
-        QVERIFY(Probe::checkBoxSaveData(window)->isChecked());
-        QVERIFY(!Probe::checkBoxResetMdFd(window)->isChecked());
+        QVERIFY(checkBoxOf(window, "checkBoxSaveData")->isChecked());
+        QVERIFY(!checkBoxOf(window, "checkBoxResetMdFd")->isChecked());
     }
 };
 

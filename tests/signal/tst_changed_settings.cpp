@@ -2,6 +2,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QLineEdit>
 #include <QTest>
@@ -104,9 +105,9 @@ private:
         QFETCH(QString, standardMs);
         QFETCH(QString, deviantMs);
         QFETCH(QString, rate);
-        Probe::lineEditStdDuration(window)->setText(standardMs);
-        Probe::lineEditDevDuration(window)->setText(deviantMs);
-        Probe::lineEditSamplingRate(window)->setText(rate);
+        type(window, "lineEditStdDuration", standardMs);
+        type(window, "lineEditDevDuration", deviantMs);
+        type(window, "lineEditSamplingRate", rate);
         window.on_pushButtonView_clicked();
         return rate.toDouble();
     }

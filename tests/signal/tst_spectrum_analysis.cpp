@@ -5,6 +5,7 @@
 #include "support/Points.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -50,7 +51,7 @@ private slots:
     void sounds_haveTheirPeakInBin819_whenTheyAreTonesOf1000Hz()
     {
         MainWindow window;
-        Probe::comboBoxSoundType(window)->setCurrentIndex(sinusoidCarrier);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
         Probe::data(window).equalizeRms = false;
         window.on_pushButtonView_clicked();
         const QVector<double>& amplitude = Probe::standardAmplitude(window);
@@ -159,7 +160,7 @@ private slots:
     void longSound_isCutToItsTransform_afterItsDurationGrew()
     {
         MainWindow window;
-        Probe::lineEditStdDuration(window)->setText("1200.00");
+        type(window, "lineEditStdDuration", "1200.00");
         window.on_pushButtonView_clicked();
         QCOMPARE(Probe::standardSound(window).size(), 48000);
         const Spectrum cut = spectrumOf(Probe::standardSound(window).mid(0, 32768), 32768, 48000);

@@ -5,6 +5,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -55,7 +56,7 @@ private slots:
     void sounds_useNoDraw_atViewOfASinusoid()
     {
         MainWindow window;
-        Probe::comboBoxSoundType(window)->setCurrentIndex(sinusoidCarrier);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
         const QVector<int> draws = drawsAfter(1, 1);
         window.on_pushButtonView_clicked();
         QCOMPARE(drawsMade(draws), 0);
@@ -80,7 +81,7 @@ private slots:
     void draws_areThePositionAlone_atEachSinusoidTrial()
     {
         MainWindow window;
-        Probe::comboBoxSoundType(window)->setCurrentIndex(sinusoidCarrier);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
         window.on_pushButtonView_clicked();
         const QVector<int> draws = drawsAfter(1, 4);
         startRun(window);
@@ -213,7 +214,7 @@ private slots:
     {
         tolerateUndefinedChartValues();
         MainWindow window;
-        Probe::lineEditDevDuration(window)->setText("0.00");
+        type(window, "lineEditDevDuration", "0.00");
         window.on_pushButtonView_clicked();
         QVERIFY(Probe::deviantSound(window).isEmpty());
         QVERIFY(areAllNaN(Probe::standardSound(window)));
@@ -224,7 +225,7 @@ private slots:
         QCOMPARE(Probe::deviantSound(window).size(), 24000);
         QVERIFY(areAllNaN(Probe::standardSound(window)));
 
-        Probe::lineEditDevDuration(window)->setText("600.00");
+        type(window, "lineEditDevDuration", "600.00");
         window.on_pushButtonView_clicked();
         QCOMPARE(statedRms(Probe::standardSound(window)), statedRms(Probe::deviantSound(window)));
     }

@@ -5,6 +5,7 @@
 #include "support/Points.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QLineEdit>
 #include <QTest>
@@ -81,8 +82,8 @@ private slots:
     void noPoint_isAddedThatTheSoundsDoNotHave()
     {
         MainWindow window;
-        Probe::lineEditStdDuration(window)->setText("20.00");
-        Probe::lineEditDevDuration(window)->setText("10.00");
+        type(window, "lineEditStdDuration", "20.00");
+        type(window, "lineEditDevDuration", "10.00");
         window.on_pushButtonView_clicked();
         Probe::data(window).nSamples = {24000, 24000};
         window.updateWav();
@@ -186,7 +187,7 @@ private slots:
     {
         tolerateUndefinedChartValues();
         MainWindow window;
-        Probe::lineEditSamplingRate(window)->setText("0");
+        type(window, "lineEditSamplingRate", "0");
         window.on_pushButtonView_clicked();
         answerATrialAt(window, "44100");
         QCOMPARE(Probe::timeAxis(window), statedTimes(2205, 44100.0));
@@ -196,7 +197,7 @@ private:
     // Go and an answer at another rate than that of View.
     static void answerATrialAt(MainWindow& window, const QString& rate)
     {
-        Probe::lineEditSamplingRate(window)->setText(rate);
+        type(window, "lineEditSamplingRate", rate);
         window.on_pushButtonGo_clicked();
         window.updateMainwindow(0);
         window.updateMainwindow(2);

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MainWindow.h"
 #include "subject/SubjectWindow.h"
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
+#include "support/WindowWidgets.h"
 
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
-
-using Probe = MainWindowProbe;
 
 namespace {
 
@@ -25,8 +24,8 @@ const QString hover(
 
 QVector<QPushButton*> choices(SubjectWindow& window)
 {
-    return {Probe::pushButtonChoice1(window), Probe::pushButtonChoice2(window),
-        Probe::pushButtonChoice3(window), Probe::pushButtonChoice4(window)};
+    return {buttonOf(window, "pushButtonChoice1"), buttonOf(window, "pushButtonChoice2"),
+        buttonOf(window, "pushButtonChoice3"), buttonOf(window, "pushButtonChoice4")};
 }
 
 QStringList styles(SubjectWindow& window)
@@ -54,9 +53,10 @@ const QVector<bool> answering = {true, false, true, true, false};
 // All that a listener can see of the window.
 QVariantList look(SubjectWindow& window)
 {
-    QVariantList list = {window.isVisible(), styles(window), Probe::labelThreshold(window)->text(),
-        Probe::labelThreshold(window)->isVisible(), Probe::pushButtonDone(window)->isVisible(),
-        Probe::pushButtonIAmReady(window)->isVisible()};
+    QVariantList list = {window.isVisible(), styles(window),
+        labelOf(window, "labelThreshold")->text(), labelOf(window, "labelThreshold")->isVisible(),
+        buttonOf(window, "pushButtonDone")->isVisible(),
+        buttonOf(window, "pushButtonIAmReady")->isVisible()};
     for (const bool state : enabled(window)) {
         list.append(state);
     }
@@ -155,17 +155,17 @@ private slots:
         QFETCH(int, mainParameter);
         SubjectWindow window(nullptr);
         window.show();
-        Probe::pushButtonIAmReady(window)->click();
+        buttonOf(window, "pushButtonIAmReady")->click();
         window.finishExperiment(0.002, 734.5, mainParameter, 1000.0);
-        QTEST(Probe::labelThreshold(window)->text(), "text");
-        QVERIFY(Probe::labelThreshold(window)->isVisible());
-        QVERIFY(Probe::pushButtonDone(window)->isVisible());
-        QVERIFY(Probe::pushButtonDone(window)->isEnabled());
+        QTEST(labelOf(window, "labelThreshold")->text(), "text");
+        QVERIFY(labelOf(window, "labelThreshold")->isVisible());
+        QVERIFY(buttonOf(window, "pushButtonDone")->isVisible());
+        QVERIFY(buttonOf(window, "pushButtonDone")->isEnabled());
         QVERIFY(window.isEnabled());
         for (const QPushButton* button : choices(window)) {
             QVERIFY(!button->isVisible());
         }
-        QVERIFY(!Probe::pushButtonIAmReady(window)->isVisible());
+        QVERIFY(!buttonOf(window, "pushButtonIAmReady")->isVisible());
     }
 
     void closing_asksForConfirmation()
@@ -202,7 +202,7 @@ private slots:
         window.show();
         window.finishExperiment(0.002, 734.5, 1, 1000.0);
         if (byDone) {
-            Probe::pushButtonDone(window)->click();
+            buttonOf(window, "pushButtonDone")->click();
         } else {
             QVERIFY(window.close());
         }
@@ -235,7 +235,7 @@ private slots:
         }
         SubjectWindow window(nullptr);
         window.show();
-        Probe::pushButtonIAmReady(window)->click();
+        buttonOf(window, "pushButtonIAmReady")->click();
         for (const int earlier : {1, 2, state}) {
             window.updateSubjectWindow(earlier);
         }
@@ -254,7 +254,7 @@ private slots:
         window.updateSubjectWindow(-1);
         window.finishExperiment(0.002, 734.5, 1, 1000.0);
         QVERIFY(!window.isVisible());
-        QCOMPARE(Probe::labelThreshold(window)->text(),
+        QCOMPARE(labelOf(window, "labelThreshold")->text(),
             QString("Modulation Threshold = 0.2 %,   Reaction Time = 734.5 ms"));
     }
 };

@@ -3,6 +3,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
+#include "support/WindowWidgets.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -53,7 +54,7 @@ private slots:
         QVERIFY(widget != nullptr);
         QTEST(widget->property("text").toString(), "text");
         QTEST(widget->isVisible(), "isVisible");
-        const QGridLayout* const grid = Probe::gridLayout(window);
+        const QGridLayout* const grid = widgetOf<QGridLayout>(window, "gridLayout");
         int row = 0;
         int column = 0;
         int rowSpan = 0;
@@ -65,18 +66,18 @@ private slots:
     void centralWidget_holdsTheGrid()
     {
         SubjectWindow window(nullptr);
-        QCOMPARE(window.QMainWindow::centralWidget(), Probe::centralWidget(window));
-        QCOMPARE(Probe::centralWidget(window)->layout(),
-            static_cast<QLayout*>(Probe::gridLayout(window)));
-        QCOMPARE(Probe::gridLayout(window)->count(), 7);
+        QCOMPARE(window.QMainWindow::centralWidget(), widgetOf<QWidget>(window, "centralWidget"));
+        QCOMPARE(widgetOf<QWidget>(window, "centralWidget")->layout(),
+            static_cast<QLayout*>(widgetOf<QGridLayout>(window, "gridLayout")));
+        QCOMPARE(widgetOf<QGridLayout>(window, "gridLayout")->count(), 7);
     }
 
     void intervalButtons_fillTheWindow()
     {
         SubjectWindow window(nullptr);
         for (const QPushButton* button :
-            {Probe::pushButtonChoice1(window), Probe::pushButtonChoice2(window),
-                Probe::pushButtonChoice3(window), Probe::pushButtonChoice4(window)}) {
+            {buttonOf(window, "pushButtonChoice1"), buttonOf(window, "pushButtonChoice2"),
+                buttonOf(window, "pushButtonChoice3"), buttonOf(window, "pushButtonChoice4")}) {
             QCOMPARE(button->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
             QCOMPARE(button->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
             QCOMPARE(button->styleSheet(), QString());
@@ -86,7 +87,7 @@ private slots:
     void label_isCentredAndSelectable()
     {
         SubjectWindow window(nullptr);
-        const QLabel* const label = Probe::labelThreshold(window);
+        const QLabel* const label = labelOf(window, "labelThreshold");
         QCOMPARE(label->sizePolicy().horizontalPolicy(), QSizePolicy::Preferred);
         QCOMPARE(label->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
         QCOMPARE(label->alignment(), Qt::Alignment(Qt::AlignHCenter));
@@ -108,17 +109,17 @@ private slots:
         QSignalSpy responses(&window, SIGNAL(subjectResponded(int)));
         connect(&window, &SubjectWindow::subjectResponded, &window, [&window] {
             QVERIFY(!window.isEnabled());
-            QVERIFY(Probe::pushButtonChoice4(window)->isVisible());
-            QVERIFY(!Probe::pushButtonIAmReady(window)->isVisible());
+            QVERIFY(buttonOf(window, "pushButtonChoice4")->isVisible());
+            QVERIFY(!buttonOf(window, "pushButtonIAmReady")->isVisible());
         });
-        Probe::pushButtonDone(window)->show();
-        Probe::pushButtonIAmReady(window)->click();
+        buttonOf(window, "pushButtonDone")->show();
+        buttonOf(window, "pushButtonIAmReady")->click();
 
         QCOMPARE(responses, QList<QVariantList>() << (QVariantList() << 0));
-        QVERIFY(!Probe::pushButtonDone(window)->isVisible());
+        QVERIFY(!buttonOf(window, "pushButtonDone")->isVisible());
         for (const QPushButton* button :
-            {Probe::pushButtonChoice1(window), Probe::pushButtonChoice2(window),
-                Probe::pushButtonChoice3(window), Probe::pushButtonChoice4(window)}) {
+            {buttonOf(window, "pushButtonChoice1"), buttonOf(window, "pushButtonChoice2"),
+                buttonOf(window, "pushButtonChoice3"), buttonOf(window, "pushButtonChoice4")}) {
             QVERIFY(button->isVisible());
             QVERIFY(button->testAttribute(Qt::WA_ForceDisabled));
         }
@@ -152,7 +153,7 @@ private slots:
         SubjectWindow window(nullptr);
         QSignalSpy responses(&window, SIGNAL(subjectResponded(int)));
         for (QPushButton* button :
-            {Probe::pushButtonChoice1(window), Probe::pushButtonChoice4(window)}) {
+            {buttonOf(window, "pushButtonChoice1"), buttonOf(window, "pushButtonChoice4")}) {
             button->click();
         }
         QCOMPARE(responses.count(), 0);
@@ -165,11 +166,11 @@ private slots:
         window.updateSubjectWindow(-1);
         window.disableAllChoiceButtons();
         QVERIFY(window.isEnabled());
-        QVERIFY(!Probe::pushButtonChoice1(window)->isEnabled());
-        QVERIFY(!Probe::pushButtonChoice2(window)->isEnabled());
-        QVERIFY(!Probe::pushButtonChoice3(window)->isEnabled());
-        QVERIFY(!Probe::pushButtonChoice4(window)->isEnabled());
-        QVERIFY(Probe::pushButtonIAmReady(window)->isEnabled());
+        QVERIFY(!buttonOf(window, "pushButtonChoice1")->isEnabled());
+        QVERIFY(!buttonOf(window, "pushButtonChoice2")->isEnabled());
+        QVERIFY(!buttonOf(window, "pushButtonChoice3")->isEnabled());
+        QVERIFY(!buttonOf(window, "pushButtonChoice4")->isEnabled());
+        QVERIFY(buttonOf(window, "pushButtonIAmReady")->isEnabled());
     }
 
     void giveUpPicture_doesNothing_whileTheWindowIsShown()
@@ -199,7 +200,7 @@ private slots:
         QFETCH(bool, isEnabled);
         SubjectWindow window(nullptr);
         window.show();
-        Probe::pushButtonIAmReady(window)->click();
+        buttonOf(window, "pushButtonIAmReady")->click();
         window.updateSubjectWindow(state);
         const QRect geometry = window.geometry();
         window.hide();
@@ -213,9 +214,9 @@ private slots:
         QVERIFY(window.isVisible());
         QCOMPARE(window.geometry(), geometry);
         QCOMPARE(window.isEnabled(), isEnabled);
-        QCOMPARE(Probe::pushButtonChoice2(window)->isEnabled(), isEnabled);
-        QVERIFY(Probe::pushButtonChoice2(window)->isVisible());
-        QVERIFY(!Probe::pushButtonChoice1(window)->isEnabled());
+        QCOMPARE(buttonOf(window, "pushButtonChoice2")->isEnabled(), isEnabled);
+        QVERIFY(buttonOf(window, "pushButtonChoice2")->isVisible());
+        QVERIFY(!buttonOf(window, "pushButtonChoice1")->isEnabled());
     }
 };
 

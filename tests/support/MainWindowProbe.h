@@ -4,72 +4,9 @@
 #include "app/MainWindow.h"
 #include "subject/SubjectWindow.h"
 
-/// Gives tests the members of the two windows.
+/// Gives tests the members of the two windows that cannot be found by an object name.
 struct MainWindowProbe {
-    static auto& labelSesType(MainWindow& window) { return window.labelSesType; }
-    static auto& labelSoundType(MainWindow& window) { return window.labelSoundType; }
-    static auto& labelMainParameter(MainWindow& window) { return window.labelMainParameter; }
-    static auto& labelStandard(MainWindow& window) { return window.labelStandard; }
-    static auto& labelDeviant(MainWindow& window) { return window.labelDeviant; }
-    static auto& labelCarrierFreq(MainWindow& window) { return window.labelCarrierFreq; }
-    static auto& labelModFreq(MainWindow& window) { return window.labelModFreq; }
-    static auto& labelModDepth(MainWindow& window) { return window.labelModDepth; }
-    static auto& labelFreqDiff(MainWindow& window) { return window.labelFreqDiff; }
-    static auto& labelDuration(MainWindow& window) { return window.labelDuration; }
-    static auto& labelNReversals(MainWindow& window) { return window.labelNReversals; }
-    static auto& labelNReversalsToCalc(MainWindow& window) { return window.labelNReversalsToCalc; }
-    static auto& labelSilentInterval(MainWindow& window) { return window.labelSilentInterval; }
-    static auto& labelSamplingRate(MainWindow& window) { return window.labelSamplingRate; }
-    static auto& labelSubCode(MainWindow& window) { return window.labelSubCode; }
-    static auto& labelSesNum(MainWindow& window) { return window.labelSesNum; }
-    static auto& labelFilePath(MainWindow& window) { return window.labelFilePath; }
-    static auto& labelFileName(MainWindow& window) { return window.labelFileName; }
-    static auto& comboBoxSesType(MainWindow& window) { return window.comboBoxSesType; }
-    static auto& comboBoxSoundType(MainWindow& window) { return window.comboBoxSoundType; }
-    static auto& comboBoxMainParameter(MainWindow& window) { return window.comboBoxMainParameter; }
-    static auto& lineEditStdCarrierFreq(MainWindow& window)
-    {
-        return window.lineEditStdCarrierFreq;
-    }
-    static auto& lineEditStdModFreq(MainWindow& window) { return window.lineEditStdModFreq; }
-    static auto& lineEditStdModDepth(MainWindow& window) { return window.lineEditStdModDepth; }
-    static auto& lineEditStdFreqDiff(MainWindow& window) { return window.lineEditStdFreqDiff; }
-    static auto& lineEditStdDuration(MainWindow& window) { return window.lineEditStdDuration; }
-    static auto& lineEditDevCarrierFreq(MainWindow& window)
-    {
-        return window.lineEditDevCarrierFreq;
-    }
-    static auto& lineEditDevModFreq(MainWindow& window) { return window.lineEditDevModFreq; }
-    static auto& lineEditDevModDepth(MainWindow& window) { return window.lineEditDevModDepth; }
-    static auto& lineEditDevFreqDiff(MainWindow& window) { return window.lineEditDevFreqDiff; }
-    static auto& lineEditDevDuration(MainWindow& window) { return window.lineEditDevDuration; }
-    static auto& lineEditNReversals(MainWindow& window) { return window.lineEditNReversals; }
-    static auto& lineEditNReversalsToCalc(MainWindow& window)
-    {
-        return window.lineEditNReversalsToCalc;
-    }
-    static auto& lineEditSilentInterval(MainWindow& window)
-    {
-        return window.lineEditSilentInterval;
-    }
-    static auto& lineEditSamplingRate(MainWindow& window) { return window.lineEditSamplingRate; }
-    static auto& lineEditSubCode(MainWindow& window) { return window.lineEditSubCode; }
-    static auto& lineEditSesNum(MainWindow& window) { return window.lineEditSesNum; }
     static auto& filePath(MainWindow& window) { return window.filePath; }
-    static auto& lineEditFilePath(MainWindow& window) { return window.lineEditFilePath; }
-    static auto& lineEditFileName(MainWindow& window) { return window.lineEditFileName; }
-    static auto& pushButtonView(MainWindow& window) { return window.pushButtonView; }
-    static auto& pushButtonGo(MainWindow& window) { return window.pushButtonGo; }
-    static auto& pushButtonQuit(MainWindow& window) { return window.pushButtonQuit; }
-    static auto& checkBoxSaveData(MainWindow& window) { return window.checkBoxSaveData; }
-    static auto& checkBoxResetMdFd(MainWindow& window) { return window.checkBoxResetMdFd; }
-    static auto& hBoxLayoutButtons(MainWindow& window) { return window.hBoxLayoutButtons; }
-    static auto& hBoxLayoutFilePath(MainWindow& window) { return window.hBoxLayoutFilePath; }
-    static auto& hBoxLayoutFileName(MainWindow& window) { return window.hBoxLayoutFileName; }
-    static auto& gridLayoutParameters(MainWindow& window) { return window.gridLayoutParameters; }
-    static auto& gridLayoutCharts(MainWindow& window) { return window.gridLayoutCharts; }
-    static auto& gridLayoutMain(MainWindow& window) { return window.gridLayoutMain; }
-    static auto& centralWidget(MainWindow& window) { return window.centralWidget; }
     static auto& data(MainWindow& window) { return window.data; }
     static auto& timeAxis(MainWindow& window) { return window.timeAxis; }
     static auto& standardSound(MainWindow& window) { return window.stimuli[standard].samples; }
@@ -209,15 +146,6 @@ struct MainWindowProbe {
     static auto& widthFraction(MainWindow& window) { return window.widthFraction; }
     static auto& heightFraction(MainWindow& window) { return window.heightFraction; }
 
-    static auto& pushButtonChoice1(SubjectWindow& window) { return window.pushButtonChoice1; }
-    static auto& pushButtonChoice2(SubjectWindow& window) { return window.pushButtonChoice2; }
-    static auto& pushButtonChoice3(SubjectWindow& window) { return window.pushButtonChoice3; }
-    static auto& pushButtonChoice4(SubjectWindow& window) { return window.pushButtonChoice4; }
-    static auto& pushButtonIAmReady(SubjectWindow& window) { return window.pushButtonIAmReady; }
-    static auto& pushButtonDone(SubjectWindow& window) { return window.pushButtonDone; }
-    static auto& labelThreshold(SubjectWindow& window) { return window.labelThreshold; }
-    static auto& gridLayout(SubjectWindow& window) { return window.gridLayout; }
-    static auto& centralWidget(SubjectWindow& window) { return window.centralWidget; }
     static auto& reservedColors(SubjectWindow& window) { return window.reservedColors; }
     static auto& centerWindow(SubjectWindow& window) { return window.centerWindow; }
     static auto& widthFraction(SubjectWindow& window) { return window.widthFraction; }

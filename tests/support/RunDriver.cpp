@@ -2,6 +2,7 @@
 #include "support/RunDriver.h"
 
 #include "support/MainWindowProbe.h"
+#include "support/WindowWidgets.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -11,19 +12,19 @@ using Probe = MainWindowProbe;
 RunDriver::RunDriver(MainWindow& window)
     : m_window(window)
 {
-    Probe::lineEditSilentInterval(window)->setText("3600000.00");
+    type(window, "lineEditSilentInterval", "3600000.00");
 }
 
 SubjectWindow& RunDriver::open()
 {
-    Probe::pushButtonView(m_window)->click();
-    Probe::pushButtonGo(m_window)->click();
+    buttonOf(m_window, "pushButtonView")->click();
+    buttonOf(m_window, "pushButtonGo")->click();
     return *Probe::subjectWindow(m_window);
 }
 
 void RunDriver::beReady()
 {
-    Probe::pushButtonIAmReady(*Probe::subjectWindow(m_window))->click();
+    buttonOf(*Probe::subjectWindow(m_window), "pushButtonIAmReady")->click();
 }
 
 void RunDriver::startSound()
@@ -47,8 +48,8 @@ void RunDriver::playTrial()
 void RunDriver::answer(int position)
 {
     SubjectWindow& subject = *Probe::subjectWindow(m_window);
-    QPushButton* const button
-        = position == 2 ? Probe::pushButtonChoice2(subject) : Probe::pushButtonChoice3(subject);
+    QPushButton* const button = position == 2 ? buttonOf(subject, "pushButtonChoice2")
+                                              : buttonOf(subject, "pushButtonChoice3");
     button->click();
 }
 

@@ -2,6 +2,7 @@
 #include "support/ScriptedListener.h"
 
 #include "support/MainWindowProbe.h"
+#include "support/WindowWidgets.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -23,10 +24,10 @@ ScriptedListener::ScriptedListener(MainWindow& window, QString answers)
 
 void ScriptedListener::startRun()
 {
-    QTest::mouseClick(Probe::pushButtonView(m_window), Qt::LeftButton);
-    QTest::mouseClick(Probe::pushButtonGo(m_window), Qt::LeftButton);
+    QTest::mouseClick(buttonOf(m_window, "pushButtonView"), Qt::LeftButton);
+    QTest::mouseClick(buttonOf(m_window, "pushButtonGo"), Qt::LeftButton);
     SubjectWindow& listener = *Probe::subjectWindow(m_window);
-    QTest::mouseClick(Probe::pushButtonIAmReady(listener), Qt::LeftButton);
+    QTest::mouseClick(buttonOf(listener, "pushButtonIAmReady"), Qt::LeftButton);
 }
 
 void ScriptedListener::hear(int state)
@@ -47,8 +48,8 @@ void ScriptedListener::answer()
     SubjectWindow& listener = *Probe::subjectWindow(m_window);
     const Trial& trial = m_trials.last();
     const bool answersTwo = (trial.deviantPosition == 2) == trial.correct;
-    QTest::mouseClick(
-        answersTwo ? Probe::pushButtonChoice2(listener) : Probe::pushButtonChoice3(listener),
+    QTest::mouseClick(answersTwo ? buttonOf(listener, "pushButtonChoice2")
+                                 : buttonOf(listener, "pushButtonChoice3"),
         Qt::LeftButton);
 }
 

@@ -3,6 +3,7 @@
 #include "system/DisturbedTrial.h"
 
 #include "support/MainWindowProbe.h"
+#include "support/WindowWidgets.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -16,9 +17,9 @@ using Probe = MainWindowProbe;
 
 DisturbedTrial::DisturbedTrial(int silenceMs)
 {
-    Probe::lineEditStdDuration(window)->setText(QString::number(soundMs));
-    Probe::lineEditDevDuration(window)->setText(QString::number(soundMs));
-    Probe::lineEditSilentInterval(window)->setText(QString::number(silenceMs));
+    type(window, "lineEditStdDuration", QString::number(soundMs));
+    type(window, "lineEditDevDuration", QString::number(soundMs));
+    type(window, "lineEditSilentInterval", QString::number(silenceMs));
     QObject::connect(&window, &MainWindow::soundPlaying, &window, [this](int state) {
         m_states.append(state);
         disturb(state);
@@ -27,17 +28,17 @@ DisturbedTrial::DisturbedTrial(int silenceMs)
 
 void DisturbedTrial::setUnmodulatedTones()
 {
-    Probe::comboBoxSoundType(window)->setCurrentIndex(0);
-    Probe::checkBoxResetMdFd(window)->setChecked(false);
-    Probe::lineEditDevModDepth(window)->setText("0");
+    comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(0);
+    checkBoxOf(window, "checkBoxResetMdFd")->setChecked(false);
+    type(window, "lineEditDevModDepth", "0");
 }
 
 bool DisturbedTrial::play()
 {
     constexpr int timeoutMs = 60000;
-    Probe::pushButtonView(window)->click();
-    Probe::pushButtonGo(window)->click();
-    Probe::pushButtonIAmReady(*Probe::subjectWindow(window))->click();
+    buttonOf(window, "pushButtonView")->click();
+    buttonOf(window, "pushButtonGo")->click();
+    buttonOf(*Probe::subjectWindow(window), "pushButtonIAmReady")->click();
     const auto hasEnded = [this] {
         const QByteArray* const bytes = Probe::audioBytes(window);
         return m_states.contains(-1) && Probe::soundsAside(window).isEmpty()

@@ -3,6 +3,7 @@
 
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
+#include "support/WindowWidgets.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -60,8 +61,8 @@ QStringList linesOf(const Data& data)
 
 void choose(MainWindow& window, PhasedRun::Kind kind)
 {
-    QComboBox* const soundType = Probe::comboBoxSoundType(window);
-    QComboBox* const parameter = Probe::comboBoxMainParameter(window);
+    QComboBox* const soundType = comboBoxOf(window, "comboBoxSoundType");
+    QComboBox* const parameter = comboBoxOf(window, "comboBoxMainParameter");
     if (kind == PhasedRun::noiseAndDepth) {
         parameter->setCurrentIndex(modulationDepthParameter);
         soundType->setCurrentIndex(noiseCarrier);
@@ -110,12 +111,12 @@ PhasedRun::PhasedRun(MainWindow& window, ModalBoxes& boxes, Kind kind)
     , m_path(m_folder.filePath("run.txt"))
 {
     choose(window, kind);
-    Probe::lineEditStdDuration(window)->setText("10");
-    Probe::lineEditDevDuration(window)->setText("10");
-    Probe::lineEditNReversals(window)->setText("3");
-    Probe::lineEditNReversalsToCalc(window)->setText("2");
-    Probe::lineEditSamplingRate(window)->setText("40000");
-    Probe::checkBoxSaveData(window)->setChecked(true);
+    type(window, "lineEditStdDuration", "10");
+    type(window, "lineEditDevDuration", "10");
+    type(window, "lineEditNReversals", "3");
+    type(window, "lineEditNReversalsToCalc", "2");
+    type(window, "lineEditSamplingRate", "40000");
+    checkBoxOf(window, "checkBoxSaveData")->setChecked(true);
 }
 
 void PhasedRun::open()
@@ -203,7 +204,7 @@ QStringList PhasedRun::outcome()
         + exact(Probe::trendYMax(m_window));
     lines += exact(Probe::standardSound(m_window));
     lines += exact(Probe::deviantSound(m_window));
-    lines += Probe::labelThreshold(*Probe::subjectWindow(m_window))->text();
+    lines += labelOf(*Probe::subjectWindow(m_window), "labelThreshold")->text();
     QFile file(m_path);
     file.open(QIODevice::ReadOnly);
     lines += QString::fromLatin1(file.readAll()).split('\n');

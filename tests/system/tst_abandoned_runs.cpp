@@ -3,6 +3,7 @@
 #include "support/ModalBoxes.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 #include "system/PhasedRun.h"
 
 #include <QApplication>
@@ -107,9 +108,9 @@ const Action actions[] = {
         }},
     {"View, Go and Quit pressed", 0, goesOn,
         [](Scene& scene) {
-            Probe::pushButtonView(*scene.window)->click();
-            Probe::pushButtonGo(*scene.window)->click();
-            Probe::pushButtonQuit(*scene.window)->click();
+            buttonOf(*scene.window, "pushButtonView")->click();
+            buttonOf(*scene.window, "pushButtonGo")->click();
+            buttonOf(*scene.window, "pushButtonQuit")->click();
         }},
     {"quit", 1, abandoned, quit},
     {"destroyed", 0, abandoned, [](Scene& scene) { scene.window.reset(); }},
@@ -194,7 +195,7 @@ private slots:
             if (scene.boxes.messages().size() == 1
                 && QApplication::activeModalWidget() == nullptr) {
                 wasLeftOpen = subjectOf(scene).isVisible() && !scene.window->isVisible();
-                Probe::pushButtonDone(subjectOf(scene))->click();
+                buttonOf(subjectOf(scene), "pushButtonDone")->click();
             }
         });
         endedByTheListener.start(1);
@@ -233,7 +234,7 @@ private:
     static void leaveTheResult(Scene& scene)
     {
         scene.boxes.answerNext(QMessageBox::Yes);
-        Probe::pushButtonDone(subjectOf(scene))->click();
+        buttonOf(subjectOf(scene), "pushButtonDone")->click();
         QVERIFY(!subjectOf(scene).isVisible());
     }
 

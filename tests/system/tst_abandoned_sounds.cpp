@@ -3,6 +3,7 @@
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
+#include "support/WindowWidgets.h"
 #include "system/PhasedRun.h"
 #include "system/RepeatedRuns.h"
 #include "system/SoundLab.h"
@@ -73,8 +74,8 @@ private slots:
         ModalBoxes boxes;
         m_window = std::make_unique<MainWindow>();
         PhasedRun run(*m_window, boxes, PhasedRun::noiseAndDepth);
-        Probe::lineEditStdDuration(*m_window)->setText("1000");
-        Probe::lineEditDevDuration(*m_window)->setText("1000");
+        type(*m_window, "lineEditStdDuration", "1000");
+        type(*m_window, "lineEditDevDuration", "1000");
         run.playTo(phasesOfARun()[phase]);
         const QPointer<QAudioOutput> sound(Probe::audioOutput(*m_window));
         QCOMPARE(sound->state(), QAudio::ActiveState);
@@ -103,9 +104,9 @@ private slots:
         tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
         ModalBoxes boxes;
         MainWindow window;
-        Probe::lineEditStdDuration(window)->setText("10");
-        Probe::lineEditDevDuration(window)->setText("10");
-        Probe::lineEditSamplingRate(window)->setText("1000000");
+        type(window, "lineEditStdDuration", "10");
+        type(window, "lineEditDevDuration", "10");
+        type(window, "lineEditSamplingRate", "1000000");
         QCOMPARE(pileAfterRuns(window, boxes, nRuns), QString());
         QCOMPARE(messages().count(notSupported), 1); // for this rate, not for the next one
         QCOMPARE(messages().count(stopped), nRuns * ticksPerRepeatedRun);

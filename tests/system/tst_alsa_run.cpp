@@ -3,6 +3,7 @@
 #include "support/QuietTest.h"
 #include "support/ScriptedListener.h"
 #include "support/TestProgram.h"
+#include "support/WindowWidgets.h"
 #include "system/AlsaAlone.h"
 
 #include <QAudioDeviceInfo>
@@ -34,17 +35,17 @@ private slots:
         window.show();
         QCOMPARE(QAudioDeviceInfo::defaultOutputDevice().realm(), QString("alsa"));
         QCOMPARE(QAudioDeviceInfo::defaultOutputDevice().deviceName(), QString("default"));
-        Probe::lineEditStdDuration(window)->setText("20");
-        Probe::lineEditDevDuration(window)->setText("20");
-        Probe::lineEditSilentInterval(window)->setText("20");
-        Probe::lineEditNReversals(window)->setText("2");
-        Probe::lineEditNReversalsToCalc(window)->setText("2");
+        type(window, "lineEditStdDuration", "20");
+        type(window, "lineEditDevDuration", "20");
+        type(window, "lineEditSilentInterval", "20");
+        type(window, "lineEditNReversals", "2");
+        type(window, "lineEditNReversalsToCalc", "2");
         ScriptedListener listener(window, "cw");
         listener.startRun();
         QTRY_VERIFY_WITH_TIMEOUT(listener.hasFinished(), runTimeoutMs);
         QCOMPARE(listener.trials().size(), 3);
         QCOMPARE(Probe::data(window).records.size(), 3);
-        QVERIFY(Probe::labelThreshold(*Probe::subjectWindow(window))->isVisible());
+        QVERIFY(labelOf(*Probe::subjectWindow(window), "labelThreshold")->isVisible());
     }
 
 private:

@@ -4,6 +4,7 @@
 #include "support/ShownRun.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -138,10 +139,10 @@ private slots:
         QVERIFY(run.isShown);
         run.driver.beReady();
         run.driver.playTrial();
-        Probe::pushButtonChoice2(run.subject)->hide();
+        buttonOf(run.subject, "pushButtonChoice2")->hide();
         click(run.subject, Qt::Key_2);
         QVERIFY(run.records().isEmpty());
-        Probe::pushButtonChoice2(run.subject)->show();
+        buttonOf(run.subject, "pushButtonChoice2")->show();
         click(run.subject, Qt::Key_2);
         QCOMPARE(run.records().size(), 1);
     }
@@ -174,7 +175,7 @@ private slots:
         run.driver.beReady();
         run.driver.playTrial();
         endTheRun(run);
-        QVERIFY(Probe::pushButtonDone(run.subject)->isVisible());
+        QVERIFY(buttonOf(run.subject, "pushButtonDone")->isVisible());
         clickAllThatAnswer(run.subject);
         QCOMPARE(run.records().size(), 1);
     }
@@ -242,7 +243,7 @@ private slots:
             QCOMPARE(run.records().size(), trial);
             QVERIFY(run.subject.isEnabled());
 
-            QPushButton* const button = Probe::pushButtonChoice3(run.subject);
+            QPushButton* const button = buttonOf(run.subject, "pushButtonChoice3");
             QTest::mouseClick(run.subject.windowHandle(), Qt::LeftButton, {},
                 button->mapTo(&run.subject, button->rect().center()));
             QCOMPARE(run.records().size(), trial + 1);
@@ -268,7 +269,7 @@ private slots:
         QCOMPARE(Probe::data(run.window).nTrials, 0);
         click(run.subject, key, modifiers);
         QCOMPARE(Probe::data(run.window).nTrials, 1);
-        QVERIFY(Probe::pushButtonChoice2(run.subject)->isVisible());
+        QVERIFY(buttonOf(run.subject, "pushButtonChoice2")->isVisible());
         click(run.subject, key, modifiers);
         run.driver.startSound();
         click(run.subject, key, modifiers);
@@ -287,7 +288,7 @@ private slots:
         run.driver.beReady();
         run.driver.playTrial();
         endTheRun(run);
-        const QLabel* const result = Probe::labelThreshold(run.subject);
+        const QLabel* const result = labelOf(run.subject, "labelThreshold");
         QTest::mouseClick(run.subject.windowHandle(), Qt::LeftButton, {},
             result->mapTo(&run.subject, result->rect().center()));
 

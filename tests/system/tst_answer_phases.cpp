@@ -4,6 +4,7 @@
 #include "support/ShownRun.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -31,8 +32,8 @@ void press(SubjectWindow& subject, QPushButton* button, Means means)
 void pressAll(SubjectWindow& subject, Means means)
 {
     for (QPushButton* button :
-        {Probe::pushButtonChoice1(subject), Probe::pushButtonChoice2(subject),
-            Probe::pushButtonChoice3(subject), Probe::pushButtonChoice4(subject)}) {
+        {buttonOf(subject, "pushButtonChoice1"), buttonOf(subject, "pushButtonChoice2"),
+            buttonOf(subject, "pushButtonChoice3"), buttonOf(subject, "pushButtonChoice4")}) {
         press(subject, button, means);
     }
 }
@@ -73,7 +74,7 @@ private slots:
         QFETCH(Means, means);
         ShownRun run;
         QVERIFY(run.isShown);
-        press(run.subject, Probe::pushButtonIAmReady(run.subject), means);
+        press(run.subject, buttonOf(run.subject, "pushButtonIAmReady"), means);
         QCOMPARE(Probe::data(run.window).nTrials, 1);
         for (int trial = 1; trial <= 2; ++trial) {
             for (int sound = 1; sound <= 4; ++sound) {
@@ -84,7 +85,7 @@ private slots:
                 QCOMPARE(Probe::soundIndex(run.window), sound);
                 run.driver.endSound();
             }
-            press(run.subject, Probe::pushButtonChoice3(run.subject), means);
+            press(run.subject, buttonOf(run.subject, "pushButtonChoice3"), means);
             QCOMPARE(run.records().size(), trial);
         }
     }
@@ -107,10 +108,10 @@ private slots:
         QVERIFY(run.isShown);
         run.driver.beReady();
         run.driver.playTrial();
-        QPushButton* const second = Probe::pushButtonChoice2(run.subject);
-        QPushButton* const third = Probe::pushButtonChoice3(run.subject);
-        press(run.subject, Probe::pushButtonChoice1(run.subject), means);
-        press(run.subject, Probe::pushButtonChoice4(run.subject), means);
+        QPushButton* const second = buttonOf(run.subject, "pushButtonChoice2");
+        QPushButton* const third = buttonOf(run.subject, "pushButtonChoice3");
+        press(run.subject, buttonOf(run.subject, "pushButtonChoice1"), means);
+        press(run.subject, buttonOf(run.subject, "pushButtonChoice4"), means);
         QVERIFY(run.records().isEmpty());
 
         press(run.subject, answer == 2 ? second : third, means);
@@ -127,7 +128,7 @@ private slots:
         QVERIFY(run.isShown);
         run.driver.beReady();
         run.driver.playTrial();
-        QPushButton* const button = Probe::pushButtonChoice2(run.subject);
+        QPushButton* const button = buttonOf(run.subject, "pushButtonChoice2");
         QTest::mouseDClick(run.subject.windowHandle(), Qt::LeftButton, {},
             button->mapTo(&run.subject, button->rect().center()));
         QCOMPARE(run.records().size(), 1);
@@ -146,7 +147,7 @@ private slots:
             run.driver.endSound();
         }
         run.driver.startSound();
-        QPushButton* const button = Probe::pushButtonChoice2(run.subject);
+        QPushButton* const button = buttonOf(run.subject, "pushButtonChoice2");
         QWindow* const window = run.subject.windowHandle();
         const QPoint centre = button->mapTo(&run.subject, button->rect().center());
         if (means == mouse) {
@@ -189,8 +190,8 @@ private slots:
         ModalBoxes boxes;
         boxes.answerNext(QMessageBox::No);
         boxes.onOpen([&](QWidget*) {
-            for (QPushButton* button :
-                {Probe::pushButtonChoice2(run.subject), Probe::pushButtonChoice3(run.subject)}) {
+            for (QPushButton* button : {buttonOf(run.subject, "pushButtonChoice2"),
+                     buttonOf(run.subject, "pushButtonChoice3")}) {
                 if (means == mouse) {
                     press(run.subject, button, means);
                 } else {
@@ -204,7 +205,7 @@ private slots:
         QCOMPARE(run.records().size(), before);
 
         QApplication::setActiveWindow(&run.subject);
-        press(run.subject, Probe::pushButtonChoice3(run.subject), means);
+        press(run.subject, buttonOf(run.subject, "pushButtonChoice3"), means);
         QCOMPARE(run.records().size(), isAnswerPhase ? before + 1 : before);
     }
 
@@ -219,7 +220,7 @@ private slots:
         run.driver.playTrial();
         Probe::data(run.window).reversalCount = 14;
         run.driver.answer(2);
-        QVERIFY(Probe::pushButtonDone(run.subject)->isVisible());
+        QVERIFY(buttonOf(run.subject, "pushButtonDone")->isVisible());
         pressAll(run.subject, means);
         QCOMPARE(run.records().size(), 1);
     }

@@ -6,6 +6,7 @@
 #include "support/RunDriver.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 #include "system/ManagedScreen.h"
 
 #include <QApplication>
@@ -293,7 +294,7 @@ private slots:
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath("run.txt");
-        Probe::checkBoxSaveData(*m_window)->setChecked(true);
+        checkBoxOf(*m_window, "checkBoxSaveData")->setChecked(true);
         openRun();
         m_driver->beReady();
         m_driver->playTrial();
@@ -313,7 +314,7 @@ private slots:
         QCOMPARE(boxes.fileChoices().size(), 1);
 
         QVERIFY(becomesUsable(subject()));
-        QVERIFY(Probe::pushButtonDone(subject())->isVisible());
+        QVERIFY(buttonOf(subject(), "pushButtonDone")->isVisible());
         QVERIFY(clickMainWindow());
         QVERIFY(becomesUsable(subject()));
         boxes.onOpen([](QWidget*) {});

@@ -6,6 +6,7 @@
 #include "support/ScriptedListener.h"
 #include "support/TestProgram.h"
 #include "support/TrialRecording.h"
+#include "support/WindowWidgets.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -100,12 +101,13 @@ private slots:
         QFETCH(int, nTrials);
         MainWindow window;
         window.show();
-        Probe::comboBoxSoundType(window)->setCurrentIndex(
-            parameter == carrierFrequencyParameter ? sinusoidCarrier : noiseCarrier);
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(parameter);
-        Probe::lineEditStdDuration(window)->setText(durationMs);
-        Probe::lineEditDevDuration(window)->setText(durationMs);
-        Probe::lineEditSilentInterval(window)->setText(silentMs);
+        comboBoxOf(window, "comboBoxSoundType")
+            ->setCurrentIndex(
+                parameter == carrierFrequencyParameter ? sinusoidCarrier : noiseCarrier);
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(parameter);
+        type(window, "lineEditStdDuration", durationMs);
+        type(window, "lineEditDevDuration", durationMs);
+        type(window, "lineEditSilentInterval", silentMs);
         play(window, nTrials, usualBlockMs);
         QCOMPARE(m_trials.size(), nTrials);
         for (const ScriptedListener::Trial& trial : qAsConst(m_trials)) {
@@ -121,9 +123,9 @@ private slots:
         constexpr int nTrials = 10;
         MainWindow window;
         window.show();
-        Probe::lineEditStdDuration(window)->setText("43");
-        Probe::lineEditDevDuration(window)->setText("20");
-        Probe::lineEditSilentInterval(window)->setText("0");
+        type(window, "lineEditStdDuration", "43");
+        type(window, "lineEditDevDuration", "20");
+        type(window, "lineEditSilentInterval", "0");
         play(window, nTrials, fineBlockMs);
         QCOMPARE(differenceFromRecording(m_trials, m_recording), QString());
 
@@ -146,8 +148,8 @@ private slots:
 private:
     void play(MainWindow& window, int nTrials, int blockMs)
     {
-        Probe::lineEditSamplingRate(window)->setText(QString::number(sinkRate));
-        Probe::lineEditNReversals(window)->setText("1000");
+        type(window, "lineEditSamplingRate", QString::number(sinkRate));
+        type(window, "lineEditNReversals", "1000");
         SoundRecorder recorder(m_server, blockMs);
         QVERIFY2(recorder.start(), qPrintable(recorder.errorText()));
         ScriptedListener listener(window, "ccw");

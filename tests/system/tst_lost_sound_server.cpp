@@ -4,6 +4,7 @@
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
 #include "support/TrialRecording.h"
+#include "support/WindowWidgets.h"
 #include "system/PhasedRun.h"
 #include "system/RepeatedRuns.h"
 #include "system/SoundLab.h"
@@ -32,9 +33,9 @@ struct PhaseInAWindow {
     PhaseInAWindow(const Phase& phase, ModalBoxes& boxes)
         : run(window, boxes, PhasedRun::noiseAndDepth)
     {
-        Probe::lineEditStdDuration(window)->setText("10000");
-        Probe::lineEditDevDuration(window)->setText("10000");
-        Probe::lineEditSamplingRate(window)->setText("8000");
+        type(window, "lineEditStdDuration", "10000");
+        type(window, "lineEditDevDuration", "10000");
+        type(window, "lineEditSamplingRate", "8000");
         run.playTo(phase);
     }
 
@@ -118,8 +119,8 @@ private slots:
         prepareSuccessor();
         MainWindow window;
         RunDriver driver(window);
-        Probe::lineEditStdDuration(window)->setText(durationMs);
-        Probe::lineEditDevDuration(window)->setText(durationMs);
+        type(window, "lineEditStdDuration", durationMs);
+        type(window, "lineEditDevDuration", durationMs);
         driver.open();
         driver.beReady();
         QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
@@ -151,9 +152,9 @@ private slots:
         prepareSuccessor();
         MainWindow window;
         RunDriver driver(window);
-        Probe::lineEditStdDuration(window)->setText("10000");
-        Probe::lineEditDevDuration(window)->setText("10000");
-        Probe::lineEditSamplingRate(window)->setText("8000");
+        type(window, "lineEditStdDuration", "10000");
+        type(window, "lineEditDevDuration", "10000");
+        type(window, "lineEditSamplingRate", "8000");
         driver.open();
         driver.beReady();
         driver.startSound();
@@ -178,8 +179,8 @@ private slots:
         MainWindow window;
         ModalBoxes boxes;
         RunDriver driver(window);
-        Probe::lineEditStdDuration(window)->setText("40");
-        Probe::lineEditDevDuration(window)->setText("40");
+        type(window, "lineEditStdDuration", "40");
+        type(window, "lineEditDevDuration", "40");
         driver.open();
         driver.beReady();
         driver.startSound();

@@ -3,6 +3,7 @@
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
+#include "support/WindowWidgets.h"
 #include "system/RepeatedRuns.h"
 
 #include <QApplication>
@@ -46,17 +47,17 @@ private slots:
     {
         MainWindow window;
         ModalBoxes boxes;
-        Probe::lineEditStdDuration(window)->setText("10");
-        Probe::lineEditDevDuration(window)->setText("10");
-        Probe::lineEditSilentInterval(window)->setText("0");
+        type(window, "lineEditStdDuration", "10");
+        type(window, "lineEditDevDuration", "10");
+        type(window, "lineEditSilentInterval", "0");
         for (int sound = 1; sound <= 4; ++sound) {
             announceWarning(nullDevice);
         }
-        Probe::pushButtonView(window)->click();
-        Probe::pushButtonGo(window)->click();
+        buttonOf(window, "pushButtonView")->click();
+        buttonOf(window, "pushButtonGo")->click();
         QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
         SubjectWindow& subject = *Probe::subjectWindow(window);
-        Probe::pushButtonIAmReady(subject)->click();
+        buttonOf(subject, "pushButtonIAmReady")->click();
         QTRY_COMPARE(told, (QList<QVariantList> {{1}, {2}, {3}, {4}}));
         QCOMPARE(Probe::timerPlay(window)->interval(), 5010);
         QVERIFY(Probe::timerPlay(window)->isActive());
@@ -66,8 +67,8 @@ private slots:
 
         QVERIFY(subject.close());
         QVERIFY(window.isEnabled());
-        Probe::pushButtonView(window)->click();
-        QVERIFY(Probe::pushButtonGo(window)->isEnabled());
+        buttonOf(window, "pushButtonView")->click();
+        QVERIFY(buttonOf(window, "pushButtonGo")->isEnabled());
         QVERIFY(!messages().contains(stopped));
     }
 
@@ -89,7 +90,7 @@ private slots:
         window.show();
         ModalBoxes boxes;
         QCOMPARE(pileAfterRuns(window, boxes, 1), QString());
-        QTimer::singleShot(0, Probe::pushButtonQuit(window), SLOT(click()));
+        QTimer::singleShot(0, buttonOf(window, "pushButtonQuit"), SLOT(click()));
         QCOMPARE(QApplication::exec(), 0);
         QVERIFY(!window.isVisible());
     }

@@ -7,6 +7,7 @@
 #include "support/ScriptedListener.h"
 #include "support/TestProgram.h"
 #include "support/TrialRecording.h"
+#include "support/WindowWidgets.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -65,7 +66,7 @@ private slots:
         const PlayedByHand expected = playedByHand(m_trials, 0.5);
         compareRecords(window, expected);
         const Data& data = Probe::data(window);
-        QCOMPARE(Probe::labelThreshold(*Probe::subjectWindow(window))->text(),
+        QCOMPARE(labelOf(*Probe::subjectWindow(window), "labelThreshold")->text(),
             QString("Modulation Threshold = %1 %,   Reaction Time = %2 ms")
                 .arg(QString::number(expected.threshold * 100, 'g', 6),
                     QString::number(data.meanReactionTime, 'g', 6)));
@@ -76,13 +77,13 @@ private slots:
     {
         MainWindow window;
         window.show();
-        Probe::comboBoxSoundType(window)->setCurrentIndex(sinusoidCarrier);
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(carrierFrequencyParameter);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(carrierFrequencyParameter);
         play(window);
         const PlayedByHand expected = playedByHand(m_trials, 0.05);
         compareRecords(window, expected);
         const Data& data = Probe::data(window);
-        QCOMPARE(Probe::labelThreshold(*Probe::subjectWindow(window))->text(),
+        QCOMPARE(labelOf(*Probe::subjectWindow(window), "labelThreshold")->text(),
             QString("Frequency Difference = %1 Hz,   Reaction Time = %2 ms")
                 .arg(QString::number(expected.threshold * 1000, 'g', 6),
                     QString::number(data.meanReactionTime, 'g', 6)));
@@ -92,10 +93,10 @@ private slots:
 private:
     void play(MainWindow& window)
     {
-        Probe::lineEditStdDuration(window)->setText("100");
-        Probe::lineEditDevDuration(window)->setText("80");
-        Probe::lineEditSilentInterval(window)->setText("60");
-        Probe::checkBoxSaveData(window)->setChecked(true);
+        type(window, "lineEditStdDuration", "100");
+        type(window, "lineEditDevDuration", "80");
+        type(window, "lineEditSilentInterval", "60");
+        checkBoxOf(window, "checkBoxSaveData")->setChecked(true);
         m_path = m_folder.filePath("run.txt");
         ModalBoxes boxes;
         boxes.chooseFile(m_path);

@@ -4,6 +4,7 @@
 #include "support/RunDriver.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -72,25 +73,25 @@ Outcome run(Hearing hearing, const QString& path, const QString& duration = "600
     boxes.chooseFile(path);
     MainWindow window;
     if (hearing == hearsDifference) {
-        Probe::comboBoxSoundType(window)->setCurrentIndex(0);
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(0);
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(0);
     }
-    Probe::lineEditStdDuration(window)->setText(duration);
-    Probe::lineEditDevDuration(window)->setText(duration);
-    Probe::checkBoxSaveData(window)->setChecked(true);
+    type(window, "lineEditStdDuration", duration);
+    type(window, "lineEditDevDuration", duration);
+    checkBoxOf(window, "checkBoxSaveData")->setChecked(true);
     RunDriver driver(window);
     SubjectWindow& subject = driver.open();
     driver.beReady();
     constexpr int mostTrials = 100;
     const Listener hears = listener(hearing);
-    while (
-        !Probe::pushButtonDone(subject)->isVisible() && Probe::data(window).nTrials <= mostTrials) {
+    while (!buttonOf(subject, "pushButtonDone")->isVisible()
+        && Probe::data(window).nTrials <= mostTrials) {
         driver.playTrial();
         dictateReactionTimes(window);
         driver.answerRightly(hears(Probe::data(window)));
     }
 
-    const QString text = Probe::labelThreshold(subject)->text();
+    const QString text = labelOf(subject, "labelThreshold")->text();
     QFile file(path);
     const bool isSaved = file.open(QIODevice::ReadOnly);
     return {Probe::data(window).nTrials, text.left(text.indexOf(",   ")),

@@ -4,6 +4,7 @@
 #include "support/QuietTest.h"
 #include "support/RunDriver.h"
 #include "support/TestProgram.h"
+#include "support/WindowWidgets.h"
 #include "system/AlsaAlone.h"
 #include "system/RepeatedRuns.h"
 
@@ -70,7 +71,7 @@ private slots:
         RunDriver driver(window);
         QVERIFY(driver.open().close());
         QCOMPARE(messages().count(notSupported), 1);
-        Probe::lineEditSamplingRate(window)->setText("22050");
+        type(window, "lineEditSamplingRate", "22050");
         announceWarning(notSupported);
         driver.open();
         QCOMPARE(messages().count(notSupported), 2);
@@ -85,8 +86,8 @@ private slots:
         QCOMPARE(pileAfterRuns(window, boxes, nRuns), QString());
         QCOMPARE(messages().count(stopped), nRuns * ticksPerRepeatedRun);
         QVERIFY(window.isEnabled());
-        Probe::pushButtonView(window)->click();
-        QVERIFY(Probe::pushButtonGo(window)->isEnabled());
+        buttonOf(window, "pushButtonView")->click();
+        QVERIFY(buttonOf(window, "pushButtonGo")->isEnabled());
     }
 
 private:

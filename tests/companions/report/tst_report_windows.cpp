@@ -7,6 +7,7 @@
 #include "support/RunDriver.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
+#include "support/WindowWidgets.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -30,22 +31,22 @@ namespace {
 QString playRun(MainWindow& window, int mainParameter, const Listener& hears)
 {
     if (mainParameter == carrierFrequencyParameter) {
-        Probe::comboBoxSoundType(window)->setCurrentIndex(sinusoidCarrier);
-        Probe::comboBoxMainParameter(window)->setCurrentIndex(mainParameter);
+        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
+        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(mainParameter);
     }
-    Probe::lineEditStdDuration(window)->setText("10.00");
-    Probe::lineEditDevDuration(window)->setText("10.00");
-    Probe::checkBoxSaveData(window)->setChecked(true);
+    type(window, "lineEditStdDuration", "10.00");
+    type(window, "lineEditDevDuration", "10.00");
+    checkBoxOf(window, "checkBoxSaveData")->setChecked(true);
     RunDriver driver(window);
     SubjectWindow& subject = driver.open();
     driver.beReady();
     constexpr int mostTrials = 200;
-    while (
-        !Probe::pushButtonDone(subject)->isVisible() && Probe::data(window).nTrials <= mostTrials) {
+    while (!buttonOf(subject, "pushButtonDone")->isVisible()
+        && Probe::data(window).nTrials <= mostTrials) {
         driver.playTrial();
         driver.answerRightly(hears(Probe::data(window)));
     }
-    return Probe::labelThreshold(subject)->text();
+    return labelOf(subject, "labelThreshold")->text();
 }
 
 } // namespace
