@@ -41,15 +41,13 @@ BenchRun::BenchRun(const RunSettings& settings)
     }
     type(m_window, "lineEditSamplingRate", QString::number(settings.rate));
     type(m_window, "lineEditNReversals", "1000000");
-    type(m_window, "lineEditSilentInterval", "3600000"); // no tick comes in between
     if (settings.isShown) {
         m_window.setGeometry(QGuiApplication::primaryScreen()->geometry());
         m_window.show();
     }
     comeToRest();
-    buttonOf(m_window, "pushButtonView")->click();
-    buttonOf(m_window, "pushButtonGo")->click();
-    m_window.updateMainwindow(0);
+    m_driver.open();
+    m_driver.beReady();
     comeToRest();
     if (settings.isShown) {
         m_plainCharts = std::make_unique<PlainCharts>(m_window);
@@ -59,10 +57,7 @@ BenchRun::BenchRun(const RunSettings& settings)
 
 void BenchRun::respond()
 {
-    const Data& data = Probe::data(m_window);
-    const bool isCorrect = data.nTrials % 5 != 0;
-    const int other = 5 - data.deviantPosition;
-    m_window.updateMainwindow(isCorrect ? data.deviantPosition : other);
+    m_driver.answerUnheard(Probe::data(m_window).nTrials % 5 != 0);
 }
 
 void BenchRun::advanceTo(int trial)

@@ -3,6 +3,7 @@
 
 #include "PlainCharts.h"
 #include "app/MainWindow.h"
+#include "drivers/RunDriver.h"
 
 #include <memory>
 
@@ -41,5 +42,6 @@ private:
     double showPlainly();
 
     MainWindow m_window;
+    RunDriver m_driver {m_window}; // no tick comes in between
     std::unique_ptr<PlainCharts> m_plainCharts; ///< of a window that is shown
 };

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "drivers/RunDriver.h"
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
-#include "support/RunDriver.h"
 #include "support/TestProgram.h"
 #include "support/WindowWidgets.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The clock of the reaction time: when it starts, when it is read, and what is recorded of it.
 #include "app/ReactionClock.h"
+#include "drivers/RunDriver.h"
 #include "support/ExactVectors.h"
 #include "support/MainWindowProbe.h"
-#include "support/RunDriver.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "drivers/RunDriver.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/RunDriver.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"

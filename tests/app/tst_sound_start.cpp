@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "drivers/RunDriver.h"
 #include "support/MainWindowProbe.h"
-#include "support/RunDriver.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"

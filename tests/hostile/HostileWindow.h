@@ -2,10 +2,10 @@
 #pragma once
 
 #include "app/MainWindow.h"
+#include "drivers/RunDriver.h"
 #include "hostile/Combination.h"
 #include "hostile/WindowState.h"
 #include "support/ModalBoxes.h"
-#include "support/RunDriver.h"
 
 #include <functional>
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "drivers/RunDriver.h"
 #include "support/MainWindowProbe.h"
 #include "support/WindowWidgets.h"
 
@@ -17,6 +18,7 @@ public:
 
     explicit SilentRun(int mainParameter)
         : data(Probe::data(window))
+        , driver(window)
     {
         if (mainParameter == carrierFrequencyParameter) {
             comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
@@ -24,7 +26,6 @@ public:
         }
         type(window, "lineEditStdDuration", "10");
         type(window, "lineEditDevDuration", "10");
-        type(window, "lineEditSilentInterval", "1000000");
         buttonOf(window, "pushButtonView")->click();
     }
 
@@ -32,11 +33,7 @@ public:
     void begin() { window.updateMainwindow(0); }
 
     /// Answers the trial being played.
-    void answer(bool isCorrect)
-    {
-        const int other = 5 - data.deviantPosition;
-        window.updateMainwindow(isCorrect ? data.deviantPosition : other);
-    }
+    void answer(bool isCorrect) { driver.answerUnheard(isCorrect); }
 
     /// Starts a run and answers its trials: 'c' is correct, any other character wrong.
     void play(const QString& answers)
@@ -53,4 +50,5 @@ public:
 
     MainWindow window;
     Data& data;
+    RunDriver driver;
 };

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "app/MainWindow.h"
+#include "drivers/RunDriver.h"
 #include "session/Record.h"
 #include "subject/SubjectWindow.h"
-#include "support/RunDriver.h"
 
 /// A run whose subject window is open, on the screen and has the keyboard, so that the window
 /// system decides who gets mouse and keys.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "support/RunDriver.h"
+#include "drivers/RunDriver.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "system/RepeatedRuns.h"
 
+#include "drivers/RunDriver.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/RunDriver.h"
 
 #include <QAudioOutput>
 #include <QBuffer>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The listener's window on a screen with a window manager, behind the main window and in front of
 // it again: real clicks, real keys, and a window of another program.
+#include "drivers/RunDriver.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/RunDriver.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"

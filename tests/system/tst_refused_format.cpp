@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "drivers/RunDriver.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
-#include "support/RunDriver.h"
 #include "support/TestProgram.h"
 #include "support/WindowWidgets.h"
 #include "system/AlsaAlone.h"

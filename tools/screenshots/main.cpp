@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
+#include "drivers/RunDriver.h"
 #include "psychometrics/PsychometricFunction.h"
 #include "session/Data.h"
 #include "session/Units.h"
@@ -18,12 +19,8 @@
 #include <QTimer>
 
 #include <cstdlib>
+#include <optional>
 #include <random>
-
-// The windows' friend: tells the listener what the sounds would.
-struct MainWindowProbe {
-    static int deviantPosition(const MainWindow& window) { return window.data.deviantPosition; }
-};
 
 namespace {
 
@@ -51,8 +48,7 @@ void click(const char* button)
     objectNamed<QPushButton>(button).click();
 }
 
-/// Takes the pictures of one run. The run is silent and does not wait: the sounds start and end by
-/// calls of the main window's slots.
+/// Takes the pictures of one run, which is silent and does not wait.
 class Guide {
 public:
     /// @param folder of the pictures
@@ -74,6 +70,7 @@ private:
 
     QDir m_folder;
     MainWindow m_window;
+    std::optional<RunDriver> m_driver; // once the panel has been pictured
     QTimer m_look;
     std::mt19937_64 m_generator;
     double m_threshold = -1.0; // below 0 until the run has ended
@@ -114,17 +111,16 @@ void Guide::takeMainWindow()
 
 void Guide::takeFirstTrial()
 {
-    constexpr auto anHour = "3600000.00"; // nothing may tick by itself
-    objectNamed<QLineEdit>("lineEditSilentInterval").setText(anHour);
+    m_driver.emplace(m_window);
     click("pushButtonGo");
     auto& subject = *m_window.findChild<SubjectWindow*>();
     save(subject, "subject-start");
-    click("pushButtonIAmReady");
+    m_driver->beReady();
     save(subject, "subject-ready");
     playSounds(1);
-    m_window.playOneSound();
+    m_driver->startSound();
     save(subject, "subject-sound");
-    m_window.handleStateChanged(QAudio::IdleState);
+    m_driver->endSound();
     playSounds(2);
     save(subject, "subject-wait");
     answer();
@@ -133,13 +129,12 @@ void Guide::takeFirstTrial()
 
 void Guide::playToTheEnd()
 {
-    constexpr int soundsPerTrial = 4;
     constexpr int lookEveryMs = 500; // the save dialog lists its folder meanwhile
     m_look.start(lookEveryMs);
     auto& subject = *m_window.findChild<SubjectWindow*>();
     QObject::disconnect(&m_window, &MainWindow::doneDataCollection, &subject, nullptr);
     while (m_threshold < 0.0) {
-        playSounds(soundsPerTrial);
+        m_driver->playTrial();
         answer();
     }
     subject.finishExperiment(m_threshold, shownReactionTime, modulationDepthParameter, 0.0);
@@ -157,8 +152,8 @@ void Guide::takeMainWindowAfterRun()
 void Guide::playSounds(int count)
 {
     for (int i = 0; i < count; ++i) {
-        m_window.playOneSound();
-        m_window.handleStateChanged(QAudio::IdleState);
+        m_driver->startSound();
+        m_driver->endSound();
     }
 }
 
@@ -168,8 +163,7 @@ void Guide::answer()
         = fromPercent(objectNamed<QLineEdit>("lineEditDevModDepth").text().toDouble());
     const bool isRight = nextFraction(m_generator)
         < logisticListener(listenerThreshold, listenerSlopeDb).probabilityRight(depth);
-    const bool isSecond = MainWindowProbe::deviantPosition(m_window) == 2;
-    click(isRight == isSecond ? "pushButtonChoice2" : "pushButtonChoice3");
+    m_driver->answerRightly(isRight);
 }
 
 void Guide::takeSaveDialog()

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SimulatedRun.h"
+#include "drivers/RunDriver.h"
 #include "report/Run.h"
 #include "report/Texts.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/RunDriver.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/RunDriver.h"
+#include "drivers/RunDriver.h"
 
 #include "support/MainWindowProbe.h"
 #include "support/WindowWidgets.h"
@@ -55,7 +55,16 @@ void RunDriver::answer(int position)
 
 void RunDriver::answerRightly(bool isRight)
 {
+    answer(positionOf(isRight));
+}
+
+void RunDriver::answerUnheard(bool isRight)
+{
+    m_window.updateMainwindow(positionOf(isRight));
+}
+
+int RunDriver::positionOf(bool isRight) const
+{
     const int position = Probe::data(m_window).deviantPosition;
-    const int other = position == 2 ? 3 : 2;
-    answer(isRight ? position : other);
+    return isRight ? position : 5 - position;
 }

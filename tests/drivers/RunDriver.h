@@ -26,7 +26,12 @@ public:
     void answer(int position);
     /// Presses the button of the deviant's position when right, the other one when not.
     void answerRightly(bool isRight);
+    /// The same by the slot that the listener's window calls: the sounds need not have been played,
+    /// nor the listener's window be open.
+    void answerUnheard(bool isRight);
 
 private:
+    int positionOf(bool isRight) const;
+
     MainWindow& m_window;
 };
