@@ -11,6 +11,7 @@ namespace {
 
 void addOptions(QCommandLineParser& parser)
 {
+    const QString reversals = QString::number(Data().nReversals);
     parser.addOptions({
         {"output",
             "Leave results, pictures and sound in <folder>. Default: a new one here, "
@@ -20,7 +21,8 @@ void addOptions(QCommandLineParser& parser)
         {"parameter",
             "What is adapted: depth (of modulated noise) or frequency (of a tone). Default: depth.",
             "name", "depth"},
-        {"reversals", "Reversals that end the run, 1 to 100. Default: 14.", "number", "14"},
+        {"reversals", "Reversals that end the run, 1 to 100. Default: " + reversals + '.', "number",
+            reversals},
     });
     parser.addHelpOption();
 }

@@ -32,10 +32,6 @@ constexpr int mayAnswer = -1;
 constexpr auto resultsName = "results.txt";
 constexpr auto soundName = "sound.wav";
 
-constexpr double slopeDb = 2.5;
-constexpr double depthThreshold = 0.056;
-constexpr double frequencyThreshold = 0.002;
-
 bool adaptsDepth(const DemoOptions& options)
 {
     return options.mainParameter == modulationDepthParameter;
@@ -78,9 +74,9 @@ bool Demonstration::startSound()
     if (!m_recorder.start()) {
         return fail("no recording: " + m_recorder.errorText());
     }
-    const double threshold = adaptsDepth(m_options) ? depthThreshold : frequencyThreshold;
+    const double threshold = adaptsDepth(m_options) ? demoDepthThreshold : demoFrequencyThreshold;
     m_listener = std::make_unique<Listener>(
-        m_recorder, logisticListener(threshold, slopeDb), m_options.seed);
+        m_recorder, logisticListener(threshold, demoSlopeDb), m_options.seed);
     return true;
 }
 

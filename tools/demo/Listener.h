@@ -9,6 +9,12 @@
 
 class SoundRecorder;
 
+/// The listener of the demonstration and of the pictures: logistic, of this slope and these
+/// thresholds, which are fractions.
+constexpr double demoSlopeDb = 2.5;
+constexpr double demoDepthThreshold = 0.056;
+constexpr double demoFrequencyThreshold = 0.002;
+
 /// A listener who hears the trials of a run in a recording that is still growing, and is right
 /// about the deviant as often as a psychometric function says. Knows nothing of the windows.
 class Listener {

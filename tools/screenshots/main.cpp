@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
+#include "demo/Listener.h"
 #include "drivers/RunDriver.h"
 #include "psychometrics/PsychometricFunction.h"
 #include "session/Data.h"
@@ -26,8 +27,6 @@ namespace {
 
 // A listener whose answers are the same every time.
 constexpr quint64 seed = 20;
-constexpr double listenerThreshold = 0.056;
-constexpr double listenerSlopeDb = 2.5;
 // Answers that take no time have a mean reaction time of nearly 0, which differs from run to run,
 // and the window grows with its digits. So the window is told of a listener's instead.
 constexpr double shownReactionTime = 734.5;
@@ -162,7 +161,7 @@ void Guide::answer()
     const double depth
         = fromPercent(objectNamed<QLineEdit>("lineEditDevModDepth").text().toDouble());
     const bool isRight = nextFraction(m_generator)
-        < logisticListener(listenerThreshold, listenerSlopeDb).probabilityRight(depth);
+        < logisticListener(demoDepthThreshold, demoSlopeDb).probabilityRight(depth);
     m_driver->answerRightly(isRight);
 }
 
