@@ -1,20 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
-#include <QComboBox>
 #include <QElapsedTimer>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTimer>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
-
-using Probe = MainWindowProbe;
 
 namespace {
 

@@ -1,20 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ObjectNames.h"
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTimer>
 #include <QWindow>
 #include <QtCharts/QChart>
@@ -23,8 +14,6 @@
 #include <QtCharts/QValueAxis>
 
 #include <memory>
-
-using Probe = MainWindowProbe;
 
 namespace {
 

@@ -1,20 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ObjectNames.h"
-#include "support/MainWindowProbe.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
 #include <QGridLayout>
-#include <QLabel>
-#include <QPushButton>
 #include <QStandardPaths>
-#include <QTest>
-
-using Probe = MainWindowProbe;
 
 namespace {
 

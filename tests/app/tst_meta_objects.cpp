@@ -1,19 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/MainWindow.h"
-#include "subject/SubjectWindow.h"
-#include "support/MainWindowProbe.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
 #include <QMetaMethod>
-#include <QPushButton>
-#include <QTest>
 #include <QTimer>
-
-using Probe = MainWindowProbe;
 
 namespace {
 

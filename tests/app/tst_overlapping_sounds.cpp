@@ -4,7 +4,6 @@
 #include "soundlab/SoundServer.h"
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 #include "support/WindowWidgets.h"
 
 #include <QAudioOutput>
@@ -13,7 +12,6 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTimer>
 
 using Probe = MainWindowProbe;

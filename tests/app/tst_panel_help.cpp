@@ -1,17 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/MainWindow.h"
-#include "subject/SubjectWindow.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
-#include <QComboBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QTest>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
 

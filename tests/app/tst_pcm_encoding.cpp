@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/PlayedSound.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <limits>
 

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/RunDriver.h"
-#include "support/MainWindowProbe.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QAudioOutput>
@@ -9,10 +7,7 @@
 #include <QElapsedTimer>
 #include <QPointer>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTimer>
-
-using Probe = MainWindowProbe;
 
 namespace {
 

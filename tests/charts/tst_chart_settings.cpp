@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "charts/ChartObjects.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
 #include <QGridLayout>
 #include <QObject>
-#include <QTest>
 #include <QTimer>
 #include <QVector>
 #include <QtCharts/QLegend>
 
 using namespace QtCharts;
-using Probe = MainWindowProbe;
-
 namespace {
 
 using ChartOf = ChartObjects (*)(MainWindow&);

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hostile/HostileWindow.h"
 #include "hostile/ProcessUse.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QFile>
 #include <QHash>
-#include <QTest>
 
 #include <algorithm>
 

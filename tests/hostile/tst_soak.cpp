@@ -1,26 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/RunDriver.h"
 #include "hostile/ProcessUse.h"
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
 #include <QAudioOutput>
 #include <QElapsedTimer>
 #include <QGraphicsScene>
-#include <QLabel>
-#include <QPushButton>
-#include <QTest>
 #include <QTimer>
 #include <QtCharts/QChartView>
 #include <QtCharts/QLineSeries>
 
 #include <algorithm>
 #include <cmath>
-
-using Probe = MainWindowProbe;
 
 namespace {
 

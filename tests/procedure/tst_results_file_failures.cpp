@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "procedure/SavedRun.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-
-#include <QTest>
 
 #include <csignal>
 #include <sys/resource.h>
 #include <unistd.h>
-
-using Probe = MainWindowProbe;
 
 namespace {
 

@@ -2,9 +2,6 @@
 #include "procedure/Records.h"
 #include "procedure/RunResults.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <cmath>
 #include <limits>

@@ -2,10 +2,8 @@
 #include "session/Data.h"
 #include "session/OutputFileName.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 
 #include <QStandardPaths>
-#include <QTest>
 
 class TestOutputFileName : public QuietTest {
     Q_OBJECT

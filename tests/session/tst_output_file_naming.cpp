@@ -1,15 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/MainWindowProbe.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QPushButton>
-#include <QTest>
-
-using Probe = MainWindowProbe;
 
 namespace {
 

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "session/PanelNumbers.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 
 #include <QLocale>
-#include <QTest>
 
 #include <cmath>
 

@@ -1,19 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QElapsedTimer>
-#include <QPushButton>
 #include <QStandardPaths>
-#include <QTest>
 #include <QTimer>
-
-using Probe = MainWindowProbe;
 
 namespace {
 

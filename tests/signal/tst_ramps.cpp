@@ -3,9 +3,6 @@
 #include "signal/ToolkitWarning.h"
 #include "support/ExactVectors.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <cmath>
 #include <limits>

@@ -4,9 +4,6 @@
 #include "support/Draws.h"
 #include "support/ExactVectors.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <algorithm>
 #include <ctime>

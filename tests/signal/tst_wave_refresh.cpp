@@ -1,18 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signal/StatedSound.h"
 #include "support/ExactVectors.h"
-#include "support/MainWindowProbe.h"
 #include "support/Points.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
-#include <QLineEdit>
-#include <QTest>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
-
-using Probe = MainWindowProbe;
 
 namespace {
 

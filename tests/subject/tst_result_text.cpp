@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "subject/ResultText.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 
 #include <QLocale>
-#include <QTest>
 
 class TestResultText : public QuietTest {
     Q_OBJECT

@@ -3,13 +3,11 @@
 #include "subject/SubjectWindow.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 #include "support/WindowWidgets.h"
 
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
 
 namespace {
 

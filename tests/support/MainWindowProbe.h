@@ -151,3 +151,5 @@ struct MainWindowProbe {
     static auto& widthFraction(SubjectWindow& window) { return window.widthFraction; }
     static auto& heightFraction(SubjectWindow& window) { return window.heightFraction; }
 };
+
+using Probe = MainWindowProbe;

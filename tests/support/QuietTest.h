@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/TestProgram.h"
+
 #include <QObject>
 #include <QRegularExpression>
 #include <QString>

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
+#include "support/WindowWidgets.h"
 
 /// Base of test classes that make a MainWindow on a machine that may have no sound device: what the
 /// program and Qt say of its absence is allowed, every other warning still fails the test.

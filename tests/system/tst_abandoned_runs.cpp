@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 #include "system/PhasedRun.h"
 
 #include <QApplication>
@@ -11,14 +8,10 @@
 #include <QCloseEvent>
 #include <QMap>
 #include <QPointer>
-#include <QPushButton>
-#include <QTest>
 #include <QTimer>
 #include <QWindow>
 
 #include <memory>
-
-using Probe = MainWindowProbe;
 
 namespace {
 

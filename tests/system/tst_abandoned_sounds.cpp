@@ -2,7 +2,6 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 #include "support/WindowWidgets.h"
 #include "system/PhasedRun.h"
 #include "system/RepeatedRuns.h"
@@ -11,7 +10,6 @@
 #include <QAudioOutput>
 #include <QLineEdit>
 #include <QPointer>
-#include <QTest>
 
 #include <memory>
 

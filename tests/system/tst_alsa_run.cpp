@@ -2,14 +2,12 @@
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
 #include "support/ScriptedListener.h"
-#include "support/TestProgram.h"
 #include "support/WindowWidgets.h"
 #include "system/AlsaAlone.h"
 
 #include <QAudioDeviceInfo>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTest>
 
 using Probe = MainWindowProbe;
 

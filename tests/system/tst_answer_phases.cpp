@@ -1,16 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/ShownRun.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
-#include <QPushButton>
-#include <QTest>
 #include <QWindow>
-
-using Probe = MainWindowProbe;
 
 namespace {
 

@@ -2,7 +2,6 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 #include "support/TrialRecording.h"
 #include "support/WindowWidgets.h"
 #include "system/PhasedRun.h"
@@ -13,7 +12,6 @@
 #include <QAudioOutput>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTest>
 #include <QTimer>
 
 #include <memory>

@@ -3,7 +3,6 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 #include "support/WindowWidgets.h"
 #include "system/AlsaAlone.h"
 #include "system/RepeatedRuns.h"
@@ -13,7 +12,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTimer>
 
 using Probe = MainWindowProbe;

@@ -3,12 +3,10 @@
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 
 #include <QAudioDeviceInfo>
 #include <QAudioOutput>
 #include <QBuffer>
-#include <QTest>
 
 #include <limits>
 #include <random>

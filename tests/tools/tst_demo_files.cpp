@@ -2,11 +2,9 @@
 #include "demo/DemoTrial.h"
 #include "demo/WavFile.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 #include "timing/SampleClock.h"
 #include "timing/Summary.h"
-
-#include <QTest>
 
 #include <cmath>
 

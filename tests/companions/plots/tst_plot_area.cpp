@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plots/PlotArea.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 
 #include <QImage>
 #include <QPainter>
 #include <QPen>
-#include <QTest>
 
 #include <cmath>
 #include <functional>
