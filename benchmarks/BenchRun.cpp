@@ -14,7 +14,6 @@
 
 namespace {
 
-using Probe = MainWindowProbe;
 using Clock = std::chrono::steady_clock;
 
 double secondsSince(Clock::time_point start)

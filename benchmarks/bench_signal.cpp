@@ -10,8 +10,6 @@
 
 namespace {
 
-using Probe = MainWindowProbe;
-
 RunSettings settingsOf(int soundType)
 {
     RunSettings settings;
@@ -99,7 +97,8 @@ void spectrumParts(benchmark::State& state)
     MainWindow& window = run.window();
     const qint64 length = Probe::fftLength(window)[deviant];
     const int half = int(length / 2);
-    QVector<double> blocks[] = {Probe::standardSound(window), Probe::deviantSound(window)};
+    QVector<double> blocks[]
+        = {Probe::stimuli(window)[standard].samples, Probe::stimuli(window)[deviant].samples};
     QVector<double> f(half * 2);
     QVector<double> amplitude(half);
     QVector<double> phase(half);

@@ -10,8 +10,6 @@
 
 namespace {
 
-using Probe = MainWindowProbe;
-
 // Resident memory of this process and what of it is shared with the display, KiB.
 void writeMemory()
 {

@@ -65,12 +65,12 @@ private slots:
     void stimuliSpectraAndCharts_areThere_whenTheWindowOpens()
     {
         MainWindow window;
-        QCOMPARE(Probe::standardSound(window).size(), 24000);
-        QCOMPARE(Probe::deviantSound(window).size(), 24000);
-        QCOMPARE(Probe::standardAmplitude(window).size(), 16384);
-        QCOMPARE(Probe::deviantPhase(window).size(), 16384);
-        QCOMPARE(Probe::standardWaveSeries(window)->count(), 2000);
-        QCOMPARE(Probe::deviantSpectrumSeries(window)->count(), 1638);
+        QCOMPARE(Probe::stimuli(window)[standard].samples.size(), 24000);
+        QCOMPARE(Probe::stimuli(window)[deviant].samples.size(), 24000);
+        QCOMPARE(Probe::stimuli(window)[standard].spectrum.amplitude.size(), 16384);
+        QCOMPARE(Probe::stimuli(window)[deviant].spectrum.phase.size(), 16384);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.series->count(), 2000);
+        QCOMPARE(Probe::spectrumCharts(window)[deviant].line.series->count(), 1638);
         QCOMPARE(Probe::trendSeries(window)->count(), 0);
         QCOMPARE(Probe::trendAxisY(window)->min(), 0.0);
         QCOMPARE(Probe::trendAxisY(window)->max(), 100.0);
@@ -121,12 +121,12 @@ private slots:
         type(window, "lineEditStdDuration", "43");
         type(window, "lineEditDevDuration", "100");
         buttonOf(window, "pushButtonView")->click();
-        QCOMPARE(Probe::standardSound(window).size(), 1719);
-        QCOMPARE(Probe::deviantSound(window).size(), 4000);
-        QCOMPARE(Probe::standardWaveSeries(window)->count(), 1719);
-        QCOMPARE(Probe::deviantWaveSeries(window)->count(), 2000);
-        QCOMPARE(Probe::standardWaveAxisX(window)->max(), 1719 / 40000.0 * 1000);
-        QCOMPARE(Probe::deviantWaveAxisX(window)->max(), 50.0);
+        QCOMPARE(Probe::stimuli(window)[standard].samples.size(), 1719);
+        QCOMPARE(Probe::stimuli(window)[deviant].samples.size(), 4000);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.series->count(), 1719);
+        QCOMPARE(Probe::waveCharts(window)[deviant].line.series->count(), 2000);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.axisX->max(), 1719 / 40000.0 * 1000);
+        QCOMPARE(Probe::waveCharts(window)[deviant].line.axisX->max(), 50.0);
     }
 
     void view_clearsTheRun_whenThereWasOne()

@@ -14,8 +14,6 @@
 #include <QSignalSpy>
 #include <QTimer>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 constexpr int soundTimeoutMs = 30000;

@@ -17,8 +17,6 @@
 
 #include <functional>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 constexpr qint64 nsPerMs = 1000000;

@@ -18,8 +18,6 @@
 
 #include <cmath>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 // A run that ends with its second answer: the first right, the second wrong.

@@ -18,8 +18,6 @@
 #include <QTest>
 #include <QTimer>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 const QString notSupported("Raw audio format not supported by backend, cannot play audio.");

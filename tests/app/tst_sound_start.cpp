@@ -63,12 +63,12 @@ private slots:
         QVector<bool>& sequence = Probe::stimSequence(window);
         sequence.fill(false, 4);
         sequence[position - 1] = true;
-        QCOMPARE(Probe::deviantSound(window).size(), 10000);
+        QCOMPARE(Probe::stimuli(window)[deviant].samples.size(), 10000);
         for (int interval = 1; interval <= 4; ++interval) {
             driver.startSound();
             QCOMPARE(*Probe::audioBytes(window),
-                floats(interval == position ? Probe::deviantSound(window)
-                                            : Probe::standardSound(window)));
+                floats(interval == position ? Probe::stimuli(window)[deviant].samples
+                                            : Probe::stimuli(window)[standard].samples));
             driver.endSound();
         }
     }
@@ -108,7 +108,7 @@ private slots:
         type(window, "lineEditStdDuration", duration);
         buttonOf(window, "pushButtonGo")->click();
         window.playOneSound();
-        QVector<double> expected = Probe::standardSound(window).mid(0, nSamples);
+        QVector<double> expected = Probe::stimuli(window)[standard].samples.mid(0, nSamples);
         expected.resize(nSamples); // zeros beyond the sound's end
         QCOMPARE(Probe::audioBytes(window)->size(), 4 * nSamples);
         QCOMPARE(*Probe::audioBytes(window), floats(expected));

@@ -14,8 +14,6 @@
 
 #include <cmath>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 constexpr int hourAndSound = 3600600; // period of a driven run, ms

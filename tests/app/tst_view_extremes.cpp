@@ -80,8 +80,8 @@ private slots:
             comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(soundType);
             typeEverywhere(window, fields, text);
             buttonOf(window, "pushButtonView")->click();
-            QCOMPARE(QVector<int>(
-                         {Probe::standardSound(window).size(), Probe::deviantSound(window).size()}),
+            QCOMPARE(QVector<int>({Probe::stimuli(window)[standard].samples.size(),
+                         Probe::stimuli(window)[deviant].samples.size()}),
                 sizes);
             QVERIFY(buttonOf(window, "pushButtonGo")->isEnabled());
         }
@@ -96,8 +96,8 @@ private slots:
         const QStringList durations({"lineEditStdDuration", "lineEditDevDuration"});
         comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(0);
         buttonOf(window, "pushButtonView")->click();
-        const QVector<double> standardBefore = Probe::standardSound(window);
-        const QVector<double> deviantBefore = Probe::deviantSound(window);
+        const QVector<double> standardBefore = Probe::stimuli(window)[standard].samples;
+        const QVector<double> deviantBefore = Probe::stimuli(window)[deviant].samples;
         QVERIFY(isFinite(standardBefore));
         QVERIFY(isFinite(deviantBefore));
         typeEverywhere(window, carriers, "nan");
@@ -106,8 +106,8 @@ private slots:
         typeEverywhere(window, carriers, "1000");
         typeEverywhere(window, durations, "600");
         buttonOf(window, "pushButtonView")->click();
-        QCOMPARE(Probe::standardSound(window), standardBefore);
-        QCOMPARE(Probe::deviantSound(window), deviantBefore);
+        QCOMPARE(Probe::stimuli(window)[standard].samples, standardBefore);
+        QCOMPARE(Probe::stimuli(window)[deviant].samples, deviantBefore);
     }
 };
 

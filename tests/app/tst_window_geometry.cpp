@@ -8,8 +8,6 @@
 #include <QScreen>
 #include <QTest>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 // What the offscreen platform has.

@@ -16,8 +16,6 @@
 #include <algorithm>
 #include <cmath>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 // What a dark desktop style gives its programs.

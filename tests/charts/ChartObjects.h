@@ -34,41 +34,23 @@ struct ChartObjects {
     }
 };
 
-inline ChartObjects standardWave(MainWindow& window)
+inline ChartObjects chartObjects(Chart& chart)
 {
-    using Probe = MainWindowProbe;
-    return {Probe::standardWaveSeries(window), Probe::standardWaveAxisX(window),
-        Probe::standardWaveAxisY(window), Probe::standardWaveChart(window),
-        Probe::standardWaveView(window)};
+    return {chart.line.series, chart.line.axisX, chart.line.axisY, chart.chart, chart.view};
 }
 
-inline ChartObjects deviantWave(MainWindow& window)
+inline ChartObjects waveChart(MainWindow& window, int stimulus)
 {
-    using Probe = MainWindowProbe;
-    return {Probe::deviantWaveSeries(window), Probe::deviantWaveAxisX(window),
-        Probe::deviantWaveAxisY(window), Probe::deviantWaveChart(window),
-        Probe::deviantWaveView(window)};
+    return chartObjects(MainWindowProbe::waveCharts(window)[stimulus]);
 }
 
-inline ChartObjects standardSpectrum(MainWindow& window)
+inline ChartObjects spectrumChart(MainWindow& window, int stimulus)
 {
-    using Probe = MainWindowProbe;
-    return {Probe::standardSpectrumSeries(window), Probe::standardSpectrumAxisX(window),
-        Probe::standardSpectrumAxisY(window), Probe::standardSpectrumChart(window),
-        Probe::standardSpectrumView(window)};
-}
-
-inline ChartObjects deviantSpectrum(MainWindow& window)
-{
-    using Probe = MainWindowProbe;
-    return {Probe::deviantSpectrumSeries(window), Probe::deviantSpectrumAxisX(window),
-        Probe::deviantSpectrumAxisY(window), Probe::deviantSpectrumChart(window),
-        Probe::deviantSpectrumView(window)};
+    return chartObjects(MainWindowProbe::spectrumCharts(window)[stimulus]);
 }
 
 inline ChartObjects trend(MainWindow& window)
 {
-    using Probe = MainWindowProbe;
     return {Probe::trendSeries(window), Probe::trendAxisX(window), Probe::trendAxisY(window),
         Probe::trendChart(window), Probe::trendView(window)};
 }
@@ -76,8 +58,8 @@ inline ChartObjects trend(MainWindow& window)
 /// The five charts in the order in which the window deletes them.
 inline QVector<ChartObjects> allCharts(MainWindow& window)
 {
-    return {standardWave(window), deviantWave(window), standardSpectrum(window),
-        deviantSpectrum(window), trend(window)};
+    return {waveChart(window, standard), waveChart(window, deviant),
+        spectrumChart(window, standard), spectrumChart(window, deviant), trend(window)};
 }
 
 /// Fails the test unless an axis runs from min to max.

@@ -9,9 +9,8 @@
 #include <QtCharts/QLegend>
 
 using namespace QtCharts;
-namespace {
 
-using ChartOf = ChartObjects (*)(MainWindow&);
+namespace {
 
 struct Cell {
     int row;
@@ -43,7 +42,6 @@ void verifyFont(const QFont& font, int pixels)
 
 } // namespace
 
-Q_DECLARE_METATYPE(ChartOf)
 Q_DECLARE_METATYPE(Cell)
 
 class TestChartSettings : public WindowTest {
@@ -227,7 +225,7 @@ private slots:
 private:
     static void charts()
     {
-        QTest::addColumn<ChartOf>("chartOf");
+        QTest::addColumn<int>("chart"); // index into allCharts()
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("titleX");
         QTest::addColumn<QString>("titleY");
@@ -239,15 +237,15 @@ private:
         QTest::addColumn<bool>("pointsVisible");
         QTest::addColumn<int>("leastWidth");
         QTest::addColumn<Cell>("cell");
-        stimulusRow("standard waveform", standardWave, "Time Waveform (standard)", "Time (ms)", "",
-            {0, 0, 1, 1});
-        stimulusRow("deviant waveform", deviantWave, "Time Waveform (Deviant)", "Time (ms)", "",
-            {0, 1, 1, 1});
-        stimulusRow("standard spectrum", standardSpectrum, "Amplitude Spectrum (standard)",
-            "Frequency (Hz)", "%.0f", {1, 0, 1, 1});
-        stimulusRow("deviant spectrum", deviantSpectrum, "Amplitude Spectrum (Deviant)",
-            "Frequency (Hz)", "%.0f", {1, 1, 1, 1});
-        QTest::newRow("trend") << ChartOf(trend) << "Response Trend"
+        stimulusRow(
+            "standard waveform", 0, "Time Waveform (standard)", "Time (ms)", "", {0, 0, 1, 1});
+        stimulusRow(
+            "deviant waveform", 1, "Time Waveform (Deviant)", "Time (ms)", "", {0, 1, 1, 1});
+        stimulusRow("standard spectrum", 2, "Amplitude Spectrum (standard)", "Frequency (Hz)",
+            "%.0f", {1, 0, 1, 1});
+        stimulusRow("deviant spectrum", 3, "Amplitude Spectrum (Deviant)", "Frequency (Hz)", "%.0f",
+            {1, 1, 1, 1});
+        QTest::newRow("trend") << 4 << "Response Trend"
                                << "Number of Trials"
                                << "Modulation Depth (%)"
                                << ""
@@ -255,17 +253,17 @@ private:
                                << Cell {2, 0, 1, 2};
     }
 
-    static void stimulusRow(const char* row, ChartOf chartOf, const char* title, const char* titleX,
+    static void stimulusRow(const char* row, int chart, const char* title, const char* titleX,
         const char* formatX, const Cell& cell)
     {
-        QTest::newRow(row) << chartOf << title << titleX << "Amplitude" << formatX << "" << true
+        QTest::newRow(row) << chart << title << titleX << "Amplitude" << formatX << "" << true
                            << QValueAxis().tickCount() << "" << false << 200 << cell;
     }
 
     static ChartObjects fetched(MainWindow& window)
     {
-        QFETCH(ChartOf, chartOf);
-        return chartOf(window);
+        QFETCH(int, chart);
+        return allCharts(window)[chart];
     }
 };
 

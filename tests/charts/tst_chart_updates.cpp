@@ -61,10 +61,10 @@ private slots:
     {
         WaitingRun run;
         const PaintCounter counters[] = {
-            PaintCounter(standardWave(run.window).view),
-            PaintCounter(deviantWave(run.window).view),
-            PaintCounter(standardSpectrum(run.window).view),
-            PaintCounter(deviantSpectrum(run.window).view),
+            PaintCounter(waveChart(run.window, standard).view),
+            PaintCounter(waveChart(run.window, deviant).view),
+            PaintCounter(spectrumChart(run.window, standard).view),
+            PaintCounter(spectrumChart(run.window, deviant).view),
             PaintCounter(trend(run.window).view),
         };
         run.driver.answerRightly(true);

@@ -11,8 +11,6 @@
 
 #include <algorithm>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 QVector<double> extremes(QVector<double> values)
@@ -31,8 +29,8 @@ private slots:
     {
         MainWindow window;
         verifyWaveforms(window, {2000, 2000});
-        verifyRange(standardWave(window).axisX, 0.0, 50.0);
-        verifyRange(deviantWave(window).axisX, 0.0, 50.0);
+        verifyRange(waveChart(window, standard).axisX, 0.0, 50.0);
+        verifyRange(waveChart(window, deviant).axisX, 0.0, 50.0);
     }
 
     void waveforms_areReplaced_whenDisplayedAfterNewSounds()
@@ -41,8 +39,8 @@ private slots:
         window.genWav();
         Probe::data(window).durToPlot = {0.025, 0.01};
         window.displayWav();
-        QCOMPARE(Probe::standardPoints(window).size(), 1000);
-        QCOMPARE(Probe::deviantPoints(window).size(), 400);
+        QCOMPARE(Probe::stimuli(window)[standard].points.size(), 1000);
+        QCOMPARE(Probe::stimuli(window)[deviant].points.size(), 400);
         verifyWaveforms(window, {1000, 400});
     }
 
@@ -72,8 +70,8 @@ private slots:
         window.genWav();
         window.displayWav();
         verifyWaveforms(window, {nPoints, nPoints});
-        verifyRange(standardWave(window).axisX, 0.0, endMs);
-        verifyRange(deviantWave(window).axisX, 0.0, endMs);
+        verifyRange(waveChart(window, standard).axisX, 0.0, endMs);
+        verifyRange(waveChart(window, deviant).axisX, 0.0, endMs);
     }
 
     void pointsToPlot_areCutForEachSoundByItself()
@@ -97,11 +95,11 @@ private slots:
     void amplitudeRanges_coverTheWholeSounds()
     {
         MainWindow window;
-        Probe::standardSound(window)[23999] = 4.0;
-        Probe::deviantSound(window)[12000] = -3.0;
+        Probe::stimuli(window)[standard].samples[23999] = 4.0;
+        Probe::stimuli(window)[deviant].samples[12000] = -3.0;
         window.displayWav();
-        QCOMPARE(standardWave(window).axisY->max(), 4.0);
-        QCOMPARE(deviantWave(window).axisY->min(), -3.0);
+        QCOMPARE(waveChart(window, standard).axisY->max(), 4.0);
+        QCOMPARE(waveChart(window, deviant).axisY->min(), -3.0);
         verifyWaveforms(window, {2000, 2000});
     }
 
@@ -112,37 +110,38 @@ private slots:
         type(window, "lineEditStdDuration", "0");
         type(window, "lineEditDevDuration", "0");
         window.on_pushButtonView_clicked();
-        for (const ChartObjects& objects : {standardWave(window), deviantWave(window)}) {
+        for (const ChartObjects& objects :
+            {waveChart(window, standard), waveChart(window, deviant)}) {
             QCOMPARE(objects.series->count(), 0);
             verifyRange(objects.axisX, 0.0, 0.0);
             verifyRange(objects.axisY, -1.0, 1.0);
         }
-        QCOMPARE(Probe::standardRange(window), QVector<double>({-1.0, 1.0}));
-        QCOMPARE(Probe::deviantRange(window), QVector<double>({-1.0, 1.0}));
+        QCOMPARE(Probe::stimuli(window)[standard].range, QVector<double>({-1.0, 1.0}));
+        QCOMPARE(Probe::stimuli(window)[deviant].range, QVector<double>({-1.0, 1.0}));
     }
 
     void amplitudeAxes_keepTheirRanges_whenTheValuesAreUndefined()
     {
         MainWindow window;
-        const double wave = standardWave(window).axisY->max();
-        const double spectrum = standardSpectrum(window).axisY->max();
+        const double wave = waveChart(window, standard).axisY->max();
+        const double spectrum = spectrumChart(window, standard).axisY->max();
         tolerateUndefinedChartValues();
-        Probe::standardSound(window).fill(qQNaN());
-        Probe::standardAmplitude(window).fill(qQNaN());
+        Probe::stimuli(window)[standard].samples.fill(qQNaN());
+        Probe::stimuli(window)[standard].spectrum.amplitude.fill(qQNaN());
         window.displayWav();
         window.displayFFT();
-        QCOMPARE(standardWave(window).axisY->max(), wave);
-        QCOMPARE(standardSpectrum(window).axisY->max(), spectrum);
-        QVERIFY(areAllNaN(Probe::standardRange(window)));
-        QVERIFY(areAllNaN(Probe::standardAmplitudeRange(window)));
+        QCOMPARE(waveChart(window, standard).axisY->max(), wave);
+        QCOMPARE(spectrumChart(window, standard).axisY->max(), spectrum);
+        QVERIFY(areAllNaN(Probe::stimuli(window)[standard].range));
+        QVERIFY(areAllNaN(Probe::stimuli(window)[standard].amplitudeRange));
     }
 
     void spectra_showTheirFirst1638Bins_whenTheWindowOpens()
     {
         MainWindow window;
         verifySpectra(window, {1638, 1638});
-        verifyRange(standardSpectrum(window).axisX, 0.0, 2000.0);
-        verifyRange(deviantSpectrum(window).axisX, 0.0, 2000.0);
+        verifyRange(spectrumChart(window, standard).axisX, 0.0, 2000.0);
+        verifyRange(spectrumChart(window, deviant).axisX, 0.0, 2000.0);
     }
 
     void spectra_areReplaced_whenDisplayedAgain()
@@ -152,8 +151,8 @@ private slots:
         window.genFFT();
         Probe::data(window).nFreqPointsToPlot = {500, 16384};
         window.displayFFT();
-        QCOMPARE(Probe::standardSpectrumPoints(window).size(), 500);
-        QCOMPARE(Probe::deviantSpectrumPoints(window).size(), 16384);
+        QCOMPARE(Probe::stimuli(window)[standard].spectrumPoints.size(), 500);
+        QCOMPARE(Probe::stimuli(window)[deviant].spectrumPoints.size(), 16384);
         verifySpectra(window, {500, 16384});
     }
 
@@ -163,53 +162,53 @@ private slots:
         Probe::data(window).freqToPlot = {500.0, 600.0};
         window.displayFFT();
         window.on_pushButtonView_clicked();
-        verifyRange(standardSpectrum(window).axisX, 0.0, 2000.0);
-        verifyRange(deviantSpectrum(window).axisX, 0.0, 2000.0);
+        verifyRange(spectrumChart(window, standard).axisX, 0.0, 2000.0);
+        verifyRange(spectrumChart(window, deviant).axisX, 0.0, 2000.0);
     }
 
     void frequencyAxes_takeTheirOwnHighestFrequency_whenCreated()
     {
         MainWindow window;
-        standardSpectrum(window).remove();
-        deviantSpectrum(window).remove();
+        spectrumChart(window, standard).remove();
+        spectrumChart(window, deviant).remove();
         Probe::data(window).freqToPlot = {500.0, 600.0};
         window.displayFFT();
-        verifyRange(standardSpectrum(window).axisX, 0.0, 500.0);
-        verifyRange(deviantSpectrum(window).axisX, 0.0, 600.0);
+        verifyRange(spectrumChart(window, standard).axisX, 0.0, 500.0);
+        verifyRange(spectrumChart(window, deviant).axisX, 0.0, 600.0);
     }
 
     void spectrumAmplitudeAxes_span0To1_whenCreatedOverUndefinedSpectra()
     {
         MainWindow window;
         tolerateUndefinedChartValues();
-        standardSpectrum(window).remove();
-        deviantSpectrum(window).remove();
-        Probe::standardAmplitude(window).fill(qQNaN());
-        Probe::deviantAmplitude(window).fill(qQNaN());
+        spectrumChart(window, standard).remove();
+        spectrumChart(window, deviant).remove();
+        Probe::stimuli(window)[standard].spectrum.amplitude.fill(qQNaN());
+        Probe::stimuli(window)[deviant].spectrum.amplitude.fill(qQNaN());
         window.displayFFT();
-        verifyRange(standardSpectrum(window).axisY, 0.0, 1.0);
-        verifyRange(deviantSpectrum(window).axisY, 0.0, 1.0);
+        verifyRange(spectrumChart(window, standard).axisY, 0.0, 1.0);
+        verifyRange(spectrumChart(window, deviant).axisY, 0.0, 1.0);
     }
 
     void amplitudeAxis_hasEqualLimits_whenAllAmplitudesAreEqual()
     {
         MainWindow window;
-        Probe::standardAmplitude(window).fill(0.25);
-        Probe::deviantAmplitude(window).fill(0.0);
+        Probe::stimuli(window)[standard].spectrum.amplitude.fill(0.25);
+        Probe::stimuli(window)[deviant].spectrum.amplitude.fill(0.0);
         window.displayFFT();
-        verifyRange(standardSpectrum(window).axisY, 0.25, 0.25);
-        verifyRange(deviantSpectrum(window).axisY, 0.0, 0.0);
+        verifyRange(spectrumChart(window, standard).axisY, 0.25, 0.25);
+        verifyRange(spectrumChart(window, deviant).axisY, 0.0, 0.0);
         verifySpectra(window, {1638, 1638});
     }
 
     void amplitudeRanges_coverTheWholeSpectra()
     {
         MainWindow window;
-        Probe::standardAmplitude(window)[16383] = 4.0;
-        Probe::deviantAmplitude(window)[1638] = 5.0;
+        Probe::stimuli(window)[standard].spectrum.amplitude[16383] = 4.0;
+        Probe::stimuli(window)[deviant].spectrum.amplitude[1638] = 5.0;
         window.displayFFT();
-        QCOMPARE(standardSpectrum(window).axisY->max(), 4.0);
-        QCOMPARE(deviantSpectrum(window).axisY->max(), 5.0);
+        QCOMPARE(spectrumChart(window, standard).axisY->max(), 4.0);
+        QCOMPARE(spectrumChart(window, deviant).axisY->max(), 5.0);
         verifySpectra(window, {1638, 1638});
     }
 
@@ -218,9 +217,9 @@ private slots:
         MainWindow window;
         window.updateMainwindow(0);
         for (int answers = 1; answers <= 3; ++answers) {
-            const QVector<QPointF> before = deviantWave(window).series->pointsVector();
+            const QVector<QPointF> before = waveChart(window, deviant).series->pointsVector();
             window.updateMainwindow(2);
-            QVERIFY(deviantWave(window).series->pointsVector() != before);
+            QVERIFY(waveChart(window, deviant).series->pointsVector() != before);
             verifyWaveforms(window, {2000, 2000});
             verifySpectra(window, {1638, 1638});
             QCOMPARE(trend(window).series->count(), answers);
@@ -231,21 +230,25 @@ private:
     static void verifyWaveforms(MainWindow& window, const QVector<int>& nPoints)
     {
         const QVector<double>& times = Probe::timeAxis(window);
-        verifyChart(standardWave(window), times, Probe::standardSound(window), nPoints[standard]);
-        verifyChart(deviantWave(window), times, Probe::deviantSound(window), nPoints[deviant]);
-        QCOMPARE(Probe::standardRange(window), extremes(Probe::standardSound(window)));
-        QCOMPARE(Probe::deviantRange(window), extremes(Probe::deviantSound(window)));
+        verifyChart(waveChart(window, standard), times, Probe::stimuli(window)[standard].samples,
+            nPoints[standard]);
+        verifyChart(waveChart(window, deviant), times, Probe::stimuli(window)[deviant].samples,
+            nPoints[deviant]);
+        QCOMPARE(Probe::stimuli(window)[standard].range,
+            extremes(Probe::stimuli(window)[standard].samples));
+        QCOMPARE(Probe::stimuli(window)[deviant].range,
+            extremes(Probe::stimuli(window)[deviant].samples));
     }
 
     static void verifySpectra(MainWindow& window, const QVector<int>& nPoints)
     {
         const QVector<double>& bins = Probe::frequencyAxis(window);
-        const QVector<double>& first = Probe::standardAmplitude(window);
-        const QVector<double>& second = Probe::deviantAmplitude(window);
-        verifyChart(standardSpectrum(window), bins, first, nPoints[standard]);
-        verifyChart(deviantSpectrum(window), bins, second, nPoints[deviant]);
-        QCOMPARE(Probe::standardAmplitudeRange(window), extremes(first));
-        QCOMPARE(Probe::deviantAmplitudeRange(window), extremes(second));
+        const QVector<double>& first = Probe::stimuli(window)[standard].spectrum.amplitude;
+        const QVector<double>& second = Probe::stimuli(window)[deviant].spectrum.amplitude;
+        verifyChart(spectrumChart(window, standard), bins, first, nPoints[standard]);
+        verifyChart(spectrumChart(window, deviant), bins, second, nPoints[deviant]);
+        QCOMPARE(Probe::stimuli(window)[standard].amplitudeRange, extremes(first));
+        QCOMPARE(Probe::stimuli(window)[deviant].amplitudeRange, extremes(second));
     }
 
     static void verifyChart(

@@ -8,8 +8,6 @@
 #include <QScreen>
 #include <QTest>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 const QString depthTitle("Modulation Depth (%)");

@@ -15,8 +15,6 @@
 #include <cmath>
 #include <limits>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 constexpr int percent = 100;

@@ -25,8 +25,6 @@
 #include <algorithm>
 #include <cmath>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 constexpr int percent = 100;
@@ -215,8 +213,7 @@ private slots:
         buttonOf(window, "pushButtonView")->click();
         const Data& data = Probe::data(window);
         for (const int i : {standard, deviant}) {
-            const QVector<double>& sound
-                = i == standard ? Probe::standardSound(window) : Probe::deviantSound(window);
+            const QVector<double>& sound = Probe::stimuli(window)[i].samples;
             for (int k = 0; k < sound.size(); ++k) {
                 const double hann = 0.5 - 0.5 * std::cos(2 * M_PI * k / sound.size());
                 const double tone = std::sin(2 * M_PI * data.cf[i] * k / data.fs);

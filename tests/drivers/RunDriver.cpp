@@ -7,8 +7,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-using Probe = MainWindowProbe;
-
 RunDriver::RunDriver(MainWindow& window)
     : m_window(window)
 {

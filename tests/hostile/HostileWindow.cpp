@@ -11,8 +11,6 @@
 #include <QElapsedTimer>
 #include <QPushButton>
 
-using Probe = MainWindowProbe;
-
 HostileWindow::HostileWindow(bool isShown, int transformLength)
     : m_driver(m_window)
 {

@@ -14,7 +14,6 @@
 
 #include <algorithm>
 
-using Probe = MainWindowProbe;
 using Numbers = QVector<QPair<QString, QVector<double>>>;
 
 namespace {
@@ -69,20 +68,20 @@ Numbers signalsOf(MainWindow& window)
     const QVector<qint64>& lengths = Probe::fftLength(window);
     return {
         {"time axis", Probe::timeAxis(window)},
-        {"standard", Probe::standardSound(window)},
-        {"deviant", Probe::deviantSound(window)},
-        {"standard's range", Probe::standardRange(window)},
-        {"deviant's range", Probe::deviantRange(window)},
+        {"standard", Probe::stimuli(window)[standard].samples},
+        {"deviant", Probe::stimuli(window)[deviant].samples},
+        {"standard's range", Probe::stimuli(window)[standard].range},
+        {"deviant's range", Probe::stimuli(window)[deviant].range},
         {"transform lengths", {lengths.begin(), lengths.end()}},
         {"transform durations", Probe::fftDuration(window)},
         {"resolutions", Probe::frequencyResolution(window)},
         {"frequency axis", Probe::frequencyAxis(window)},
-        {"standard's amplitudes", Probe::standardAmplitude(window)},
-        {"deviant's amplitudes", Probe::deviantAmplitude(window)},
-        {"standard's phases", Probe::standardPhase(window)},
-        {"deviant's phases", Probe::deviantPhase(window)},
-        {"standard's amplitude range", Probe::standardAmplitudeRange(window)},
-        {"deviant's amplitude range", Probe::deviantAmplitudeRange(window)},
+        {"standard's amplitudes", Probe::stimuli(window)[standard].spectrum.amplitude},
+        {"deviant's amplitudes", Probe::stimuli(window)[deviant].spectrum.amplitude},
+        {"standard's phases", Probe::stimuli(window)[standard].spectrum.phase},
+        {"deviant's phases", Probe::stimuli(window)[deviant].spectrum.phase},
+        {"standard's amplitude range", Probe::stimuli(window)[standard].amplitudeRange},
+        {"deviant's amplitude range", Probe::stimuli(window)[deviant].amplitudeRange},
         {"trend's trials", Probe::trendX(window)},
         {"trend's values", Probe::trendY(window)},
         {"trend's limits", {Probe::trendYMin(window), Probe::trendYMax(window)}},
@@ -92,19 +91,23 @@ Numbers signalsOf(MainWindow& window)
 Numbers chartsOf(MainWindow& window)
 {
     return {
-        {"standard's curve", coordinates(Probe::standardWaveSeries(window)->pointsVector())},
-        {"deviant's curve", coordinates(Probe::deviantWaveSeries(window)->pointsVector())},
-        {"standard's spectrum", coordinates(Probe::standardSpectrumSeries(window)->pointsVector())},
-        {"deviant's spectrum", coordinates(Probe::deviantSpectrumSeries(window)->pointsVector())},
+        {"standard's curve",
+            coordinates(Probe::waveCharts(window)[standard].line.series->pointsVector())},
+        {"deviant's curve",
+            coordinates(Probe::waveCharts(window)[deviant].line.series->pointsVector())},
+        {"standard's spectrum",
+            coordinates(Probe::spectrumCharts(window)[standard].line.series->pointsVector())},
+        {"deviant's spectrum",
+            coordinates(Probe::spectrumCharts(window)[deviant].line.series->pointsVector())},
         {"trend's curve", coordinates(Probe::trendSeries(window)->pointsVector())},
-        {"standard's time axis", limits(Probe::standardWaveAxisX(window))},
-        {"standard's amplitude axis", limits(Probe::standardWaveAxisY(window))},
-        {"deviant's time axis", limits(Probe::deviantWaveAxisX(window))},
-        {"deviant's amplitude axis", limits(Probe::deviantWaveAxisY(window))},
-        {"standard's frequency axis", limits(Probe::standardSpectrumAxisX(window))},
-        {"standard's spectrum axis", limits(Probe::standardSpectrumAxisY(window))},
-        {"deviant's frequency axis", limits(Probe::deviantSpectrumAxisX(window))},
-        {"deviant's spectrum axis", limits(Probe::deviantSpectrumAxisY(window))},
+        {"standard's time axis", limits(Probe::waveCharts(window)[standard].line.axisX)},
+        {"standard's amplitude axis", limits(Probe::waveCharts(window)[standard].line.axisY)},
+        {"deviant's time axis", limits(Probe::waveCharts(window)[deviant].line.axisX)},
+        {"deviant's amplitude axis", limits(Probe::waveCharts(window)[deviant].line.axisY)},
+        {"standard's frequency axis", limits(Probe::spectrumCharts(window)[standard].line.axisX)},
+        {"standard's spectrum axis", limits(Probe::spectrumCharts(window)[standard].line.axisY)},
+        {"deviant's frequency axis", limits(Probe::spectrumCharts(window)[deviant].line.axisX)},
+        {"deviant's spectrum axis", limits(Probe::spectrumCharts(window)[deviant].line.axisY)},
         {"trend's value axis", limits(Probe::trendAxisY(window))},
     };
 }

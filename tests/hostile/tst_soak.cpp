@@ -102,9 +102,10 @@ int itemsOf(const QtCharts::QChartView* view)
 // The items of the charts of both sounds, which a run leaves as they are.
 int stimulusItems(MainWindow& window)
 {
-    return itemsOf(Probe::standardWaveView(window)) + itemsOf(Probe::deviantWaveView(window))
-        + itemsOf(Probe::standardSpectrumView(window))
-        + itemsOf(Probe::deviantSpectrumView(window));
+    return itemsOf(Probe::waveCharts(window)[standard].view)
+        + itemsOf(Probe::waveCharts(window)[deviant].view)
+        + itemsOf(Probe::spectrumCharts(window)[standard].view)
+        + itemsOf(Probe::spectrumCharts(window)[deviant].view);
 }
 
 } // namespace

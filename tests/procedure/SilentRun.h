@@ -14,8 +14,6 @@
 /// slot. The sounds are short and the first one is never reached.
 class SilentRun {
 public:
-    using Probe = MainWindowProbe;
-
     explicit SilentRun(int mainParameter)
         : data(Probe::data(window))
         , driver(window)

@@ -10,7 +10,6 @@
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
-using Probe = MainWindowProbe;
 using Values = QVector<double>;
 
 namespace {
@@ -152,15 +151,15 @@ private slots:
         SilentRun run(modulationDepthParameter);
         MainWindow& window = run.window;
         run.begin();
-        const Values sound = Probe::deviantSound(window);
-        const Values spectrum = Probe::deviantAmplitude(window);
+        const Values sound = Probe::stimuli(window)[deviant].samples;
+        const Values spectrum = Probe::stimuli(window)[deviant].spectrum.amplitude;
         QStringList stations;
         const auto note = [&](const char* station) {
             stations.append(QString("%1: %2%3%4%5")
                                 .arg(station)
                                 .arg(run.data.md[deviant] != 0.5)
-                                .arg(Probe::deviantSound(window) != sound)
-                                .arg(Probe::deviantAmplitude(window) != spectrum)
+                                .arg(Probe::stimuli(window)[deviant].samples != sound)
+                                .arg(Probe::stimuli(window)[deviant].spectrum.amplitude != spectrum)
                                 .arg(run.data.nTrials == 2));
         };
         using QtCharts::QValueAxis;
@@ -168,9 +167,9 @@ private slots:
             Probe::trendSeries(window), &QtCharts::QLineSeries::pointAdded, [&] { note("trend"); });
         connect(lineEditOf(window, "lineEditDevModDepth"), &QLineEdit::textChanged,
             [&] { note("field"); });
-        connect(
-            Probe::deviantWaveAxisY(window), &QValueAxis::rangeChanged, [&] { note("waveform"); });
-        connect(Probe::deviantSpectrumAxisY(window), &QValueAxis::rangeChanged,
+        connect(Probe::waveCharts(window)[deviant].line.axisY, &QValueAxis::rangeChanged,
+            [&] { note("waveform"); });
+        connect(Probe::spectrumCharts(window)[deviant].line.axisY, &QValueAxis::rangeChanged,
             [&] { note("spectrum"); });
         run.answer(true);
         QCOMPARE(stations,

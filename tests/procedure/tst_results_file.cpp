@@ -13,8 +13,6 @@
 
 #include <cmath>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 constexpr auto unnamedFile = "QFSFileEngine::open: No file name specified";

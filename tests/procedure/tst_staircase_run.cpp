@@ -11,7 +11,6 @@
 
 #include <cmath>
 
-using Probe = MainWindowProbe;
 using Values = QVector<double>;
 
 namespace {

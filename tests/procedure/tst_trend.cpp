@@ -10,7 +10,6 @@
 
 #include <cmath>
 
-using Probe = MainWindowProbe;
 using Values = QVector<double>;
 
 namespace {

@@ -9,8 +9,6 @@
 #include <QComboBox>
 #include <QTest>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 const QString fromSoundType("The sound type 'noise' is incompatible with the internal parameter "

@@ -13,8 +13,6 @@
 
 #include <cmath>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 struct Reading {

@@ -9,8 +9,6 @@
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
-using Probe = MainWindowProbe;
-
 // What follows a duration or a sampling rate that was changed on the panel, and what stays as the
 // window made it.
 class TestChangedSettings : public WindowTest {
@@ -25,10 +23,10 @@ private slots:
         change(window);
         QCOMPARE(Probe::fftLength(window), QVector<qint64>({32768, 32768}));
         QCOMPARE(Probe::data(window).nFreqPointsToPlot, QVector<int>({1638, 1638}));
-        QCOMPARE(Probe::standardSpectrumSeries(window)->count(), 1638);
-        QCOMPARE(Probe::deviantSpectrumSeries(window)->count(), 1638);
-        for (const auto* axis :
-            {Probe::standardSpectrumAxisX(window), Probe::deviantSpectrumAxisX(window)}) {
+        QCOMPARE(Probe::spectrumCharts(window)[standard].line.series->count(), 1638);
+        QCOMPARE(Probe::spectrumCharts(window)[deviant].line.series->count(), 1638);
+        for (const auto* axis : {Probe::spectrumCharts(window)[standard].line.axisX,
+                 Probe::spectrumCharts(window)[deviant].line.axisX}) {
             QCOMPARE(axis->min(), 0.0);
             QCOMPARE(axis->max(), 2000.0);
         }
@@ -49,7 +47,7 @@ private slots:
         QCOMPARE(Probe::frequencyAxis(window).size(), 16384);
         QCOMPARE(Probe::frequencyAxis(window)[819], 819 * fs / 32768);
         QCOMPARE(Probe::frequencyAxis(window).last(), 16383 * fs / 32768);
-        QCOMPARE(Probe::standardSpectrumPoints(window).last().x(), 1637 * fs / 32768);
+        QCOMPARE(Probe::stimuli(window)[standard].spectrumPoints.last().x(), 1637 * fs / 32768);
     }
 
     void soundsAndTimes_follow_data() { changes(); }
@@ -61,13 +59,15 @@ private slots:
         MainWindow window;
         const double fs = change(window);
         QCOMPARE(Probe::data(window).nSamples, nSamples);
-        QCOMPARE(Probe::standardSound(window).size(), nSamples[standard]);
-        QCOMPARE(Probe::deviantSound(window).size(), nSamples[deviant]);
+        QCOMPARE(Probe::stimuli(window)[standard].samples.size(), nSamples[standard]);
+        QCOMPARE(Probe::stimuli(window)[deviant].samples.size(), nSamples[deviant]);
         QCOMPARE(Probe::data(window).nPointsToPlot, nPlotted);
-        QCOMPARE(Probe::standardWaveSeries(window)->count(), nPlotted[standard]);
-        QCOMPARE(Probe::deviantWaveSeries(window)->count(), nPlotted[deviant]);
-        QCOMPARE(Probe::standardWaveAxisX(window)->max(), nPlotted[standard] / fs * 1000.0);
-        QCOMPARE(Probe::deviantWaveAxisX(window)->max(), nPlotted[deviant] / fs * 1000.0);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.series->count(), nPlotted[standard]);
+        QCOMPARE(Probe::waveCharts(window)[deviant].line.series->count(), nPlotted[deviant]);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.axisX->max(),
+            nPlotted[standard] / fs * 1000.0);
+        QCOMPARE(
+            Probe::waveCharts(window)[deviant].line.axisX->max(), nPlotted[deviant] / fs * 1000.0);
     }
 
 private:

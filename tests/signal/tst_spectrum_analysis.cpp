@@ -16,8 +16,6 @@
 #include <algorithm>
 #include <cmath>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 QVector<double> multiples(double step, int first, int last)
@@ -54,7 +52,7 @@ private slots:
         comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
         Probe::data(window).equalizeRms = false;
         window.on_pushButtonView_clicked();
-        const QVector<double>& amplitude = Probe::standardAmplitude(window);
+        const QVector<double>& amplitude = Probe::stimuli(window)[standard].spectrum.amplitude;
         const auto peak = std::max_element(amplitude.begin(), amplitude.end());
         QCOMPARE(static_cast<int>(peak - amplitude.begin()), 819);
         QVERIFY(*peak > 0.96);
@@ -68,10 +66,10 @@ private slots:
         Probe::data(window).nSamples = {700, 301};
         window.genFFT();
         verifySpectra(window);
-        QCOMPARE(Probe::standardAmplitude(window).size(), 512);
-        QCOMPARE(Probe::standardPhase(window).size(), 512);
-        QCOMPARE(Probe::deviantAmplitude(window).size(), 256);
-        QCOMPARE(Probe::deviantPhase(window).size(), 256);
+        QCOMPARE(Probe::stimuli(window)[standard].spectrum.amplitude.size(), 512);
+        QCOMPARE(Probe::stimuli(window)[standard].spectrum.phase.size(), 512);
+        QCOMPARE(Probe::stimuli(window)[deviant].spectrum.amplitude.size(), 256);
+        QCOMPARE(Probe::stimuli(window)[deviant].spectrum.phase.size(), 256);
         QCOMPARE(Probe::fftDuration(window), QVector<double>({1024 / 40000.0, 512 / 40000.0}));
         QCOMPARE(Probe::frequencyResolution(window),
             QVector<double>({1 / (1024 / 40000.0), 1 / (512 / 40000.0)}));
@@ -96,30 +94,30 @@ private slots:
     void sounds_areLeftAlone_whenNoWindowIsSelected()
     {
         MainWindow window;
-        const QVector<double> first = Probe::standardSound(window);
-        const QVector<double> second = Probe::deviantSound(window);
+        const QVector<double> first = Probe::stimuli(window)[standard].samples;
+        const QVector<double> second = Probe::stimuli(window)[deviant].samples;
         window.genFFT();
-        QCOMPARE(Probe::standardSound(window), first);
-        QCOMPARE(Probe::deviantSound(window), second);
+        QCOMPARE(Probe::stimuli(window)[standard].samples, first);
+        QCOMPARE(Probe::stimuli(window)[deviant].samples, second);
     }
 
     void sounds_carryTheWindowThatIsAnalysed_whenHannIsSelected()
     {
         MainWindow window;
-        QVector<double> first = Probe::standardSound(window);
-        QVector<double> second = Probe::deviantSound(window).mid(0, 1000);
-        Probe::deviantSound(window) = second;
+        QVector<double> first = Probe::stimuli(window)[standard].samples;
+        QVector<double> second = Probe::stimuli(window)[deviant].samples.mid(0, 1000);
+        Probe::stimuli(window)[deviant].samples = second;
         Probe::data(window).nSamples[deviant] = 1000;
         Probe::windowSelector(window) = 1;
         window.genFFT();
         applyHann(first);
         applyHann(second);
-        QCOMPARE(firstDifference(Probe::standardSound(window), first), -1);
-        QCOMPARE(firstDifference(Probe::deviantSound(window), second), -1);
-        QCOMPARE(Probe::standardSound(window).first(), 0.0);
-        QCOMPARE(Probe::standardSound(window).last(), 0.0);
-        QCOMPARE(Probe::deviantSound(window).first(), 0.0);
-        QCOMPARE(Probe::deviantSound(window).last(), 0.0);
+        QCOMPARE(firstDifference(Probe::stimuli(window)[standard].samples, first), -1);
+        QCOMPARE(firstDifference(Probe::stimuli(window)[deviant].samples, second), -1);
+        QCOMPARE(Probe::stimuli(window)[standard].samples.first(), 0.0);
+        QCOMPARE(Probe::stimuli(window)[standard].samples.last(), 0.0);
+        QCOMPARE(Probe::stimuli(window)[deviant].samples.first(), 0.0);
+        QCOMPARE(Probe::stimuli(window)[deviant].samples.last(), 0.0);
         verifySpectra(window);
     }
 
@@ -128,8 +126,8 @@ private slots:
         MainWindow window;
         Probe::windowSelector(window) = 2;
         window.genFFT();
-        QCOMPARE(Probe::standardSound(window), QVector<double>(24000, 0.0));
-        QCOMPARE(Probe::deviantAmplitude(window), QVector<double>(16384, 0.0));
+        QCOMPARE(Probe::stimuli(window)[standard].samples, QVector<double>(24000, 0.0));
+        QCOMPARE(Probe::stimuli(window)[deviant].spectrum.amplitude, QVector<double>(16384, 0.0));
     }
 
     void silentSounds_haveNeitherAmplitudesNorPhases_data()
@@ -151,10 +149,10 @@ private slots:
         window.genWav();
         window.genFFT();
         const QVector<double> zeros(16384, 0.0);
-        QCOMPARE(Probe::standardAmplitude(window), zeros);
-        QCOMPARE(Probe::standardPhase(window), zeros);
-        QCOMPARE(Probe::deviantAmplitude(window), zeros);
-        QCOMPARE(Probe::deviantPhase(window), zeros);
+        QCOMPARE(Probe::stimuli(window)[standard].spectrum.amplitude, zeros);
+        QCOMPARE(Probe::stimuli(window)[standard].spectrum.phase, zeros);
+        QCOMPARE(Probe::stimuli(window)[deviant].spectrum.amplitude, zeros);
+        QCOMPARE(Probe::stimuli(window)[deviant].spectrum.phase, zeros);
     }
 
     void longSound_isCutToItsTransform_afterItsDurationGrew()
@@ -162,23 +160,26 @@ private slots:
         MainWindow window;
         type(window, "lineEditStdDuration", "1200.00");
         window.on_pushButtonView_clicked();
-        QCOMPARE(Probe::standardSound(window).size(), 48000);
-        const Spectrum cut = spectrumOf(Probe::standardSound(window).mid(0, 32768), 32768, 48000);
-        QCOMPARE(firstDifference(Probe::standardAmplitude(window), cut.amplitude), -1);
+        QCOMPARE(Probe::stimuli(window)[standard].samples.size(), 48000);
+        const Spectrum cut
+            = spectrumOf(Probe::stimuli(window)[standard].samples.mid(0, 32768), 32768, 48000);
+        QCOMPARE(
+            firstDifference(Probe::stimuli(window)[standard].spectrum.amplitude, cut.amplitude),
+            -1);
     }
 
     void emptySounds_haveUndefinedAmplitudesAndKeepTheAxes()
     {
         MainWindow window;
-        const double highest = Probe::standardSpectrumAxisY(window)->max();
+        const double highest = Probe::spectrumCharts(window)[standard].line.axisY->max();
         tolerateUndefinedChartValues();
         Probe::data(window).nSamples = {0, 0};
         window.genWav();
         window.genFFT();
         window.updateFFT();
-        QVERIFY(areAllNaN(Probe::standardAmplitude(window)));
-        QVERIFY(areAllNaN(Probe::deviantAmplitude(window)));
-        QCOMPARE(Probe::standardSpectrumAxisY(window)->max(), highest);
+        QVERIFY(areAllNaN(Probe::stimuli(window)[standard].spectrum.amplitude));
+        QVERIFY(areAllNaN(Probe::stimuli(window)[deviant].spectrum.amplitude));
+        QCOMPARE(Probe::spectrumCharts(window)[standard].line.axisY->max(), highest);
     }
 
     void emptySpectra_showMinus1To1_whenTheTransformsAreTooShortForABin()
@@ -186,14 +187,14 @@ private slots:
         MainWindow window;
         Probe::fftLength(window) = {1, 1};
         window.genFFT();
-        QVERIFY(Probe::standardAmplitude(window).isEmpty());
-        QVERIFY(Probe::deviantPhase(window).isEmpty());
+        QVERIFY(Probe::stimuli(window)[standard].spectrum.amplitude.isEmpty());
+        QVERIFY(Probe::stimuli(window)[deviant].spectrum.phase.isEmpty());
         QVERIFY(Probe::frequencyAxis(window).isEmpty());
         window.updateFFT();
         window.displayFFT();
-        QCOMPARE(Probe::standardAmplitudeRange(window), QVector<double>({-1.0, 1.0}));
-        QCOMPARE(Probe::deviantAmplitudeRange(window), QVector<double>({-1.0, 1.0}));
-        QCOMPARE(Probe::standardSpectrumSeries(window)->count(), 0);
+        QCOMPARE(Probe::stimuli(window)[standard].amplitudeRange, QVector<double>({-1.0, 1.0}));
+        QCOMPARE(Probe::stimuli(window)[deviant].amplitudeRange, QVector<double>({-1.0, 1.0}));
+        QCOMPARE(Probe::spectrumCharts(window)[standard].line.series->count(), 0);
     }
 
     void points_areOverwrittenInPlace_whenTheSpectraChanged()
@@ -201,25 +202,29 @@ private slots:
         MainWindow window;
         takeNewSpectra(window);
         window.updateFFT();
-        QCOMPARE(Probe::standardSpectrumPoints(window),
-            pointsOf(Probe::frequencyAxis(window), Probe::standardAmplitude(window), 1638));
-        QCOMPARE(Probe::deviantSpectrumPoints(window),
-            pointsOf(Probe::frequencyAxis(window), Probe::deviantAmplitude(window), 1638));
+        QCOMPARE(Probe::stimuli(window)[standard].spectrumPoints,
+            pointsOf(Probe::frequencyAxis(window),
+                Probe::stimuli(window)[standard].spectrum.amplitude, 1638));
+        QCOMPARE(Probe::stimuli(window)[deviant].spectrumPoints,
+            pointsOf(Probe::frequencyAxis(window),
+                Probe::stimuli(window)[deviant].spectrum.amplitude, 1638));
         verifySeriesHoldTheLists(window);
     }
 
     void lists_keepTheirLengthAndTails_whenOtherCountsAreToBePlotted()
     {
         MainWindow window;
-        const QVector<QPointF> before = Probe::standardSpectrumPoints(window);
+        const QVector<QPointF> before = Probe::stimuli(window)[standard].spectrumPoints;
         takeNewSpectra(window);
         Probe::data(window).nFreqPointsToPlot = {600, 5000};
         window.updateFFT();
-        QCOMPARE(Probe::standardSpectrumPoints(window),
-            pointsOf(Probe::frequencyAxis(window), Probe::standardAmplitude(window), 600)
+        QCOMPARE(Probe::stimuli(window)[standard].spectrumPoints,
+            pointsOf(Probe::frequencyAxis(window),
+                Probe::stimuli(window)[standard].spectrum.amplitude, 600)
                 + before.mid(600));
-        QCOMPARE(Probe::deviantSpectrumPoints(window),
-            pointsOf(Probe::frequencyAxis(window), Probe::deviantAmplitude(window), 1638));
+        QCOMPARE(Probe::stimuli(window)[deviant].spectrumPoints,
+            pointsOf(Probe::frequencyAxis(window),
+                Probe::stimuli(window)[deviant].spectrum.amplitude, 1638));
         verifySeriesHoldTheLists(window);
     }
 
@@ -227,19 +232,19 @@ private slots:
     {
         MainWindow window;
         takeNewSpectra(window);
-        Probe::standardAmplitude(window)[16383] = 9.0;
-        Probe::deviantAmplitude(window)[1638] = -2.0;
-        Probe::standardSpectrumAxisX(window)->setRange(100, 300);
-        Probe::deviantSpectrumAxisX(window)->setRange(200, 400);
+        Probe::stimuli(window)[standard].spectrum.amplitude[16383] = 9.0;
+        Probe::stimuli(window)[deviant].spectrum.amplitude[1638] = -2.0;
+        Probe::spectrumCharts(window)[standard].line.axisX->setRange(100, 300);
+        Probe::spectrumCharts(window)[deviant].line.axisX->setRange(200, 400);
         window.updateFFT();
-        QCOMPARE(Probe::standardAmplitudeRange(window), QVector<double>({1.0, 9.0}));
-        QCOMPARE(Probe::standardSpectrumAxisY(window)->min(), 1.0);
-        QCOMPARE(Probe::standardSpectrumAxisY(window)->max(), 9.0);
-        QCOMPARE(Probe::deviantAmplitudeRange(window), QVector<double>({-2.0, 3.0}));
-        QCOMPARE(Probe::deviantSpectrumAxisY(window)->min(), -2.0);
-        QCOMPARE(Probe::deviantSpectrumAxisY(window)->max(), 3.0);
-        QCOMPARE(Probe::standardSpectrumAxisX(window)->max(), 300.0);
-        QCOMPARE(Probe::deviantSpectrumAxisX(window)->min(), 200.0);
+        QCOMPARE(Probe::stimuli(window)[standard].amplitudeRange, QVector<double>({1.0, 9.0}));
+        QCOMPARE(Probe::spectrumCharts(window)[standard].line.axisY->min(), 1.0);
+        QCOMPARE(Probe::spectrumCharts(window)[standard].line.axisY->max(), 9.0);
+        QCOMPARE(Probe::stimuli(window)[deviant].amplitudeRange, QVector<double>({-2.0, 3.0}));
+        QCOMPARE(Probe::spectrumCharts(window)[deviant].line.axisY->min(), -2.0);
+        QCOMPARE(Probe::spectrumCharts(window)[deviant].line.axisY->max(), 3.0);
+        QCOMPARE(Probe::spectrumCharts(window)[standard].line.axisX->max(), 300.0);
+        QCOMPARE(Probe::spectrumCharts(window)[deviant].line.axisX->min(), 200.0);
     }
 
 private:
@@ -255,8 +260,8 @@ private:
     static void takeNewSpectra(MainWindow& window)
     {
         for (int k = 0; k < 16384; ++k) {
-            Probe::standardAmplitude(window)[k] = 1 + k / 16384.0;
-            Probe::deviantAmplitude(window)[k] = 3 - k / 16384.0;
+            Probe::stimuli(window)[standard].spectrum.amplitude[k] = 1 + k / 16384.0;
+            Probe::stimuli(window)[deviant].spectrum.amplitude[k] = 3 - k / 16384.0;
         }
     }
 
@@ -264,22 +269,26 @@ private:
     {
         const Data& data = Probe::data(window);
         const QVector<qint64>& length = Probe::fftLength(window);
-        const Spectrum first
-            = spectrumOf(Probe::standardSound(window), length[standard], data.nSamples[standard]);
-        const Spectrum second
-            = spectrumOf(Probe::deviantSound(window), length[deviant], data.nSamples[deviant]);
-        QCOMPARE(firstDifference(Probe::standardAmplitude(window), first.amplitude), -1);
-        QCOMPARE(firstDifference(Probe::standardPhase(window), first.phase), -1);
-        QCOMPARE(firstDifference(Probe::deviantAmplitude(window), second.amplitude), -1);
-        QCOMPARE(firstDifference(Probe::deviantPhase(window), second.phase), -1);
+        const Spectrum first = spectrumOf(
+            Probe::stimuli(window)[standard].samples, length[standard], data.nSamples[standard]);
+        const Spectrum second = spectrumOf(
+            Probe::stimuli(window)[deviant].samples, length[deviant], data.nSamples[deviant]);
+        QCOMPARE(
+            firstDifference(Probe::stimuli(window)[standard].spectrum.amplitude, first.amplitude),
+            -1);
+        QCOMPARE(firstDifference(Probe::stimuli(window)[standard].spectrum.phase, first.phase), -1);
+        QCOMPARE(
+            firstDifference(Probe::stimuli(window)[deviant].spectrum.amplitude, second.amplitude),
+            -1);
+        QCOMPARE(firstDifference(Probe::stimuli(window)[deviant].spectrum.phase, second.phase), -1);
     }
 
     static void verifySeriesHoldTheLists(MainWindow& window)
     {
-        QCOMPARE(Probe::standardSpectrumSeries(window)->pointsVector(),
-            Probe::standardSpectrumPoints(window));
-        QCOMPARE(Probe::deviantSpectrumSeries(window)->pointsVector(),
-            Probe::deviantSpectrumPoints(window));
+        QCOMPARE(Probe::spectrumCharts(window)[standard].line.series->pointsVector(),
+            Probe::stimuli(window)[standard].spectrumPoints);
+        QCOMPARE(Probe::spectrumCharts(window)[deviant].line.series->pointsVector(),
+            Probe::stimuli(window)[deviant].spectrumPoints);
     }
 };
 

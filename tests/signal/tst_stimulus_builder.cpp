@@ -11,8 +11,6 @@
 #include <QLineEdit>
 #include <QTest>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 constexpr int drawsOfTwoSounds = 48000;
@@ -46,11 +44,11 @@ private slots:
     {
         const QVector<int> draws = drawsAfter(1, 2 * drawsOfTwoSounds + 1);
         MainWindow window;
-        const QVector<double> before = Probe::standardSound(window);
+        const QVector<double> before = Probe::stimuli(window)[standard].samples;
         window.on_pushButtonView_clicked();
         QCOMPARE(drawsMade(draws), 2 * drawsOfTwoSounds);
         verifySounds(window, draws, drawsOfTwoSounds);
-        QVERIFY(firstDifference(Probe::standardSound(window), before) == 0);
+        QVERIFY(firstDifference(Probe::stimuli(window)[standard].samples, before) == 0);
     }
 
     void sounds_useNoDraw_atViewOfASinusoid()
@@ -70,7 +68,7 @@ private slots:
         const QVector<int> draws = drawsAfter(1, 48004);
         startRun(window); // the position alone: the first trial plays what View made
         answerOneTrial(window);
-        QCOMPARE(firstDifference(Probe::deviantSound(window),
+        QCOMPARE(firstDifference(Probe::stimuli(window)[deviant].samples,
                      statedSound(Probe::data(window), deviant, draws, 1)),
             -1);
         QCOMPARE(Probe::data(window).deviantPosition, 2 + draws[24001] % 2);
@@ -94,18 +92,18 @@ private slots:
     void startingARun_leavesTheSoundsOfView()
     {
         MainWindow window;
-        const QVector<double> first = Probe::standardSound(window);
-        const QVector<double> second = Probe::deviantSound(window);
+        const QVector<double> first = Probe::stimuli(window)[standard].samples;
+        const QVector<double> second = Probe::stimuli(window)[deviant].samples;
         startRun(window);
-        QCOMPARE(Probe::standardSound(window), first);
-        QCOMPARE(Probe::deviantSound(window), second);
+        QCOMPARE(Probe::stimuli(window)[standard].samples, first);
+        QCOMPARE(Probe::stimuli(window)[deviant].samples, second);
     }
 
     void standard_isOnlyScaled_atTrial3()
     {
         MainWindow window;
         Data& data = Probe::data(window);
-        const QVector<double> before = Probe::standardSound(window);
+        const QVector<double> before = Probe::stimuli(window)[standard].samples;
         data.nTrials = 3;
         data.md = {0.9, 0.2};
         data.nSamples = {100, 500};
@@ -113,23 +111,24 @@ private slots:
         window.genWav();
         QCOMPARE(drawsMade(draws), 500);
         const QVector<double> newDeviant = statedSound(data, deviant, draws);
-        QCOMPARE(firstDifference(Probe::deviantSound(window), newDeviant), -1);
-        QCOMPARE(
-            firstDifference(Probe::standardSound(window), statedEqualised(before, newDeviant)), -1);
+        QCOMPARE(firstDifference(Probe::stimuli(window)[deviant].samples, newDeviant), -1);
+        QCOMPARE(firstDifference(
+                     Probe::stimuli(window)[standard].samples, statedEqualised(before, newDeviant)),
+            -1);
     }
 
     // Scaling once from a kept original would differ in the last bits.
     void standard_isScaledOnTopOfEarlierScaling_trialAfterTrial()
     {
         MainWindow window;
-        QVector<double> expected = Probe::standardSound(window);
+        QVector<double> expected = Probe::stimuli(window)[standard].samples;
         startRun(window);
         for (int trial = 0; trial < 5; ++trial) {
             answerOneTrial(window);
-            expected = statedEqualised(expected, Probe::deviantSound(window));
-            QCOMPARE(firstDifference(Probe::standardSound(window), expected), -1);
-            QCOMPARE(
-                statedRms(Probe::standardSound(window)), statedRms(Probe::deviantSound(window)));
+            expected = statedEqualised(expected, Probe::stimuli(window)[deviant].samples);
+            QCOMPARE(firstDifference(Probe::stimuli(window)[standard].samples, expected), -1);
+            QCOMPARE(statedRms(Probe::stimuli(window)[standard].samples),
+                statedRms(Probe::stimuli(window)[deviant].samples));
         }
     }
 
@@ -140,10 +139,10 @@ private slots:
         const QVector<int> draws = drawsAfter(1, drawsOfTwoSounds);
         window.genWav();
         const QVector<double> own = statedSound(Probe::data(window), standard, draws);
-        QCOMPARE(firstDifference(Probe::standardSound(window), own), -1);
+        QCOMPARE(firstDifference(Probe::stimuli(window)[standard].samples, own), -1);
         Probe::data(window).nTrials = 1;
         window.genWav();
-        QCOMPARE(firstDifference(Probe::standardSound(window), own), -1);
+        QCOMPARE(firstDifference(Probe::stimuli(window)[standard].samples, own), -1);
     }
 
     void timeAxis_coversTheLongerPlot_data()
@@ -185,9 +184,9 @@ private slots:
         const QVector<int> draws = drawsAfter(1, 1);
         window.genWav();
         QCOMPARE(drawsMade(draws), 0);
-        QVERIFY(areAllNaN(Probe::standardSound(window)));
-        QCOMPARE(Probe::standardSound(window).size(), 24000);
-        QCOMPARE(Probe::deviantSound(window), QVector<double>(24000, 0.0));
+        QVERIFY(areAllNaN(Probe::stimuli(window)[standard].samples));
+        QCOMPARE(Probe::stimuli(window)[standard].samples.size(), 24000);
+        QCOMPARE(Probe::stimuli(window)[deviant].samples, QVector<double>(24000, 0.0));
     }
 
     void standard_isEmpty_whenItHasNoSamples_data()
@@ -204,9 +203,9 @@ private slots:
         Probe::data(window).nSamples[standard] = nSamples;
         const QVector<int> draws = drawsAfter(1, 24001);
         window.genWav();
-        QVERIFY(Probe::standardSound(window).isEmpty());
-        QCOMPARE(firstDifference(
-                     Probe::deviantSound(window), statedSound(Probe::data(window), deviant, draws)),
+        QVERIFY(Probe::stimuli(window)[standard].samples.isEmpty());
+        QCOMPARE(firstDifference(Probe::stimuli(window)[deviant].samples,
+                     statedSound(Probe::data(window), deviant, draws)),
             -1);
     }
 
@@ -216,18 +215,19 @@ private slots:
         MainWindow window;
         type(window, "lineEditDevDuration", "0.00");
         window.on_pushButtonView_clicked();
-        QVERIFY(Probe::deviantSound(window).isEmpty());
-        QVERIFY(areAllNaN(Probe::standardSound(window)));
+        QVERIFY(Probe::stimuli(window)[deviant].samples.isEmpty());
+        QVERIFY(areAllNaN(Probe::stimuli(window)[standard].samples));
 
         Probe::data(window).nSamples[deviant] = 24000;
         startRun(window);
         answerOneTrial(window);
-        QCOMPARE(Probe::deviantSound(window).size(), 24000);
-        QVERIFY(areAllNaN(Probe::standardSound(window)));
+        QCOMPARE(Probe::stimuli(window)[deviant].samples.size(), 24000);
+        QVERIFY(areAllNaN(Probe::stimuli(window)[standard].samples));
 
         type(window, "lineEditDevDuration", "600.00");
         window.on_pushButtonView_clicked();
-        QCOMPARE(statedRms(Probe::standardSound(window)), statedRms(Probe::deviantSound(window)));
+        QCOMPARE(statedRms(Probe::stimuli(window)[standard].samples),
+            statedRms(Probe::stimuli(window)[deviant].samples));
     }
 
 private:
@@ -237,8 +237,8 @@ private:
         const QVector<double> second = statedSound(data, deviant, draws, firstDraw + 24000);
         const QVector<double> first
             = statedEqualised(statedSound(data, standard, draws, firstDraw), second);
-        QCOMPARE(firstDifference(Probe::standardSound(window), first), -1);
-        QCOMPARE(firstDifference(Probe::deviantSound(window), second), -1);
+        QCOMPARE(firstDifference(Probe::stimuli(window)[standard].samples, first), -1);
+        QCOMPARE(firstDifference(Probe::stimuli(window)[deviant].samples, second), -1);
     }
 };
 

@@ -34,27 +34,32 @@ private slots:
         MainWindow window;
         takeNewSounds(window);
         window.updateWav();
-        QCOMPARE(Probe::standardPoints(window), points(Probe::standardSound(window), 2000));
-        QCOMPARE(Probe::deviantPoints(window), points(Probe::deviantSound(window), 2000));
-        QCOMPARE(Probe::standardWaveSeries(window)->pointsVector(), Probe::standardPoints(window));
-        QCOMPARE(Probe::deviantWaveSeries(window)->pointsVector(), Probe::deviantPoints(window));
+        QCOMPARE(Probe::stimuli(window)[standard].points,
+            points(Probe::stimuli(window)[standard].samples, 2000));
+        QCOMPARE(Probe::stimuli(window)[deviant].points,
+            points(Probe::stimuli(window)[deviant].samples, 2000));
+        QCOMPARE(Probe::waveCharts(window)[standard].line.series->pointsVector(),
+            Probe::stimuli(window)[standard].points);
+        QCOMPARE(Probe::waveCharts(window)[deviant].line.series->pointsVector(),
+            Probe::stimuli(window)[deviant].points);
     }
 
     void lists_keepTheirLengthAndTails_whenFewerPointsArePlotted()
     {
         MainWindow window;
-        const QVector<QPointF> oldStandard = Probe::standardPoints(window);
-        const QVector<QPointF> oldDeviant = Probe::deviantPoints(window);
+        const QVector<QPointF> oldStandard = Probe::stimuli(window)[standard].points;
+        const QVector<QPointF> oldDeviant = Probe::stimuli(window)[deviant].points;
         takeNewSounds(window);
         Probe::data(window).durToPlot = {0.025, 0.01};
         window.updateWav();
         QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({1000, 400}));
-        QCOMPARE(Probe::standardPoints(window),
-            points(Probe::standardSound(window), 1000) + oldStandard.mid(1000));
-        QCOMPARE(Probe::deviantPoints(window),
-            points(Probe::deviantSound(window), 400) + oldDeviant.mid(400));
-        QCOMPARE(Probe::standardWaveSeries(window)->pointsVector(), Probe::standardPoints(window));
-        QCOMPARE(Probe::deviantWaveSeries(window)->count(), 2000);
+        QCOMPARE(Probe::stimuli(window)[standard].points,
+            points(Probe::stimuli(window)[standard].samples, 1000) + oldStandard.mid(1000));
+        QCOMPARE(Probe::stimuli(window)[deviant].points,
+            points(Probe::stimuli(window)[deviant].samples, 400) + oldDeviant.mid(400));
+        QCOMPARE(Probe::waveCharts(window)[standard].line.series->pointsVector(),
+            Probe::stimuli(window)[standard].points);
+        QCOMPARE(Probe::waveCharts(window)[deviant].line.series->count(), 2000);
         QCOMPARE(Probe::timeAxis(window).size(), 2000);
     }
 
@@ -64,11 +69,13 @@ private slots:
         takeNewSounds(window);
         Probe::data(window).durToPlot = {0.1, 0.06};
         window.updateWav();
-        QCOMPARE(Probe::standardPoints(window), points(Probe::standardSound(window), 4000));
-        QCOMPARE(Probe::deviantPoints(window), points(Probe::deviantSound(window), 2400));
+        QCOMPARE(Probe::stimuli(window)[standard].points,
+            points(Probe::stimuli(window)[standard].samples, 4000));
+        QCOMPARE(Probe::stimuli(window)[deviant].points,
+            points(Probe::stimuli(window)[deviant].samples, 2400));
         QCOMPARE(firstDifference(Probe::timeAxis(window), statedTimes(4000, 40000.0)), -1);
-        QCOMPARE(Probe::standardWaveSeries(window)->count(), 4000);
-        QCOMPARE(Probe::deviantWaveSeries(window)->count(), 2400);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.series->count(), 4000);
+        QCOMPARE(Probe::waveCharts(window)[deviant].line.series->count(), 2400);
     }
 
     // Reading the panel for a run may ask for more samples than the sounds of the last View have.
@@ -81,11 +88,13 @@ private slots:
         Probe::data(window).nSamples = {24000, 24000};
         window.updateWav();
         QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({2000, 2000}));
-        QCOMPARE(Probe::standardPoints(window), points(Probe::standardSound(window), 800));
-        QCOMPARE(Probe::deviantPoints(window), points(Probe::deviantSound(window), 400));
+        QCOMPARE(Probe::stimuli(window)[standard].points,
+            points(Probe::stimuli(window)[standard].samples, 800));
+        QCOMPARE(Probe::stimuli(window)[deviant].points,
+            points(Probe::stimuli(window)[deviant].samples, 400));
         QCOMPARE(Probe::timeAxis(window).size(), 800);
-        QCOMPARE(Probe::standardWaveAxisX(window)->max(), 50.0);
-        QCOMPARE(Probe::deviantWaveAxisX(window)->max(), 50.0);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.axisX->max(), 50.0);
+        QCOMPARE(Probe::waveCharts(window)[deviant].line.axisX->max(), 50.0);
     }
 
     void timeAxes_endAtThePlottedCounts()
@@ -94,20 +103,20 @@ private slots:
         Probe::data(window).durToPlot = {0.0250249, 0.7};
         window.updateWav();
         QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({1000, 24000}));
-        QCOMPARE(Probe::standardWaveAxisX(window)->min(), 0.0);
-        QCOMPARE(Probe::standardWaveAxisX(window)->max(), 25.0);
-        QCOMPARE(Probe::deviantWaveAxisX(window)->min(), 0.0);
-        QCOMPARE(Probe::deviantWaveAxisX(window)->max(), 600.0);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.axisX->min(), 0.0);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.axisX->max(), 25.0);
+        QCOMPARE(Probe::waveCharts(window)[deviant].line.axisX->min(), 0.0);
+        QCOMPARE(Probe::waveCharts(window)[deviant].line.axisX->max(), 600.0);
     }
 
     void ranges_coverTheWholeSounds_notOnlyThePlottedPart()
     {
         MainWindow window;
         takeNewSounds(window);
-        Probe::standardSound(window)[20000] = 5.0;
-        Probe::standardSound(window)[23999] = -6.0;
-        Probe::deviantSound(window)[2000] = 7.0;
-        Probe::deviantSound(window)[2001] = -8.0;
+        Probe::stimuli(window)[standard].samples[20000] = 5.0;
+        Probe::stimuli(window)[standard].samples[23999] = -6.0;
+        Probe::stimuli(window)[deviant].samples[2000] = 7.0;
+        Probe::stimuli(window)[deviant].samples[2001] = -8.0;
         window.updateWav();
         verifyRanges(window, {-6.0, 5.0}, {-8.0, 7.0});
     }
@@ -115,14 +124,14 @@ private slots:
     void emptySounds_keepTheListsAndShowMinus1To1()
     {
         MainWindow window;
-        const QVector<QPointF> before = Probe::standardPoints(window);
+        const QVector<QPointF> before = Probe::stimuli(window)[standard].points;
         emptySounds(window, 0);
         window.updateWav();
-        QCOMPARE(Probe::standardPoints(window), before);
-        QCOMPARE(Probe::deviantWaveSeries(window)->count(), 2000);
+        QCOMPARE(Probe::stimuli(window)[standard].points, before);
+        QCOMPARE(Probe::waveCharts(window)[deviant].line.series->count(), 2000);
         verifyRanges(window, {-1.0, 1.0}, {-1.0, 1.0});
-        QCOMPARE(Probe::standardWaveAxisX(window)->max(), 0.0);
-        QCOMPARE(Probe::deviantWaveAxisX(window)->max(), 0.0);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.axisX->max(), 0.0);
+        QCOMPARE(Probe::waveCharts(window)[deviant].line.axisX->max(), 0.0);
     }
 
     // A time axis that would end before 0 is refused by Qt Charts.
@@ -132,7 +141,7 @@ private slots:
         emptySounds(window, -100);
         window.updateWav();
         QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({-100, -100}));
-        QCOMPARE(Probe::standardWaveAxisX(window)->max(), 50.0);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.axisX->max(), 50.0);
         verifyRanges(window, {-1.0, 1.0}, {-1.0, 1.0});
     }
 
@@ -141,14 +150,14 @@ private slots:
         MainWindow window;
         takeNewSounds(window);
         window.updateWav();
-        const double lowest = Probe::standardWaveAxisY(window)->min();
-        const double highest = Probe::standardWaveAxisY(window)->max();
+        const double lowest = Probe::waveCharts(window)[standard].line.axisY->min();
+        const double highest = Probe::waveCharts(window)[standard].line.axisY->max();
         tolerateUndefinedChartValues();
-        Probe::standardSound(window).fill(qQNaN());
+        Probe::stimuli(window)[standard].samples.fill(qQNaN());
         window.updateWav();
-        QCOMPARE(Probe::standardWaveAxisY(window)->min(), lowest);
-        QCOMPARE(Probe::standardWaveAxisY(window)->max(), highest);
-        QVERIFY(areAllNaN(Probe::standardRange(window)));
+        QCOMPARE(Probe::waveCharts(window)[standard].line.axisY->min(), lowest);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.axisY->max(), highest);
+        QVERIFY(areAllNaN(Probe::stimuli(window)[standard].range));
     }
 
     // The axis was made by View, at its rate; the list that View made keeps its length.
@@ -159,21 +168,21 @@ private slots:
         answerATrialAt(window, "44100");
         QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({2205, 2205}));
         QCOMPARE(Probe::timeAxis(window), statedTimes(2205, 40000.0));
-        QCOMPARE(Probe::deviantPoints(window),
-            pointsOf(statedTimes(2205, 40000.0), Probe::deviantSound(window), 2205));
-        QCOMPARE(Probe::standardPoints(window),
-            pointsOf(statedTimes(2205, 40000.0), Probe::standardSound(window), 2205));
+        QCOMPARE(Probe::stimuli(window)[deviant].points,
+            pointsOf(statedTimes(2205, 40000.0), Probe::stimuli(window)[deviant].samples, 2205));
+        QCOMPARE(Probe::stimuli(window)[standard].points,
+            pointsOf(statedTimes(2205, 40000.0), Probe::stimuli(window)[standard].samples, 2205));
     }
 
     void oldTail_staysInThePicture_whenTheRateWasLoweredAfterView()
     {
         MainWindow window;
         window.on_pushButtonView_clicked();
-        const QVector<QPointF> old = Probe::deviantPoints(window);
+        const QVector<QPointF> old = Probe::stimuli(window)[deviant].points;
         answerATrialAt(window, "22050");
         QCOMPARE(Probe::timeAxis(window), statedTimes(2000, 40000.0));
-        QCOMPARE(Probe::deviantPoints(window),
-            points(Probe::deviantSound(window), 1102) + old.mid(1102));
+        QCOMPARE(Probe::stimuli(window)[deviant].points,
+            points(Probe::stimuli(window)[deviant].samples, 1102) + old.mid(1102));
     }
 
     void times_areOfTheNewRate_whenTheAxisWasEmpty()
@@ -198,26 +207,26 @@ private:
 
     static void takeNewSounds(MainWindow& window)
     {
-        Probe::standardSound(window) = ramp(24000, -1.0, 1.0 / 16384);
-        Probe::deviantSound(window) = ramp(24000, 0.75, -1.0 / 32768);
+        Probe::stimuli(window)[standard].samples = ramp(24000, -1.0, 1.0 / 16384);
+        Probe::stimuli(window)[deviant].samples = ramp(24000, 0.75, -1.0 / 32768);
     }
 
     static void emptySounds(MainWindow& window, int nSamples)
     {
         Probe::data(window).nSamples = {nSamples, nSamples};
-        Probe::standardSound(window).clear();
-        Probe::deviantSound(window).clear();
+        Probe::stimuli(window)[standard].samples.clear();
+        Probe::stimuli(window)[deviant].samples.clear();
     }
 
     static void verifyRanges(
         MainWindow& window, const QVector<double>& first, const QVector<double>& second)
     {
-        QCOMPARE(Probe::standardRange(window), first);
-        QCOMPARE(Probe::standardWaveAxisY(window)->min(), first[0]);
-        QCOMPARE(Probe::standardWaveAxisY(window)->max(), first[1]);
-        QCOMPARE(Probe::deviantRange(window), second);
-        QCOMPARE(Probe::deviantWaveAxisY(window)->min(), second[0]);
-        QCOMPARE(Probe::deviantWaveAxisY(window)->max(), second[1]);
+        QCOMPARE(Probe::stimuli(window)[standard].range, first);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.axisY->min(), first[0]);
+        QCOMPARE(Probe::waveCharts(window)[standard].line.axisY->max(), first[1]);
+        QCOMPARE(Probe::stimuli(window)[deviant].range, second);
+        QCOMPARE(Probe::waveCharts(window)[deviant].line.axisY->min(), second[0]);
+        QCOMPARE(Probe::waveCharts(window)[deviant].line.axisY->max(), second[1]);
     }
 };
 

@@ -11,8 +11,6 @@
 #include <QSignalSpy>
 #include <QTest>
 
-using Probe = MainWindowProbe;
-
 class TestSubjectWindow : public QuietTest {
     Q_OBJECT
 

@@ -9,118 +9,18 @@ struct MainWindowProbe {
     static auto& filePath(MainWindow& window) { return window.filePath; }
     static auto& data(MainWindow& window) { return window.data; }
     static auto& timeAxis(MainWindow& window) { return window.timeAxis; }
-    static auto& standardSound(MainWindow& window) { return window.stimuli[standard].samples; }
-    static auto& deviantSound(MainWindow& window) { return window.stimuli[deviant].samples; }
+    static auto& stimuli(MainWindow& window) { return window.stimuli; }
+    static auto& waveCharts(MainWindow& window) { return window.waveCharts; }
+    static auto& spectrumCharts(MainWindow& window) { return window.spectrumCharts; }
     static auto& trendX(MainWindow& window) { return window.trendX; }
     static auto& trendY(MainWindow& window) { return window.trendY; }
     static auto& trendYMin(MainWindow& window) { return window.trendYMin; }
     static auto& trendYMax(MainWindow& window) { return window.trendYMax; }
-    static auto& standardPoints(MainWindow& window) { return window.stimuli[standard].points; }
-    static auto& deviantPoints(MainWindow& window) { return window.stimuli[deviant].points; }
-    static auto& standardSpectrumPoints(MainWindow& window)
-    {
-        return window.stimuli[standard].spectrumPoints;
-    }
-    static auto& deviantSpectrumPoints(MainWindow& window)
-    {
-        return window.stimuli[deviant].spectrumPoints;
-    }
-    static auto& standardRange(MainWindow& window) { return window.stimuli[standard].range; }
-    static auto& deviantRange(MainWindow& window) { return window.stimuli[deviant].range; }
     static auto& fftLength(MainWindow& window) { return window.fftLength; }
     static auto& fftDuration(MainWindow& window) { return window.fftDuration; }
     static auto& frequencyResolution(MainWindow& window) { return window.frequencyResolution; }
     static auto& frequencyAxis(MainWindow& window) { return window.frequencyAxis; }
-    static auto& standardAmplitude(MainWindow& window)
-    {
-        return window.stimuli[standard].spectrum.amplitude;
-    }
-    static auto& deviantAmplitude(MainWindow& window)
-    {
-        return window.stimuli[deviant].spectrum.amplitude;
-    }
-    static auto& standardPhase(MainWindow& window)
-    {
-        return window.stimuli[standard].spectrum.phase;
-    }
-    static auto& deviantPhase(MainWindow& window) { return window.stimuli[deviant].spectrum.phase; }
-    static auto& standardAmplitudeRange(MainWindow& window)
-    {
-        return window.stimuli[standard].amplitudeRange;
-    }
-    static auto& deviantAmplitudeRange(MainWindow& window)
-    {
-        return window.stimuli[deviant].amplitudeRange;
-    }
     static auto& windowSelector(MainWindow& window) { return window.windowSelector; }
-    static auto& standardWaveSeries(MainWindow& window)
-    {
-        return window.waveCharts[standard].line.series;
-    }
-    static auto& standardWaveAxisX(MainWindow& window)
-    {
-        return window.waveCharts[standard].line.axisX;
-    }
-    static auto& standardWaveAxisY(MainWindow& window)
-    {
-        return window.waveCharts[standard].line.axisY;
-    }
-    static auto& standardWaveChart(MainWindow& window) { return window.waveCharts[standard].chart; }
-    static auto& standardWaveView(MainWindow& window) { return window.waveCharts[standard].view; }
-    static auto& deviantWaveSeries(MainWindow& window)
-    {
-        return window.waveCharts[deviant].line.series;
-    }
-    static auto& deviantWaveAxisX(MainWindow& window)
-    {
-        return window.waveCharts[deviant].line.axisX;
-    }
-    static auto& deviantWaveAxisY(MainWindow& window)
-    {
-        return window.waveCharts[deviant].line.axisY;
-    }
-    static auto& deviantWaveChart(MainWindow& window) { return window.waveCharts[deviant].chart; }
-    static auto& deviantWaveView(MainWindow& window) { return window.waveCharts[deviant].view; }
-    static auto& standardSpectrumSeries(MainWindow& window)
-    {
-        return window.spectrumCharts[standard].line.series;
-    }
-    static auto& standardSpectrumAxisX(MainWindow& window)
-    {
-        return window.spectrumCharts[standard].line.axisX;
-    }
-    static auto& standardSpectrumAxisY(MainWindow& window)
-    {
-        return window.spectrumCharts[standard].line.axisY;
-    }
-    static auto& standardSpectrumChart(MainWindow& window)
-    {
-        return window.spectrumCharts[standard].chart;
-    }
-    static auto& standardSpectrumView(MainWindow& window)
-    {
-        return window.spectrumCharts[standard].view;
-    }
-    static auto& deviantSpectrumSeries(MainWindow& window)
-    {
-        return window.spectrumCharts[deviant].line.series;
-    }
-    static auto& deviantSpectrumAxisX(MainWindow& window)
-    {
-        return window.spectrumCharts[deviant].line.axisX;
-    }
-    static auto& deviantSpectrumAxisY(MainWindow& window)
-    {
-        return window.spectrumCharts[deviant].line.axisY;
-    }
-    static auto& deviantSpectrumChart(MainWindow& window)
-    {
-        return window.spectrumCharts[deviant].chart;
-    }
-    static auto& deviantSpectrumView(MainWindow& window)
-    {
-        return window.spectrumCharts[deviant].view;
-    }
     static auto& trendSeries(MainWindow& window) { return window.trendSeries; }
     static auto& trendAxisX(MainWindow& window) { return window.trendAxisX; }
     static auto& trendAxisY(MainWindow& window) { return window.trendAxisY; }

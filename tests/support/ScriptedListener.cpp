@@ -10,8 +10,6 @@
 
 #include <utility>
 
-using Probe = MainWindowProbe;
-
 ScriptedListener::ScriptedListener(MainWindow& window, QString answers)
     : m_window(window)
     , m_answers(std::move(answers))
@@ -34,8 +32,9 @@ void ScriptedListener::hear(int state)
 {
     if (state == 1) {
         const bool correct = m_answers[m_trials.size() % m_answers.size()] == 'c';
-        m_trials.append({Probe::standardSound(m_window), Probe::deviantSound(m_window),
-            Probe::data(m_window).deviantPosition, correct});
+        m_trials.append(
+            {Probe::stimuli(m_window)[standard].samples, Probe::stimuli(m_window)[deviant].samples,
+                Probe::data(m_window).deviantPosition, correct});
     } else if (state == -1 && m_trials.size() == m_lastTrial) {
         m_hasFinished = true;
     } else if (state == -1) {

@@ -13,8 +13,6 @@
 
 #include <algorithm>
 
-using Probe = MainWindowProbe;
-
 DisturbedTrial::DisturbedTrial(int silenceMs)
 {
     type(window, "lineEditStdDuration", QString::number(soundMs));
@@ -50,8 +48,8 @@ bool DisturbedTrial::play()
 QVector<float> DisturbedTrial::sound(int interval)
 {
     const QVector<double>& samples = interval == Probe::data(window).deviantPosition
-        ? Probe::deviantSound(window)
-        : Probe::standardSound(window);
+        ? Probe::stimuli(window)[deviant].samples
+        : Probe::stimuli(window)[standard].samples;
     QVector<float> converted(samples.size());
     std::transform(samples.begin(), samples.end(), converted.begin(),
         [](double sample) { return static_cast<float>(sample); });

@@ -15,8 +15,6 @@
 #include <QTimer>
 #include <QtCharts/QLineSeries>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 // Three reversals, and steps of both sizes.
@@ -202,8 +200,8 @@ QStringList PhasedRun::outcome()
     }
     lines += "trend from " + exact(Probe::trendYMin(m_window)) + " to "
         + exact(Probe::trendYMax(m_window));
-    lines += exact(Probe::standardSound(m_window));
-    lines += exact(Probe::deviantSound(m_window));
+    lines += exact(Probe::stimuli(m_window)[standard].samples);
+    lines += exact(Probe::stimuli(m_window)[deviant].samples);
     lines += labelOf(*Probe::subjectWindow(m_window), "labelThreshold")->text();
     QFile file(m_path);
     file.open(QIODevice::ReadOnly);

@@ -13,8 +13,6 @@
 
 #include <algorithm>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 int countAlive(const QVector<QPointer<QObject>>& objects)

@@ -13,8 +13,6 @@
 
 #include <memory>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 constexpr int timeoutMs = 60000;

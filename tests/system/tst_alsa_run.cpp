@@ -9,8 +9,6 @@
 #include <QLabel>
 #include <QLineEdit>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 constexpr int runTimeoutMs = 30000; // for valgrind

@@ -12,8 +12,6 @@
 #include <QTest>
 #include <QWindow>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 // With Ctrl a key types nothing that could be read.

@@ -18,8 +18,6 @@
 
 #include <functional>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 // Counts what a window and its widgets are told while it lives.

@@ -11,8 +11,6 @@
 #include <QTest>
 #include <QTimer>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 // The phases of a trial in which the server is stopped, by the state that soundPlaying told last.

@@ -16,8 +16,6 @@
 #include <algorithm>
 #include <cstdlib>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 constexpr int timeoutMs = 60000;

@@ -13,8 +13,6 @@
 #include <QThread>
 #include <QTimer>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 constexpr int samplesPerMs = 40;

@@ -17,8 +17,6 @@
 #include <memory>
 #include <vector>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 constexpr int timeoutMs = 60000;
@@ -260,8 +258,8 @@ private:
         for (int sound = 1; sound <= 4; ++sound) {
             playSound(window);
         }
-        const ScriptedListener::Trial trial = {Probe::standardSound(window),
-            Probe::deviantSound(window), Probe::data(window).deviantPosition, true};
+        const ScriptedListener::Trial trial = {Probe::stimuli(window)[standard].samples,
+            Probe::stimuli(window)[deviant].samples, Probe::data(window).deviantPosition, true};
         QCOMPARE(differenceFromRecording({trial}, m_lab->recorder.stop()), QString());
     }
 

@@ -14,8 +14,6 @@
 #include <QSignalSpy>
 #include <QTimer>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 const QString notSupported("Raw audio format not supported by backend, cannot play audio.");

@@ -19,8 +19,6 @@
 #include <algorithm>
 #include <cmath>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 constexpr int runTimeoutMs = 100000;

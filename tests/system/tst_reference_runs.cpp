@@ -20,8 +20,6 @@
 #include <cmath>
 #include <functional>
 
-using Probe = MainWindowProbe;
-
 namespace {
 
 using Listener = std::function<bool(const Data& data)>; // whether the next answer is right

@@ -19,7 +19,6 @@
 
 #include <functional>
 
-using Probe = MainWindowProbe;
 using Listener = std::function<bool(const Data& data)>; // whether the next answer is right
 
 Q_DECLARE_METATYPE(Listener)
