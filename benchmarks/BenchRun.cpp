@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The run that benchmarks answer: an answer, its sounds and spectra, and its repainting, timed.
 #include "BenchRun.h"
 
 #include "support/MainWindowProbe.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// When a program has painted its window for the first time.
 #include "FirstPaint.h"
 
 #include <QCoreApplication>

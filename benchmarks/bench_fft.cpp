@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The transform: building it, transforming, and both together.
 #include "FFTBenchmark.h"
 #include "signal/FFTRealProbe.h"
 

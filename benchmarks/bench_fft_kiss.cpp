@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Kiss FFT on the same samples as bench_fft.cpp.
 #include "FFTBenchmark.h"
 
 #include <kissfft/kissfft.hh>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Reading 10,000 results files with quorin-report.
 #include "companions/report/SimulatedRun.h"
 #include "report/Report.h"
 #include "session/OutputFileName.h"

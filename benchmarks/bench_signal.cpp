@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The sounds and spectra of a trial and of View, beside their library calls alone.
 #include "BenchRun.h"
 #include "signal/FFTReal.h"
 #include "signal/SampleArithmetic.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// From an answer to the next trial, by kind of sound, duration, sampling rate and trial.
 #include "BenchRun.h"
 
 #include <benchmark/benchmark.h>

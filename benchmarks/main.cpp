@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// For the benchmarks that need windows: Google Benchmark's own main makes no application.
 #include <QApplication>
 #include <QLoggingCategory>
 
 #include <benchmark/benchmark.h>
 
-// For the benchmarks that need windows: Google Benchmark's own main makes no application.
 int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The resident memory of the application after start-up and after each of 100 runs, a line each.
 #include "drivers/RunDriver.h"
 #include "support/MainWindowProbe.h"
 
@@ -42,7 +43,6 @@ void playRun(MainWindow& window)
 
 } // namespace
 
-// Writes the memory after start-up and after each run, a line each.
 int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The least that a program with five charts can be: empty ones, in a window of the same size.
 #include "FirstPaint.h"
 
 #include <QApplication>
@@ -7,7 +8,6 @@
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
 
-// The least that a program with five charts can be: empty ones, in a window of the same size.
 int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The application with its own settings, ended after its first painting.
 #include "FirstPaint.h"
 #include "app/MainWindow.h"
 
 #include <QApplication>
 
-// The application with its own settings, ended after its first painting.
 int main(int argc, char* argv[])
 {
     QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);

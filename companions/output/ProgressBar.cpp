@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A progress bar in the last line of a terminal.
 #include "output/ProgressBar.h"
 
 #include <QString>

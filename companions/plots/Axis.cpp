@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Axes of plots: their range, scale and ticks.
 #include "plots/Axis.h"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A rectangle with two axes, and the drawing of points, lines and bars in it.
 #include "plots/PlotArea.h"
 
 #include <QColor>

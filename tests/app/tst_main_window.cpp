@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// What the main window has when it opens, and what View and Go do.
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// How the main window is closed, refuses to close during a run, and is destroyed.
 #include "app/ObjectNames.h"
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The main window's texts, grids, sizes and alignments.
 #include "app/ObjectNames.h"
 #include "support/WindowTest.h"
 

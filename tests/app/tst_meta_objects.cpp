@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The methods of both windows in their order, and what their signals are connected to.
 #include "support/WindowTest.h"
 
 #include <QMetaMethod>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Sounds that still play when the next one starts, on a real sound server.
 #include "drivers/RunDriver.h"
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"

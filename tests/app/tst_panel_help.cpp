@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Tool tips, accessible names and the order of the Tab key.
 #include "support/WindowTest.h"
 
 #include <QAbstractButton>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The bytes that samples are played as.
 #include "app/PlayedSound.h"
 #include "support/QuietTest.h"
 

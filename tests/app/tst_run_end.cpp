@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The end of a run: results, save dialog, and closing the subject window.
 #include "drivers/RunDriver.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// What Go does, in its order, and how subject windows are connected.
 #include "drivers/RunDriver.h"
 #include "support/MainWindowProbe.h"
 #include "support/TestProgram.h"

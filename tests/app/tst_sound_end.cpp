@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// What happens when an output is idle or has stopped, and what is released then.
 #include "drivers/RunDriver.h"
 #include "support/WindowTest.h"
 

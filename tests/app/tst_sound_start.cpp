@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// What each tick of the pacing timer plays, and what it tells.
 #include "drivers/RunDriver.h"
 #include "support/WindowTest.h"
 

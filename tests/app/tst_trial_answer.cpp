@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// "I am ready" and the answers: what is recorded, and what starts the next trial.
 #include "drivers/RunDriver.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"

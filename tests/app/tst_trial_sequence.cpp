@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Which intervals hold the deviant, and the times of a trial.
 #include "app/TrialSequence.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// View with fields that hold extreme values, and with good ones after them.
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Size and place of both windows on the screen.
 #include "app/WindowParts.h"
 #include "subject/SubjectWindow.h"
 #include "support/MainWindowProbe.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Whether everything in both windows can be seen and read, in light and in dark styles.
 #include "app/WindowParts.h"
 #include "support/MainWindowProbe.h"
 #include "support/TestProgram.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Times, points and ranges of the charts.
 #include "charts/ChartData.h"
 #include "signal/StatedSound.h"
 #include "support/ExactVectors.h"

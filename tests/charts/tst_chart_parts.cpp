@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Ranges of axes.
 #include "charts/ChartParts.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A refreshed chart looks like one whose points were set before its ranges.
 #include "charts/ChartParts.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"

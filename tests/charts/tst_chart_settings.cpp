@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Texts, fonts, axes, sizes and places of the five charts.
 #include "charts/ChartObjects.h"
 #include "support/WindowTest.h"
 

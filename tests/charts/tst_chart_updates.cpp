@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// How often the charts are painted after an answer.
 #include "charts/ChartObjects.h"
 #include "drivers/RunDriver.h"
 #include "support/TestProgram.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// What the charts of the sounds and of their spectra show.
 #include "charts/ChartObjects.h"
 #include "support/ExactVectors.h"
 #include "support/Points.h"

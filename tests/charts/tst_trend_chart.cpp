@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The chart of the trend: its axes, its points and its picture.
 #include "charts/ChartObjects.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"

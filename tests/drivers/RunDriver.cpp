@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Runs driven by hand, without sound and without waiting.
 #include "drivers/RunDriver.h"
 
 #include "support/MainWindowProbe.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Combinations of texts, choices and steps, drawn from a seed.
 #include "hostile/Combination.h"
 
 #include <QStringList>

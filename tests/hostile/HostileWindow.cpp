@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A window that gets bad input, step by step, and the time that each step takes.
 #include "hostile/HostileWindow.h"
 
 #include "hostile/ProcessUse.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The panel's sixteen fields with their good texts, and the hostile ones.
 #include "hostile/PanelFields.h"
 
 #include "app/MainWindow.h"

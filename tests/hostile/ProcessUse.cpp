@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The processor's time, memory and open files of this process.
 #include "hostile/ProcessUse.h"
 
 #include <QDir>

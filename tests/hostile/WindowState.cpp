@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// All that a window holds and shows after View, and the first difference between two of them.
 #include "hostile/WindowState.h"
 
 #include "hostile/PanelFields.h"

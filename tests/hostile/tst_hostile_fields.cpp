@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A window that got bad input works as a new one when it gets good input again.
 #include "hostile/HostileWindow.h"
 #include "hostile/ProcessUse.h"
 #include "support/WindowTest.h"

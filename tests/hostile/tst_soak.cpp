@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A hundred runs in one window, and a run of 300 trials.
 #include "drivers/RunDriver.h"
 #include "hostile/ProcessUse.h"
 #include "support/ModalBoxes.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// What the window does with a step of the staircase, and in which order after an answer.
 #include "procedure/Records.h"
 #include "procedure/SilentRun.h"
 #include "support/TestProgram.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The save dialog and the file that it leads to.
 #include "procedure/SavedRun.h"
 #include "procedure/SilentRun.h"
 #include "support/TestProgram.h"

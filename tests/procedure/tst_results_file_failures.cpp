@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Results files that cannot be written.
 #include "procedure/SavedRun.h"
 #include "support/WindowTest.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The heading and the lines of a results file.
 #include "procedure/Records.h"
 #include "procedure/ResultsFormat.h"
 #include "support/QuietTest.h"

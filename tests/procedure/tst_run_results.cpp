@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Threshold and mean reaction times.
 #include "procedure/Records.h"
 #include "procedure/RunResults.h"
 #include "support/QuietTest.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Steps, reversals, the end of a run, and the start of the deviant.
 #include "procedure/Records.h"
 #include "procedure/StaircaseRule.h"
 #include "support/ExactVectors.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Whole runs of known answers, without sound: values, reversals and results.
 #include "procedure/SilentRun.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The points and the ranges of the trend.
 #include "procedure/Records.h"
 #include "procedure/SilentRun.h"
 #include "support/TestProgram.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The two parameters that can be adapted, and their units.
 #include "session/AdaptedParameter.h"
 #include "session/Data.h"
 #include "session/Units.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Numbers of samples, points and bins, within their limits.
 #include "session/Counts.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"

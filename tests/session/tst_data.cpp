@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The defaults of a session.
 #include "session/Data.h"
 #include "support/TestProgram.h"
 

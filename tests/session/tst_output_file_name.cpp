@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The results file's name, composed and read back.
 #include "session/Data.h"
 #include "session/OutputFileName.h"
 #include "support/QuietTest.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// When the panel composes the name of the results file.
 #include "support/WindowTest.h"
 
 namespace {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Noise and an adapted carrier frequency, which do not go together.
 #include "session/DeviantInThePanel.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"

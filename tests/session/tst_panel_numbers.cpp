@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// How numbers are shown in the panel and read back.
 #include "session/PanelNumbers.h"
 #include "support/QuietTest.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// What the panel shows when the window opens.
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
 

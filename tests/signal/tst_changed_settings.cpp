@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// What follows a duration or a sampling rate that was changed on the panel, and what stays as the
+// window made it.
 #include "support/MainWindowProbe.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
@@ -9,8 +11,6 @@
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
-// What follows a duration or a sampling rate that was changed on the panel, and what stays as the
-// window made it.
 class TestChangedSettings : public WindowTest {
     Q_OBJECT
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The transform against its defining sum, closed forms and known limits of error.
 #include "signal/DefiningSum.h"
 #include "signal/FFTRealProbe.h"
 #include "signal/FFTTestSignals.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The transform's tables, and the checks that stop its misuse.
 #include "signal/FFTRealProbe.h"
 #include "signal/FFTTestSignals.h"
 #include "support/TestProgram.h"

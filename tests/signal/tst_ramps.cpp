@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Raised-cosine, squared and linear ramps.
 #include "signal/SignalToolkit.h"
 #include "signal/ToolkitWarning.h"
 #include "support/ExactVectors.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// White noise and random integers.
 #include "signal/SignalToolkit.h"
 #include "signal/ToolkitWarning.h"
 #include "support/Draws.h"

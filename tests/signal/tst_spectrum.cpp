@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Amplitude and phase of known sounds.
 #include "signal/DefiningSum.h"
 #include "signal/Spectrum.h"
 #include "support/ExactVectors.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The spectra that the window makes of its two sounds.
 #include "signal/Spectrum.h"
 #include "support/ExactVectors.h"
 #include "support/MainWindowProbe.h"

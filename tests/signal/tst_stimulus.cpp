@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// One stimulus against its formula, and the equalisation of levels.
 #include "signal/StatedSound.h"
 #include "signal/Stimulus.h"
 #include "support/Draws.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// When the window makes its two sounds, and which random numbers they take.
 #include "signal/StatedSound.h"
 #include "support/Draws.h"
 #include "support/ExactVectors.h"

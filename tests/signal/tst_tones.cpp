@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Tones, modulated tones and their levels.
 #include "signal/SignalToolkit.h"
 #include "support/ExactVectors.h"
 #include "support/TestProgram.h"

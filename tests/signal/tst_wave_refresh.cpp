@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The waveform charts after new sounds.
 #include "signal/StatedSound.h"
 #include "support/ExactVectors.h"
 #include "support/Points.h"

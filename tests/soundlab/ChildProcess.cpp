@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Processes that end with the test that started them.
 #include "soundlab/ChildProcess.h"
 
 #ifdef Q_OS_LINUX

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A private PipeWire with its PulseAudio server and a null sink.
 #include "soundlab/PipeWireServer.h"
 
 #include <QDir>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The sounds in a recording, and the place of an expected one.
 #include "soundlab/RecordedSounds.h"
 
 #include <algorithm>

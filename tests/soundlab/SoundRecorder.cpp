@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Records what a private server's sink plays, by parec.
 #include "soundlab/SoundRecorder.h"
 
 #include "soundlab/SoundServer.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A private PulseAudio server with a null sink.
 #include "soundlab/SoundServer.h"
 
 #include <QDir>

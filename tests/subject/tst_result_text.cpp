@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The text that tells the listener the result.
 #include "subject/ResultText.h"
 #include "support/QuietTest.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The subject window's states: lights, answers, result and closing.
 #include "app/MainWindow.h"
 #include "subject/SubjectWindow.h"
 #include "support/ModalBoxes.h"

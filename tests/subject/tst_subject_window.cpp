@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The subject window's texts, grid and buttons.
 #include "subject/SubjectWindow.h"
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Answers and records message boxes and file dialogs.
 #include "support/ModalBoxes.h"
 
 #include <QAbstractButton>

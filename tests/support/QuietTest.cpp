@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Tests in which a warning that was not announced is a failure.
 #include "support/QuietTest.h"
 
 #include <QCoreApplication>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A listener who answers from a list, by clicks.
 #include "support/ScriptedListener.h"
 
 #include "support/MainWindowProbe.h"

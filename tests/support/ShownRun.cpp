@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A run whose subject window is on the screen and has the keyboard.
 #include "support/ShownRun.h"
 
 #include "support/MainWindowProbe.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A recording compared with the sounds of a run's trials.
 #include "support/TrialRecording.h"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// What the windows may say on a machine without a sound device.
 #include "support/WindowTest.h"
 
 void WindowTest::init()

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// How ModalBoxes records and answers boxes.
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Which messages fail a QuietTest.
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
 

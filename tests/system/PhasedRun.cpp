@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A run of known answers that can be left at every phase, and what it leaves.
 #include "system/PhasedRun.h"
 
 #include "support/MainWindowProbe.h"

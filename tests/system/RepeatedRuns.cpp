@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Many runs one after the other, each left after six sounds.
 #include "system/RepeatedRuns.h"
 
 #include "drivers/RunDriver.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Runs that are left in any phase and in any way: the next runs are as those of a new window.
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
 #include "system/PhasedRun.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The same while sounds really play.
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"

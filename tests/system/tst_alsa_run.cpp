@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A run through Qt's ALSA backend.
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
 #include "support/ScriptedListener.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Clicks on the interval buttons, and when they are no answer.
 #include "support/ModalBoxes.h"
 #include "support/ShownRun.h"
 #include "support/WindowTest.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Every sound of a run is recorded as it was computed, at several rates, in time.
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
 #include "support/MainWindowProbe.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// How sounds are found in a recording.
 #include "soundlab/RecordedSounds.h"
 #include "support/QuietTest.h"
 

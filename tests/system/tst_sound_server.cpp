@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The private sound server and its recorder give back what was played.
 #include "soundlab/RecordedSounds.h"
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The demonstration from its command line to its files.
 #include "demo/Listener.h"
 #include "demo/WavFile.h"
 #include "soundlab/ChildProcess.h"

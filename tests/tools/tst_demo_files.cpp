@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The demonstration's WAV file, report and comparison with the results file.
 #include "demo/DemoTrial.h"
 #include "demo/WavFile.h"
 #include "support/QuietTest.h"

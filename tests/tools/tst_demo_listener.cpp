@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// What the listener of the demonstration hears in a recording.
 #include "demo/HeardTrial.h"
 #include "support/QuietTest.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The pictures of the guide: the same every time, and of the right moments.
 #include "support/QuietTest.h"
 
 #include <QDir>

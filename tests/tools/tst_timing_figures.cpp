@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The figures of the timing measurement.
 #include "support/QuietTest.h"
 #include "timing/SampleClock.h"
 #include "timing/Summary.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Answers the boxes of the demonstration with the mouse.
 #include "demo/BoxAnswers.h"
 
 #include "demo/Mouse.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The command line of the demonstration.
 #include "demo/DemoOptions.h"
 
 #include "session/Data.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The report of a trial, and the comparison of the results file with what was heard.
 #include "demo/DemoTrial.h"
 
 #include <QList>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The demonstration: a whole run in the windows, heard, answered and pictured.
 #include "demo/Demonstration.h"
 
 #include "app/MainWindow.h"

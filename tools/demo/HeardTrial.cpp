@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Which of the recorded sounds of a trial differs.
 #include "demo/HeardTrial.h"
 
 #include "soundlab/RecordedSounds.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A listener who hears a recording and answers by a psychometric function.
 #include "demo/Listener.h"
 
 #include "demo/HeardTrial.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A mouse that presses buttons.
 #include "demo/Mouse.h"
 
 #include "demo/Waiting.h"

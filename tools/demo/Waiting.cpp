@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Waiting while the event loop runs.
 #include "demo/Waiting.h"
 
 #include <QElapsedTimer>

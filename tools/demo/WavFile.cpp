@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// WAV files of 32-bit floats.
 #include "demo/WavFile.h"
 
 #include <QDataStream>

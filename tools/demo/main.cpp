@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// quorin-demo from its command line to its exit status.
 #include "demo/Demonstration.h"
 
 #include <QApplication>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Takes the pictures of the user guide from a silent run in the application's windows.
 #include "app/MainWindow.h"
 #include "demo/Listener.h"
 #include "drivers/RunDriver.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// When a sample of a recording was played.
 #include "timing/SampleClock.h"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Mean, standard deviation and limits of measured values.
 #include "timing/Summary.h"
 
 #include "statistics/Spread.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Records a sink and the time of each block, in a thread of its own.
 #include "timing/TimedRecorder.h"
 
 #include "soundlab/ChildProcess.h"

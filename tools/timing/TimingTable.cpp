@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The rows of the timing table.
 #include "timing/TimingTable.h"
 
 #include "timing/Summary.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Notes when sounds of a run are started, ended and lit, and answers at once.
 #include "timing/TrialObserver.h"
 
 #include "app/MainWindow.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// quorin-timing: plays trials on a sound server and prints how exactly they came.
 #include "app/MainWindow.h"
 #include "session/Data.h"
 #include "soundlab/PipeWireServer.h"

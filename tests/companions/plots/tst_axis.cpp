@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Ticks, positions and ranges of axes.
 #include "plots/Axis.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"

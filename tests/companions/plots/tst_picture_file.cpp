@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Pictures as PNG, SVG and PDF files, and which files they may replace.
 #include "plots/PictureFile.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"

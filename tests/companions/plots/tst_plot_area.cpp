@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Where values are drawn in a plot.
 #include "plots/PlotArea.h"
 #include "support/QuietTest.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The functions that simulated listeners answer by, at known points.
 #include "psychometrics/PsychometricFunction.h"
 #include "support/QuietTest.h"
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The marks and lines in the pictures of runs and of subjects, read from SVG files.
 #include "SimulatedRun.h"
 #include "plots/PictureFile.h"
 #include "report/LearningPicture.h"

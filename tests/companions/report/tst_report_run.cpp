@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The figures of one run, and runs that cannot be used.
 #include "SimulatedRun.h"
 #include "procedure/Records.h"
 #include "report/Run.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Which files the arguments of quorin-report stand for.
 #include "SimulatedRun.h"
 #include "report/ResultsSearch.h"
 #include "support/QuietTest.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Numbers, tables and comma-separated values of runs, groups and subjects.
 #include "procedure/Records.h"
 #include "report/Conditions.h"
 #include "report/GroupTable.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// quorin-report on files that the windows saved: it tells what they showed.
 #include "SimulatedRun.h"
 #include "drivers/RunDriver.h"
 #include "report/Run.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Results files that are read, and damaged ones that are refused.
 #include "SimulatedRun.h"
 #include "procedure/Records.h"
 #include "report/ResultsReader.h"

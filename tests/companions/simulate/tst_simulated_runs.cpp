@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Simulated runs against the known figures of the staircase.
 #include "companions/simulate/Simulations.h"
 #include "procedure/SilentRun.h"
 #include "simulate/RunStatistics.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Simulated runs that are saved as results files.
 #include "companions/simulate/Simulations.h"
 #include "procedure/SavedRun.h"
 #include "session/OutputFileName.h"
