@@ -79,7 +79,7 @@ QString failure(const QString& path, int error)
     return path + ": cannot be written: " + QString::fromLocal8Bit(std::strerror(error));
 }
 
-// Some file systems know only one of the two ways.
+// Some file systems have no renaming without replacing, others no links.
 bool renameWithoutReplacing(const QByteArray& from, const QByteArray& to)
 {
     return ::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0

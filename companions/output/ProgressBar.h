@@ -14,7 +14,7 @@ public:
     /// Draws the bar over its last state, unless the work has taken less than a second.
     /// @param done of total, 0 to total
     void show(qint64 done, qint64 total, qint64 elapsedMs);
-    /// Wipes the bar out, if it was drawn.
+    /// Erases the bar, if it was drawn.
     void clear();
 
 private:

@@ -10,7 +10,7 @@ namespace {
 // Limits that are themselves multiples of the step count as inside in spite of their rounding.
 constexpr double slack = 1e-9;
 
-// Far enough from the ends of the doubles that room around the values fits in.
+// Leaves room around the values within the range of a double.
 constexpr double largestShown = 1e250;
 
 bool canShow(double value, Axis::Scale scale)

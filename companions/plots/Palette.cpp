@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Plots have few colours and many shades at the edges of their lines: a palette holds what is seen.
+// Reduces an image to a palette: plots have few colours, and shades only at the edges of lines.
 #include "plots/Palette.h"
 
 #include <QHash>

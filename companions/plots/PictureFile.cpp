@@ -35,7 +35,7 @@ bool paint(QPaintDevice& device, qreal scale, const QSize& size, const Drawing& 
     }
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(scale, scale);
-    painter.fillRect(QRect(QPoint(0, 0), size), Qt::white); // an SVG has no paper of its own
+    painter.fillRect(QRect(QPoint(0, 0), size), Qt::white); // an SVG has no background of its own
     draw(painter, size);
     return painter.end();
 }
@@ -113,7 +113,7 @@ QString writePicture(const QString& path, const QSize& size, const Drawing& draw
     if (!nameError.isEmpty()) {
         return nameError;
     }
-    // What may not be replaced need not be drawn.
+    // Nothing is drawn for a file that may not be replaced.
     const OutputFile file {path, OutputFile::Kind::marked, {}, isForced};
     QString obstacle = outputObstacle(file);
     if (!obstacle.isEmpty()) {

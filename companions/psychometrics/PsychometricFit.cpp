@@ -202,7 +202,7 @@ PsychometricFit psychometricFit(
             best = found.minimum < best.minimum ? found : best;
         }
     }
-    // The search's simplex may have shrunk before its time: it goes on from what it found.
+    // The simplex may have shrunk too early: the search begins again from what it found.
     best = searched(search, best.function);
     return {best.function, devianceOf(levels, best.minimum), isAtLimit(search, best)};
 }

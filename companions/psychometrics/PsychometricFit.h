@@ -29,7 +29,8 @@ struct LapseLimits {
 struct PsychometricFit {
     FittedFunction function;
     double deviance; ///< 2 ln of the likelihood ratio to each level's own share
-    /// Whether m or s might as well lie at the limits of the search: the answers do not hold them.
+    /// Whether m or s might as well lie at the limits of the search: the answers do not determine
+    /// them.
     bool isAtLimit;
 };
 

@@ -89,6 +89,6 @@ double nextFraction(std::mt19937_64& generator)
 
 double nextNormal(std::mt19937_64& generator)
 {
-    constexpr double halfAStep = 0x1p-54; // keeps 0 out, which has no such number
+    constexpr double halfAStep = 0x1p-54; // keeps 0 out, whose quantile is infinite
     return gsl_cdf_ugaussian_Pinv(nextFraction(generator) + halfAStep);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Runs that belong together, and what they tell in common.
+// Runs that belong together, and the figures of their thresholds.
 #include "report/Conditions.h"
 
 #include "report/Units.h"

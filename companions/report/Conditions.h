@@ -11,12 +11,12 @@
 /// subject stands alone; such runs come last, by path.
 QVector<QVector<int>> byCondition(const QVector<Run>& runs);
 
-/// What several runs of one main parameter tell of their common threshold.
+/// The threshold of several runs of one main parameter, with its precision.
 struct ThresholdEstimate {
     MeanEstimate inUnit; ///< of the thresholds in % or Hz
     MeanEstimate inDb; ///< of their levels in dB
     double geometricMean = 0.0; ///< in % or Hz, and the limits of its 95 % interval:
-    double low = 0.0; ///< t interval of the levels, turned back; NaN for a single run
+    double low = 0.0; ///< t interval of the levels, as values; NaN for a single run
     double high = 0.0;
 };
 

@@ -4,7 +4,7 @@
 #include "report/SubjectFits.h"
 
 /// The fits as a table to read: a line that tells what was fitted, the headings, two rows a fit,
-/// the second with the 95 % intervals. A mark tells the fits that the answers do not hold.
+/// the second with the 95 % intervals. Fits that the answers do not determine are marked.
 QString fitTable(const QVector<SubjectFit>& fits, const FitOptions& options);
 
 /// The fits as comma-separated values with a line of headings.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A report as one page to keep and to send.
+// The page of --html: a whole report in one file.
 #include "report/HtmlPage.h"
 
 #include "output/OutputFile.h"
@@ -27,7 +27,7 @@ struct PageFigure {
 constexpr QSize figureSize(440, 400);
 constexpr QSize curveSize(440, 300);
 
-// Pictures are drawn in fixed colours; those of paper, ink and grid follow the page.
+// Pictures are drawn in fixed colours; background, text and grid take the colours of the page.
 constexpr auto style = R"(
 :root { color-scheme: light dark; --paper: #fff; --ink: #1a1a1a; --faint: #666; --line: #ddd;
   --card: #fff; --blue: #1f77b4; --green: #228844; --red: #cc3322; }

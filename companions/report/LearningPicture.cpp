@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How a subject's thresholds go over sessions or days.
+// The picture of a subject's thresholds over sessions or days.
 #include "report/LearningPicture.h"
 
 #include "plots/PlotArea.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Complaints, notes and progress on standard error.
+// Errors, notes and progress on standard error.
 #include "report/Messages.h"
 
 #include "report/Texts.h"

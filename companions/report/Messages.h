@@ -16,13 +16,13 @@ public:
 
     /// Something is wrong: the program's status will say so.
     void complain(const QString& what);
-    /// Something is worth a word, but not wrong.
+    /// Something that a user should know but that is not wrong.
     void note(const QString& what);
     /// Begins work whose progress may be shown.
     void begin();
     /// @param done of total parts
     void progress(int done, int total);
-    /// Wipes the progress out.
+    /// Erases the progress.
     void end();
 
     /// Whether there was no complaint.

@@ -67,7 +67,7 @@ bool Report::make()
     return m_messages.isGood();
 }
 
-// What cannot be written is said before long reading, and the rest is done nevertheless.
+// Reading may take long: files that cannot be written are reported before it. The rest is done.
 void Report::checkOutputs()
 {
     checkTable(m_options.csvPath, firstLine(runCsv({})));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Results files, field by field; what an editor or a spreadsheet did to one is told by its cause.
+// Reads results files field by field; where an editor or a spreadsheet changed one, the message
+// names the cause.
 #include "report/ResultsReader.h"
 
 #include "procedure/ResultsFormat.h"
@@ -120,7 +121,7 @@ QString changeOfHeader(const QByteArray& line)
     return "not a results file: the first line is no header of one";
 }
 
-// What stands in a damaged field may be anything: a few characters of it will do.
+// A damaged field may hold anything: a few characters of it are shown.
 QString quoted(const QByteArray& field)
 {
     constexpr int mostCharacters = 30;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The files that the command line's arguments stand for, and a word on each that is left out.
+// The files that the command line's arguments stand for, and a note on each that is left out.
 #include "report/ResultsSearch.h"
 
 #include <QFile>

@@ -67,7 +67,7 @@ QString unitOf(const Data& data);
 /// The subject's code; "unknown" for a file whose name does not tell it.
 QString subjectOf(const Run& run);
 
-/// The same, with the file's name for an unknown subject: nobody knows whether two of them are one.
+/// The same, with the file's name for an unknown subject: two of them may be different people.
 QString subjectLabel(const Run& run);
 
 /// Session type and number as in the file's name, such as test001; "unknown" when the name does not

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a reader should know before a threshold is believed. Each test and its limit is in the
-// manual page.
+// The flags of runs whose thresholds should be doubted. Each test and its limit is in the manual
+// page.
 #include "report/RunFlags.h"
 
 #include "procedure/StaircaseRule.h"
@@ -16,7 +16,7 @@ namespace {
 
 constexpr double chance = 0.5;
 constexpr double levelOfGuessing = 0.05;
-constexpr double levelOfRuns = 0.01; // every run is tested: few of many should fail by chance
+constexpr double levelOfRuns = 0.01; // every run is tested: few of many should be flagged by chance
 constexpr double levelOfStrangers = 0.05; // divided by the number of runs that are compared
 
 QString rounded(double number)

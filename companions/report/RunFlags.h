@@ -6,8 +6,8 @@
 #include <QString>
 #include <QVector>
 
-/// Gives each run the flags that it earns by itself and among the other runs of its subject and
-/// condition, in the place of those that it has.
+/// Replaces the flags of each run: those of its own trials, and those that follow from a comparison
+/// with the other runs of its subject and condition.
 void flagRuns(QVector<Run>& runs);
 
 /// The names of a run's flags, parted by "; ".

@@ -43,7 +43,7 @@ bool isWhole(const Decibels& decibels)
     return !std::isnan(sum);
 }
 
-// The seeds of both conditions and of the listeners' own thresholds are unlike.
+// The seeds of both conditions and of the listeners' own thresholds differ.
 Listeners simulatedListeners(
     const Simulation& simulation, const Comparison& comparison, const ShareDone& shareDone)
 {
@@ -104,7 +104,7 @@ Detection detection(
     constexpr double shareOfListeners = 0.45; // of the time, about
     const Listeners listeners = simulatedListeners(
         simulation, comparison, [&](double share) { shareDone(share * shareOfListeners); });
-    // All runs of listeners with one threshold: what a single listener's runs vary by.
+    // Listeners with one threshold: their runs vary as those of a single listener.
     const Listeners alike = simulatedListeners(simulation, {comparison.ratio, 0.0},
         [&](double share) { shareDone((1.0 + share) * shareOfListeners); });
     Detection result = {{0, 0.0}, {}, 0.0, 0.0};

@@ -14,14 +14,14 @@ struct Comparison {
     double listenerSdDb; ///< SD of the listeners' thresholds, dB; the ratio is the same for all
 };
 
-/// What a study needs that sees the difference, with a number of runs a listener and condition.
+/// What a study needs to show the difference, with a number of runs per listener and condition.
 struct StudySize {
     int nRuns; ///< of each listener in each of the listener's conditions
     SampleSize groups; ///< listeners in each of two groups, one for each condition
     SampleSize pairs; ///< listeners who are each in both conditions
 };
 
-/// How large studies must be that see a difference, and what they cost.
+/// How large studies must be to show a difference, and how many trials they take.
 struct Detection {
     SampleSize runs; ///< runs in each condition, of one listener alone
     QVector<StudySize> studies; ///< for 1, 2, 3, 4, 6 and 8 runs

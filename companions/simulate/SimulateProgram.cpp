@@ -43,7 +43,7 @@ bool SimulateProgram::make()
     return m_isGood;
 }
 
-// What cannot be written is said before long simulations, and the rest is done nevertheless.
+// Simulations may take long: files that cannot be written are reported before. The rest is done.
 void SimulateProgram::checkOutputs()
 {
     const auto check = [this](QString& path, OutputFile::Kind kind, const QString& headings) {
@@ -147,7 +147,7 @@ std::vector<RunOutcome> SimulateProgram::outcomesOf(
         [&](int nDone) { m_bar.show(index * nRuns + nDone, count * nRuns, m_timer.elapsed()); });
 }
 
-// Every hundredth run is told: the bar is not what takes the time.
+// Only every hundredth run is reported, so that the bar takes no time of its own.
 RunsDone SimulateProgram::progressOf(int nRuns)
 {
     constexpr int stride = 100;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The picture of a sweep: what is won by more trials.
+// The picture of a sweep: bias and spread of the thresholds against trials and minutes.
 #include "simulate/SweepPlot.h"
 
 #include "plots/PictureFile.h"
@@ -61,7 +61,7 @@ Axis axisOf(const QString& title, const QVector<Line>& lines, Figure figure)
     return Axis::covering(title, Axis::Scale::linear, values);
 }
 
-// Told apart by the colour-blind, and by dashes without colours.
+// Colours that the colour-blind can tell apart, and dashes for prints without colours.
 QPen penOf(int line)
 {
     static const QVector<QColor> colors {
@@ -128,7 +128,7 @@ void drawPanel(
     }
 }
 
-// What labels and rings tell, and the lines' names, in one row.
+// The key in one row: the meaning of labels and rings, and the names of the lines.
 void drawKey(QPainter& painter, const QRectF& row, const Sweep& sweep, const QVector<Line>& lines)
 {
     constexpr qreal gap = 16;

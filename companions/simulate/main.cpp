@@ -49,7 +49,7 @@ int main(int argc, char* argv[])
     // Names of files are UTF-8 in any locale, as the results files' folders may be.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     drawWithoutDisplay();
-    // Qt takes options of its own out of the command line, and dies of some: it sees none.
+    // Qt takes options of its own from a command line, and some end the program: it gets none.
     int nNames = 1;
     QGuiApplication application(nNames, argv);
     QGuiApplication::setApplicationName("quorin-simulate");

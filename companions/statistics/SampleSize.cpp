@@ -16,7 +16,7 @@ constexpr int nStudies = 2000;
 constexpr double powerNeeded = 0.8;
 constexpr double upperQuantile = 0.975; // of a two-sided test at 5 %
 
-// Share of the simulated studies with n values a group that see the difference.
+// Share of the simulated studies with n values a group whose test is significant.
 using Power = std::function<double(int n)>;
 
 std::vector<double> drawn(const std::vector<double>& pool, int n, std::mt19937_64& generator)
@@ -49,7 +49,7 @@ bool pairsDiffer(const std::vector<double>& differences, double criticalT)
         > criticalT * standardDeviationOf(differences) / std::sqrt(n);
 }
 
-// Doubles n until the power is there, then halves the interval.
+// Doubles n until the power is reached, then halves the interval.
 SampleSize fewest(const Power& power)
 {
     constexpr int least = 2;

@@ -7,7 +7,7 @@
 /// How many values a test needs to see a difference.
 struct SampleSize {
     int n; ///< 0: more than mostSampled would be needed
-    double power; ///< share of the simulated studies with that n in which the test saw it
+    double power; ///< share of the simulated studies with that n whose test is significant
 };
 
 /// The largest n that is tried.
