@@ -19,7 +19,7 @@ build_packages=(
 test_packages=(
     pulseaudio pulseaudio-utils # a sound server without a sound card, and its recorder
     xvfb xauth # a display without a screen
-    openbox xdotool # a window manager for it, and the hands of its user
+    openbox xdotool # a window manager for it, and what presses keys and buttons
 )
 timing_packages=(
     pipewire pipewire-bin pipewire-pulse wireplumber dbus dbus-daemon # the other sound server

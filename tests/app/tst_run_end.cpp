@@ -133,7 +133,7 @@ private slots:
         QVERIFY(window.isEnabled());
         QVERIFY(buttonOf(window, "pushButtonView")->isEnabled());
         QVERIFY(!buttonOf(window, "pushButtonGo")->isEnabled());
-        // The trial goes on unheeded.
+        // The trial goes on although its window is closed.
         QVERIFY(Probe::timerPlay(window)->isActive());
         QCOMPARE(Probe::soundIndex(window), nSounds);
         QCOMPARE(Probe::audioOutput(window), output);

@@ -72,7 +72,7 @@ private slots:
         emit output->stateChanged(QAudio::IdleState);
         QVERIFY(holdsNoSound(trial.window));
         QVERIFY(buffer.isNull());
-        QVERIFY(!output.isNull()); // its signal may still be at work
+        QVERIFY(!output.isNull()); // its signal may still be being handled
         QVERIFY(output->parent() == nullptr);
         const bool wasConnected = disconnect(output, nullptr, &trial.window, nullptr);
         QVERIFY(!wasConnected);

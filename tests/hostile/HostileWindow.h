@@ -9,8 +9,8 @@
 
 #include <functional>
 
-/// A window that is treated badly, and what it then is like when it is treated well. Measures how
-/// long every step keeps the processor.
+/// A window that gets bad input, and its state when it gets good input again. Measures the
+/// processor's time of every step.
 class HostileWindow {
 public:
     /// @param isShown whether the window is shown, so that its charts are painted

@@ -19,7 +19,7 @@ const QVector<PanelField>& panelFields();
 /// as they are when a window opens.
 void typeGoodTexts(MainWindow& window);
 
-/// Something that no field asks for.
+/// A text that no field is meant for.
 struct HostileText {
     const char* name;
     QString text;

@@ -3,8 +3,7 @@
 
 #include <QtGlobal>
 
-// What the running program takes of the machine. The figures that the kernel gives are read from
-// its own account of the process.
+// What this process uses of the machine, as the kernel counts it.
 
 /// The processor's time that the program has had so far, s. Other programs do not add to it.
 double processorSeconds();

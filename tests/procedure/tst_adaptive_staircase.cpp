@@ -145,8 +145,8 @@ private slots:
         QCOMPARE(run.data.cf[deviant], 1000.0);
     }
 
-    // What every station finds: whether the step, the sounds, the spectra and the next trial are
-    // there already.
+    // At each change that is noted, four digits say whether the step, the sound, the spectrum and
+    // the next trial have been made by then.
     void answer_isFollowedByTrendStepSoundsSpectraAndTrial()
     {
         SilentRun run(modulationDepthParameter);

@@ -7,7 +7,7 @@
 
 #include <cmath>
 
-/// What the stimulus builder has to come to, written out plainly.
+/// The sounds that the window must make, from their formulas.
 
 /// A sound sample by sample from its formula.
 /// @param draws     what Qt's generator gives; a noise carrier takes one a sample

@@ -59,7 +59,7 @@ void QuietTest::init()
     m_unexpected.clear();
     m_announced.clear();
     m_tolerated.clear();
-    // How late a sound starts is the machine's affair, not the test's.
+    // How late a sound starts depends on the machine.
     tolerateWarning(QRegularExpression("^Sound late: interval [1-4] of trial \\d+, \\d+ ms$"));
     watch();
 }

@@ -19,7 +19,7 @@ struct SoundPlace {
 };
 Q_DECLARE_TYPEINFO(SoundPlace, Q_PRIMITIVE_TYPE);
 
-/// One trial of a window on a real sound server while something is in the way.
+/// One trial of a window on a real sound server while something disturbs it.
 class DisturbedTrial {
 public:
     static constexpr int soundMs = 600;

@@ -131,7 +131,7 @@ private slots:
         QCOMPARE(Probe::data(run.window).nTrials, 0);
     }
 
-    // An enabled button is not enough: nobody sees it.
+    // An enabled button is not enough: it is hidden.
     void digit_isNoAnswer_whenTheButtonIsHidden()
     {
         ShownRun run;

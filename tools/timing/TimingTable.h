@@ -9,7 +9,7 @@
 #include <QStringList>
 #include <QVector>
 
-/// All that was seen of a run, and what it should have been.
+/// What was observed of a run, and what was planned.
 struct Measurement {
     QVector<SoundMoments> sounds;
     QVector<RecordedSound> recorded; ///< as many as sounds

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What simulated listeners answered by is found again in their answers.
+// Fits recover the functions that simulated listeners answered by.
 #include "companions/simulate/Simulations.h"
 #include "psychometrics/PsychometricFit.h"
 #include "statistics/Spread.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What makes a run be flagged, just so and just not.
+// The flags of runs, on both sides of each limit.
 #include "report/RunFlags.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"

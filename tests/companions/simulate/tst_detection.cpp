@@ -35,7 +35,7 @@ private slots:
         for (int i = 0; i < 6; ++i) {
             QVERIFY(large.studies[i].groups.n < small.studies[i].groups.n);
             QVERIFY(large.studies[i].pairs.n <= small.studies[i].pairs.n);
-            // Who is in both conditions is compared with himself.
+            // In pairs each listener is compared with the same listener.
             QVERIFY(small.studies[i].pairs.n < small.studies[i].groups.n);
         }
         QVERIFY(small.studies[5].pairs.n < small.studies[0].pairs.n);
