@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-//
 // Simulated trials a second on one core: items are trials.
 #include "simulate/Simulation.h"
 

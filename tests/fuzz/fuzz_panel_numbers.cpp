@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-//
 // What is typed into the panel's number fields, one field a line, on its way into the record: every
 // text must read as the number that its characters spell, or as 0, and every count that is made of
 // it must stay within its limits.

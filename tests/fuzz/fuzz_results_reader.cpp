@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-//
 // The reader of results files, given any bytes: what it takes must be, byte for byte, what the
 // application writes for the records that were read, and what it refuses it must place in the file.
 #include "fuzz/Demand.h"

@@ -12,7 +12,7 @@
 inline const QString depthName("A_test001_noise_modulation depth.txt");
 inline const QString differenceName("A_test001_sinusoid_carrier frequency.txt");
 
-/// What the program did.
+/// The exit status and the output of a run of the program.
 struct Outcome {
     int status;
     QString output;
