@@ -87,9 +87,9 @@ MainWindow::MainWindow(QWidget* parent)
     displayTrend();
 }
 
-// Nothing may call back while the members go one by one: connections are cut first, and a sound
-// that still plays goes while the window is whole, since its backend runs the event loop as it
-// goes. The subject windows are children and end with the window.
+// No slot may run while the members are deleted one by one: connections are cut first. Then sounds
+// that still play are deleted, while the window is whole: the sound backends run the event loop in
+// their destructors. The subject windows are children, which the base class deletes last.
 MainWindow::~MainWindow()
 {
     timerPlay->stop();
@@ -148,8 +148,8 @@ void MainWindow::disableAllComponents()
 
 void MainWindow::doNothing() { }
 
-// In front, this window would hide the listener's, which lies inside its rectangle, and swallow its
-// keys. Some window managers raise a window without giving it the keyboard: hence the press.
+// In front of the listener's window, which is smaller, this one would hide it and get its keys.
+// Some window managers raise a window without activating it: then the press of the mouse tells.
 bool MainWindow::event(QEvent* event)
 {
     const bool comesForward
@@ -160,7 +160,7 @@ bool MainWindow::event(QEvent* event)
     return QMainWindow::event(event);
 }
 
-// An open box keeps its place.
+// While a message box or a dialog is open, it stays in front.
 void MainWindow::bringSubjectWindowForward()
 {
     const bool isShown = subjectWindow != nullptr && subjectWindow->isVisible();
@@ -181,7 +181,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     QMainWindow::closeEvent(event);
 }
 
-// A view owns its chart and a chart its series and axes, so each group goes from the inside out.
+// A view owns its chart and a chart its series and axes: each group is deleted from the inside out.
 void MainWindow::deleteCharts()
 {
     for (Chart* pair : {waveCharts, spectrumCharts}) {

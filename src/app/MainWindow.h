@@ -168,8 +168,8 @@ public:
     void displayTrend();
 
 protected:
-    /// While a run has this window disabled, what would put it in front puts the listener's window
-    /// there.
+    /// While a run has this window disabled, activating or pressing it brings the listener's window
+    /// to the front.
     bool event(QEvent* event) override;
     /// Ignores the title bar's close while a run has the window disabled.
     void closeEvent(QCloseEvent* event) override;
@@ -310,7 +310,7 @@ private:
     int windowSelector = 0; ///< 0: no window before the transform; 1: Hann
 
     // --- Charts, made on first display ---
-    Chart waveCharts[2]; ///< of the standard and of the deviant, as the next
+    Chart waveCharts[2]; ///< of the standard and the deviant, like the next
     Chart spectrumCharts[2];
     QtCharts::QLineSeries* trendSeries = nullptr;
     QtCharts::QValueAxis* trendAxisX = nullptr;
@@ -339,7 +339,7 @@ private:
     double heightFraction = 0.9;
     SoundProgress currentProgress; ///< of the sound now playing
     QList<PlayedSound> soundsAside; ///< that still played when the next one started
-    QTimer* timerInterruption = nullptr; ///< looks after interrupted sounds while there are any
+    QTimer* timerInterruption = nullptr; ///< runs while there are interrupted sounds
     QElapsedTimer pacingClock;
     SoundPacing pacing;
     bool waitsForSound = false; ///< a tick passed without a sound: an earlier one has not ended

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The audio format, and a sound from its start to its release: sounds that are put aside because
-// the next one begins, and sounds that ran dry and are brought to their end.
+// The audio format, and a sound from its start to its release. A sound that still plays when the
+// next one starts is put aside; one whose output ran dry is watched until it has ended.
 #include "app/MainWindow.h"
 #include "app/PlaybackBuffer.h"
 #include "app/PlayedSound.h"
@@ -34,10 +34,10 @@ bool hasBeenPlayed(const PlayedSound& sound)
         && (!hadGap || sound.output->bytesFree() >= sound.output->bufferSize());
 }
 
-// An output that reports idleness has nothing to play, which is not always the end: while this
-// thread, the process or the server stood still the sound's rest may not have reached the server,
-// or have reached it too late. A report that is older than the output's own state counts only if
-// the output did run dry.
+// An idle output has nothing to play, which is not always the end of the sound: while this thread,
+// the process or the server stood still, the rest of it may have reached the server too late, or
+// not yet. Where the output has become active again since its report, the report counts only if the
+// output ran dry.
 bool isInterrupted(const PlayedSound& sound)
 {
     const bool isReport = sound.output->state() == QAudio::IdleState || hasRunDry(sound.buffer);
@@ -48,7 +48,7 @@ bool isInterrupted(const PlayedSound& sound)
 bool looksEnded(PlayedSound& sound)
 {
     constexpr int looksUntilStill = 5;
-    constexpr int mostResumptions = 3; // a queue that moves for none of them never will
+    constexpr int mostResumptions = 3; // after as many without effect the queue is given up
     // At the next look only: if the server was lost meanwhile, the output has been stopped by then.
     if (sound.output->state() == QAudio::SuspendedState) {
         sound.output->resume();
@@ -196,8 +196,8 @@ void MainWindow::noteInterruption(SoundProgress& progress)
     timerInterruption->start(lookEveryMs);
 }
 
-// The end of a sound that ran dry is not always reported: an output that was idle already says
-// nothing, and a server does not begin to play less than it wants in its queue.
+// The end of a sound that ran dry is not always reported: an output that was idle already reports
+// nothing more, and a server does not begin to play a queue that is shorter than its minimum.
 void MainWindow::lookAfterInterruptedSounds()
 {
     if (currentProgress.isInterrupted && audioOutput != nullptr) {
@@ -242,7 +242,7 @@ bool MainWindow::plays(const PlayedSound& sound)
         && !sound.bytes->isEmpty();
 }
 
-// Of the trial under way, that is: sounds of a trial that was left hold nothing up.
+// Sounds of an abandoned trial do not count: no trial waits for them.
 bool MainWindow::isUnfinished(const PlayedSound& sound)
 {
     return sound.progress.interval > 0 && plays(sound);
@@ -252,7 +252,7 @@ bool MainWindow::isUnfinished(const PlayedSound& sound)
 // own end. One that has stopped, or has nothing to play, would never report an end.
 void MainWindow::putCurrentSoundAside()
 {
-    constexpr int mostSoundsAside = 8; // should reports stay away, streams must not pile up
+    constexpr int mostSoundsAside = 8; // streams must not pile up when no end is reported
     const PlayedSound sound = takeCurrentSound();
     if (!plays(sound)) {
         release(sound);
@@ -297,7 +297,7 @@ void MainWindow::endSoundAside(int index)
     }
 }
 
-// The sounds of a trial that was left play on, but no trial waits for them or ends with them.
+// The sounds of an abandoned trial play on, but no trial waits for them or ends with them.
 void MainWindow::forgetTrialOfSounds()
 {
     currentProgress.interval = 0;
@@ -306,9 +306,9 @@ void MainWindow::forgetTrialOfSounds()
     }
 }
 
-// The output may be the one whose signal is being handled, so it goes later; without a parent,
-// which could go first: the sound backends run the event loop in their destructors, and the
-// deletion that waits there would meet the output half deleted.
+// The output may be the one whose signal is being handled, so it is deleted later. It must have no
+// parent then: a parent that is deleted before would delete it, its backend's destructor would run
+// the event loop, and the pending deletion would delete it a second time.
 void MainWindow::release(const PlayedSound& sound)
 {
     silence(sound);

@@ -55,7 +55,7 @@ void MainWindow::on_pushButtonGo_clicked()
     setPlaybackRate();
 
     if (subjectWindow != nullptr) {
-        subjectWindow->giveUpPicture(); // it lives on, hidden, as long as this window
+        subjectWindow->giveUpPicture(); // it stays a hidden child of this window
     }
     const QList<SubjectWindow*> earlierWindows = findChildren<SubjectWindow*>();
     subjectWindow = new SubjectWindow(this);
@@ -67,7 +67,7 @@ void MainWindow::on_pushButtonGo_clicked()
         disconnect(this, nullptr, earlier, nullptr);
         connectToListener(earlier);
     }
-    subjectWindow->setEnabled(true); // whatever a disabled parent may have made of it
+    subjectWindow->setEnabled(true); // its parent is disabled, which may disable it too
     subjectWindow->show();
 }
 
@@ -123,15 +123,15 @@ void MainWindow::genRandomSequence()
     stimSequence = trialSequence(nSoundsPerTrial, data.deviantPosition);
 }
 
-// A tick after the fourth sound plays nothing, but counts on: the trial then ends when the report
-// of the fourth sound's end arrives, and until then the timer goes on.
+// A tick after the fourth sound is counted and plays an empty sound. The trial ends, and the timer
+// stops, when the end of the fourth sound is reported.
 void MainWindow::playOneSound()
 {
     const bool isSound = soundIndex < nSoundsPerTrial;
     const bool isPaced = sender() == timerPlay && isSound;
     const double tickMs = pacingTimeMs();
     if (isPaced && !isPeriodMoved && timerPlay->interval() != pacing.periodMs()) {
-        pacing.begin(tickMs - timerPlay->interval(), timerPlay->interval()); // set by another
+        pacing.begin(tickMs - timerPlay->interval(), timerPlay->interval()); // set from outside
     }
     const SoundPacing pacingBefore = pacing;
     if (isPaced && mustWaitForSound(tickMs)) {
@@ -222,9 +222,9 @@ void MainWindow::noteLateSound(double ms)
     qWarning("Sound late: interval %d of trial %d, %d ms", soundIndex, data.nTrials, latenessMs);
 }
 
-// Sounds must not overlap because one was held up: an interrupted one is waited for, one that has
-// not been handed over whole when it should have ended, and when the tick is late, any that has not
-// ended. The end of the sound sets the timer again; should it stay away, the trial goes on.
+// A sound must not overlap one that was delayed. It waits for a sound that was interrupted; when
+// the tick is late, or the current sound has not been handed over in time, for any that has not
+// ended. The end of that sound starts the timer again. Without a report of it the trial goes on.
 bool MainWindow::mustWaitForSound(double tickMs)
 {
     constexpr double patienceMs = 5000.0;

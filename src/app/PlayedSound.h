@@ -7,13 +7,13 @@
 class QAudioOutput;
 class QBuffer;
 
-/// How far a sound has come.
+/// What is known of a sound that was started.
 struct SoundProgress {
     int interval = 0; ///< 1 to 4 in the trial under way; 0: that of no trial
     bool isInterrupted = false;
     bool isLate = false;
-    int bytesFree = -1; ///< in the output's queue, when an interrupted sound was looked at
-    int nLooksStill = 0; ///< looks at which the queue had not moved
+    int bytesFree = -1; ///< in the output's queue, at the last look at an interrupted sound
+    int nLooksStill = 0; ///< looks in a row at which the queue had not moved
     int nResumptions = 0;
 };
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Which intervals of a trial hold the deviant, and how long its timer waits.
 #include "app/TrialSequence.h"
 
 #include "session/Counts.h"

@@ -19,7 +19,7 @@ namespace {
 QChart* makeChart(const ChartLine& line, const ChartSettings& settings)
 {
     auto* const chart = new QChart;
-    // While the chart is empty: each of the two has it laid out at once.
+    // Set while the chart is empty: each of the two lays out all that is in it.
     chart->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
     chart->setMinimumWidth(settings.leastWidth);
     chart->addSeries(line.series);
@@ -60,9 +60,8 @@ QVector<double> axisRange(const QValueAxis* axis)
     return {axis->min(), axis->max()};
 }
 
-// With the points in place, each new range would have the line built anew: the axes move under an
-// empty series. Where a range has no length Qt Charts builds no line, so that the points must come
-// first, while the old ranges hold.
+// Qt Charts builds a line anew for every new range: ranges are set while the series is empty. For a
+// range without length it builds no line: then the points are set first, under the old ranges.
 void refreshChart(const ChartLine& line, const QVector<QPointF>& points,
     const QVector<double>& rangeX, const QVector<double>& rangeY)
 {
@@ -86,8 +85,8 @@ void completeChart(const ChartLine& line, QChart*& chart, QChartView*& view,
         view->setRenderHint(QPainter::Antialiasing);
         view->setAccessibleName(settings.title);
         view->setFocusPolicy(Qt::NoFocus); // no key does anything here
-        // A refresh changes nearly every item: keeping account of their regions costs more than it
-        // saves, and leaves out the rim of a point that stands alone.
+        // A refresh changes nearly every item: repainting only what has changed takes longer and
+        // leaves out the rim of a point that stands alone.
         view->setViewportUpdateMode(QGraphicsView::FullViewportUpdate);
         grid->addWidget(view, settings.row, settings.column, 1, settings.columnSpan);
     }

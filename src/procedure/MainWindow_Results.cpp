@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The end of a run: its results, the save dialog and the results file.
 #include "app/MainWindow.h"
 #include "procedure/ResultsFormat.h"
 #include "procedure/RunResults.h"
@@ -40,8 +41,8 @@ void MainWindow::computeResults()
     computeRunResults(data);
 }
 
-// The record keeps the whole chosen path as its folder, and a missing folder is made under that
-// very name: a path in a missing folder thus becomes a folder itself, and the warning follows.
+// The record's folder becomes the whole chosen path. Where the folder of that path is missing, a
+// folder is made at the path itself: no file can be written there, and the warning follows.
 void MainWindow::writeDataToTxt()
 {
     QString filter("Text files (*.txt)");

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The trend, the judgement of a trial, and the steps of the deviant.
 #include "app/MainWindow.h"
 #include "procedure/StaircaseRule.h"
 #include "session/AdaptedParameter.h"
@@ -26,7 +27,8 @@ void MainWindow::updateTrend()
     }
 }
 
-// One point alone leaves the axis as it was; from the second on the range only ever widens.
+// One point alone leaves the axis as it was. From the first value that differs from it on, the axis
+// shows the smallest to the largest value so far.
 void MainWindow::widenTrend()
 {
     if (trendY.isEmpty()) {

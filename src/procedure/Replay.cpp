@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A saved run taken through the staircase's rule again. Saved values are rounded, so the true one
-// is followed as the interval that it must lie in; whatever leaves no such interval departs.
+// is followed as the interval that it must lie in. A value outside departs from the rule.
 #include "procedure/Replay.h"
 
 #include "procedure/StaircaseRule.h"

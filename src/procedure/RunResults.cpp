@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The threshold and the mean reaction times of a run.
 #include "procedure/RunResults.h"
 
 #include "session/Data.h"

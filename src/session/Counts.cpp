@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Counts of samples, points and bins, made of numbers of any size.
 #include "session/Counts.h"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// A results file's name, made of the session's choices and read back into them.
 #include "session/OutputFileName.h"
 
 #include "session/Data.h"

@@ -19,7 +19,7 @@ void MainWindow::deriveTransformLengths()
     }
 }
 
-// The window goes onto the sounds themselves, so that what is played is what was analysed.
+// The sounds themselves are multiplied by the window: what is analysed is what is played.
 void MainWindow::genFFT()
 {
     if (windowSelector != 0) {

@@ -23,8 +23,8 @@ constexpr auto lightGreyStyle
 constexpr auto hoverStyle
     = "QPushButton:hover {background-color: rgb(0, 255, 255); border: 1px solid blue;}";
 
-// The style sheets say nothing of the numbers: in the colours of a dark desktop, or in the usual
-// ones of what is disabled, they could not be read.
+// The style sheets leave the colour of the numbers open: in that of a dark desktop, or of disabled
+// buttons, they could not be read.
 QPalette choicePalette()
 {
     const QColor button(240, 240, 240);
@@ -231,8 +231,8 @@ QPushButton* SubjectWindow::buttonOfKey(int key) const
     }
 }
 
-// Not by shortcuts of the buttons: those show the press first and answer 100 ms late. Shift and
-// AltGr are let pass, some keyboards have their digits there.
+// Shortcuts of the buttons would answer 100 ms late, as they show the press first. Shift and AltGr
+// are allowed: some keyboards have their digits there.
 void SubjectWindow::keyPressEvent(QKeyEvent* event)
 {
     QPushButton* const button

@@ -49,8 +49,8 @@ public:
     void centerAndResizeSubjectWindow(bool center, double widthFraction, double heightFraction);
     /// Disables the four interval buttons.
     void disableAllChoiceButtons();
-    /// Gives back what the window system keeps for a hidden window, its picture above all. Does
-    /// nothing while the window is shown; showing it makes all of that anew.
+    /// Frees what Qt and the window system keep for a window on the screen, its image above all.
+    /// Does nothing while the window is shown; showing it again makes all of that anew.
     void giveUpPicture();
 
 protected:
