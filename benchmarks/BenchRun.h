@@ -9,8 +9,8 @@
 
 /// What a benchmark's run is made of; all else stands at its defaults.
 struct RunSettings {
-    int soundType = noiseCarrier;
-    int mainParameter = modulationDepthParameter;
+    int soundType = quorin::noiseCarrier;
+    int mainParameter = quorin::modulationDepthParameter;
     double duration = 600.0; ///< of both sounds, ms
     double rate = 40000.0; ///< Hz
     bool isShown = true; ///< whether the main window is on the screen, as large as that

@@ -9,6 +9,8 @@
 
 #include <benchmark/benchmark.h>
 
+using namespace quorin;
+
 namespace {
 
 constexpr int nFiles = 10000;

@@ -9,6 +9,8 @@
 #include <benchmark/benchmark.h>
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 RunSettings settingsOf(int soundType)

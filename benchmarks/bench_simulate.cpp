@@ -4,6 +4,8 @@
 
 #include <benchmark/benchmark.h>
 
+using namespace quorin;
+
 namespace {
 
 void simulate(benchmark::State& state, const PsychometricFunction& listener, int mainParameter)

@@ -5,6 +5,8 @@
 #include <benchmark/benchmark.h>
 #include <string>
 
+using namespace quorin;
+
 namespace {
 
 struct Case {

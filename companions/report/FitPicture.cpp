@@ -14,6 +14,8 @@
 #include <cmath>
 #include <map>
 
+using namespace quorin;
+
 namespace {
 
 constexpr qreal lineWidth = 1.75;

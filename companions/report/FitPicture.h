@@ -7,7 +7,11 @@
 
 class QPainter;
 
+namespace quorin {
+
 constexpr QSize fitPictureSize(900, 560);
+
+} // namespace quorin
 
 /// The name of a fit's picture, without a suffix: subject and condition.
 QString fitName(const SubjectFit& fit);

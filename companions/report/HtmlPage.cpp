@@ -16,6 +16,8 @@
 #include <QCoreApplication>
 #include <QPainter>
 
+using namespace quorin;
+
 namespace {
 
 /// A figure of the page: its title and the element svg.

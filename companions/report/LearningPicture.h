@@ -8,8 +8,12 @@
 
 class QPainter;
 
+namespace quorin {
+
 /// Size of a learning curve's picture, pixels.
 constexpr QSize learningPictureSize(960, 420);
+
+} // namespace quorin
 
 /// What a learning curve goes over.
 enum class CurveAxis {

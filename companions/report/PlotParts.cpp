@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <iterator>
 
+using namespace quorin;
+
 namespace {
 
 constexpr qreal margin = 18;

@@ -17,11 +17,15 @@ class QSize;
 
 // What the pictures of runs and of subjects share.
 
+namespace quorin {
+
 constexpr QColor correctColor(31, 119, 180);
 constexpr QColor wrongColor(204, 51, 34);
 constexpr QColor reversalColor(60, 60, 60);
 constexpr QColor thresholdColor(34, 136, 68);
 constexpr QColor trackColor(170, 170, 170);
+
+} // namespace quorin
 
 /// The picture's title and a line of text under it.
 /// @return what is left below, pixels

@@ -20,6 +20,8 @@
 
 #include <utility>
 
+using namespace quorin;
+
 namespace {
 
 constexpr auto standardOutput = "-";

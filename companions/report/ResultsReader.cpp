@@ -10,6 +10,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 constexpr int longestLine = 4096; // the longest that can be written has some 350 bytes

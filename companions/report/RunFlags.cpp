@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <limits>
 
+using namespace quorin;
+
 namespace {
 
 constexpr double chance = 0.5;

@@ -9,6 +9,8 @@
 
 #include <QPainter>
 
+using namespace quorin;
+
 namespace {
 
 struct Answers {

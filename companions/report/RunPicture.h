@@ -7,8 +7,12 @@
 
 class QPainter;
 
+namespace quorin {
+
 /// Size of a run's picture, pixels.
 constexpr QSize runPictureSize(960, 720);
+
+} // namespace quorin
 
 /// Draws a run with its figures: the adapted value over the trials, correct and wrong answers
 /// marked apart, reversals that the threshold uses ringed and all others boxed, a line at the

@@ -5,6 +5,8 @@
 #include "report/RunFlags.h"
 #include "report/Texts.h"
 
+using namespace quorin;
+
 namespace {
 
 QStringList tableRow(const Run& run)

@@ -7,9 +7,13 @@
 #include <QStringList>
 #include <QVector>
 
+namespace quorin {
+
 /// Columns of text at the left and at the right of runRows.
 constexpr int runRowsLeft = 4;
 constexpr int runRowsLeftAtEnd = 2;
+
+} // namespace quorin
 
 /// The headings and a row a run.
 QVector<QStringList> runRows(const QVector<Run>& runs);

@@ -8,6 +8,8 @@
 
 #include <QPainter>
 
+using namespace quorin;
+
 namespace {
 
 using Points = QVector<QPointF>;

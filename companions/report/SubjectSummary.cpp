@@ -6,6 +6,8 @@
 #include "report/Texts.h"
 #include "statistics/Spread.h"
 
+using namespace quorin;
+
 namespace {
 
 QStringList conditionRow(const QVector<Run>& runs, const QVector<int>& condition)

@@ -18,8 +18,12 @@ struct Subject {
 /// its subject stands alone; such runs come last, by path.
 QVector<Subject> bySubject(const QVector<Run>& runs);
 
+namespace quorin {
+
 /// Columns of text at the left of summaryRows.
 constexpr int summaryLeft = 3;
+
+} // namespace quorin
 
 /// The headings and a row for each condition of a subject.
 QVector<QStringList> summaryRows(const Subject& subject);

@@ -12,6 +12,8 @@
 #include <limits>
 #include <optional>
 
+using namespace quorin;
+
 namespace {
 
 constexpr double secondsPerMinute = 60.0;

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace quorin;
+
 namespace {
 
 constexpr int mostReversals = 10000;

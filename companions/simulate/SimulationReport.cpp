@@ -9,6 +9,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 constexpr int nameWidth = 20;

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 QString exact(double number)

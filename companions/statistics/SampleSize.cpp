@@ -10,6 +10,8 @@
 #include <gsl/gsl_cdf.h>
 #include <random>
 
+using namespace quorin;
+
 namespace {
 
 constexpr int nStudies = 2000;

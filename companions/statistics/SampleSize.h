@@ -10,8 +10,12 @@ struct SampleSize {
     double power; ///< share of the simulated studies with that n whose test is significant
 };
 
+namespace quorin {
+
 /// The largest n that is tried.
 constexpr int mostSampled = 1000;
+
+} // namespace quorin
 
 /// The fewest values a group with which Student's two-sample t test (equal variances, two-sided,
 /// 5 %) sees the difference of two groups in 80 % of 2000 simulated studies, each of which draws

@@ -22,6 +22,8 @@
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
+using namespace quorin;
+
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , labelSesType(named(new QLabel("Session type"), "labelSesType"))

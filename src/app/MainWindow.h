@@ -301,8 +301,8 @@ private:
     Stimulus stimuli[2]; ///< the standard and the deviant
     QVector<double> trendX; ///< zero-based trial indices
     QVector<double> trendY; ///< the deviant's value, % or Hz
-    double trendYMin = emptyTrendMin; ///< limits of the trend's vertical axis
-    double trendYMax = emptyTrendMax;
+    double trendYMin = quorin::emptyTrendMin; ///< limits of the trend's vertical axis
+    double trendYMax = quorin::emptyTrendMax;
     QVector<qint64> fftLength = {1024, 1024}; ///< transform lengths, powers of two
     QVector<double> fftDuration = {0.6, 0.6}; ///< transform lengths, s
     QVector<double> frequencyResolution = {1 / 0.6, 1 / 0.6}; ///< bin spacings, Hz

@@ -19,6 +19,8 @@
 #include <algorithm>
 #include <memory>
 
+using namespace quorin;
+
 namespace {
 
 // A start that takes longer was blocked by the server: PipeWire takes up to 14 ms, PulseAudio 1 ms.

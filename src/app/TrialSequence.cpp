@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <limits>
 
+using namespace quorin;
+
 namespace {
 
 constexpr double msPerSecond = 1000.0;

@@ -16,9 +16,13 @@ struct Stimulus {
     QVector<double> amplitudeRange; ///< smallest and largest amplitude of the spectrum
 };
 
+namespace quorin {
+
 /// The limits of the trend's vertical axis while there is nothing to show, % or Hz.
 constexpr double emptyTrendMin = 0.0;
 constexpr double emptyTrendMax = 100.0;
+
+} // namespace quorin
 
 /// The time of sample k in ms, k / fs * 1000.
 double sampleTime(int k, double fs);

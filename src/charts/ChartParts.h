@@ -16,12 +16,16 @@ class QLineSeries;
 class QValueAxis;
 QT_CHARTS_END_NAMESPACE
 
+namespace quorin {
+
 /// Rows of the chart grid; the stimulus charts' columns are the indices of standard and deviant.
 constexpr int waveformRow = 0;
 constexpr int spectrumRow = 1;
 constexpr int trendRow = 2;
 
 constexpr int stimulusChartWidth = 200; ///< least width, pixels
+
+} // namespace quorin
 
 /// A value axis with its title and the two axis fonts.
 QtCharts::QValueAxis* makeAxis(

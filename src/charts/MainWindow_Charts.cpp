@@ -10,6 +10,8 @@
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
+using namespace quorin;
+
 void MainWindow::makeChartFonts()
 {
     constexpr int labelPixels = 10;

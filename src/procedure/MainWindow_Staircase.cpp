@@ -7,6 +7,8 @@
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
+using namespace quorin;
+
 void MainWindow::updateTrend()
 {
     if (!hasCurrentRecord(data)) {

@@ -7,6 +7,8 @@
 
 #include <QTextStream>
 
+using namespace quorin;
+
 namespace {
 
 constexpr char tab = '\t';

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 void storeReversal(Data& data, double value)

@@ -7,6 +7,8 @@
 
 #include <array>
 
+using namespace quorin;
+
 namespace {
 
 constexpr std::array<AdaptedParameter, 2> parameters {{

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace quorin;
+
 int truncatedCount(double value)
 {
     if (std::isnan(value)) {

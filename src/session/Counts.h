@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+namespace quorin {
+
 /// The longest sound in samples: 209 s at 40 kHz. Whatever is typed, memory and time stay bounded.
 constexpr int longestSound = 1 << 23;
 
 /// The most points that a chart plots of a sound; with more the charts stop answering.
 constexpr int mostPlottedPoints = 100000;
+
+} // namespace quorin
 
 /// A double cut toward zero to a count: NaN is 0, values beyond int become its nearest limit.
 int truncatedCount(double value);

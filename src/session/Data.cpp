@@ -7,6 +7,8 @@
 #include "session/OutputFileName.h"
 #include "signal/SampleArithmetic.h"
 
+using namespace quorin;
+
 namespace {
 
 QVector<double> inRadians(const QVector<double>& degrees)

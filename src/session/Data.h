@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QVector>
 
+namespace quorin {
+
 /// Indices into every two-element vector of a trial's stimuli.
 constexpr int standard = 0;
 constexpr int deviant = 1;
@@ -16,6 +18,8 @@ constexpr int sinusoidCarrier = 0;
 constexpr int noiseCarrier = 1;
 constexpr int carrierFrequencyParameter = 0; ///< the deviant's frequency difference is adapted
 constexpr int modulationDepthParameter = 1; ///< the deviant's modulation depth is adapted
+
+} // namespace quorin
 
 /// The one record of an experimental run: the stimuli, the staircase, the answers and the results.
 ///

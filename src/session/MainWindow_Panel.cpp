@@ -14,6 +14,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 // The combo boxes' slots run while the boxes are filled and set: they compose the file name and put
 // the deviant to its starting values. The record's choices are set before the boxes': otherwise
 // noise would meet the carrier frequency for a moment, and the warning of this conflict would open.

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace quorin;
+
 // During a run the standard is left as the last View made it; only its level follows the deviant's.
 void MainWindow::genWav()
 {

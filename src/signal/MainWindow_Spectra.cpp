@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace quorin;
+
 void MainWindow::deriveTransformLengths()
 {
     for (const int i : {standard, deviant}) {

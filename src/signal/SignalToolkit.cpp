@@ -11,6 +11,8 @@
 #include <cmath>
 #include <ctime>
 
+using namespace quorin;
+
 namespace {
 
 void warn(const QString& text)

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace quorin;
+
 Spectrum spectrumOf(const QVector<double>& sound, qint64 length, int nSamples)
 {
     const int n = static_cast<int>(length);

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 void fillWithCarrier(QVector<double>& sound, const Data& data, int stimulus)

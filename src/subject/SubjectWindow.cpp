@@ -12,6 +12,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+using namespace quorin;
+
 namespace {
 
 constexpr auto darkGreyStyle

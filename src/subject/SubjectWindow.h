@@ -9,9 +9,13 @@ class QGridLayout;
 class QLabel;
 class QPushButton;
 
+namespace quorin {
+
 /// What the two windows tell each other beside the numbers of intervals.
 constexpr int readyResponse = 0; ///< from the listener: start the run
 constexpr int answerState = -1; ///< to the listener: the answer may be given
+
+} // namespace quorin
 
 /// The listener's window: four interval buttons that light up while the sounds of a trial play, of
 /// which "2" and "3" take the answer; "I am ready" before the run and the result with "Done" after

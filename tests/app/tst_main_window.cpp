@@ -9,6 +9,8 @@
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
+using namespace quorin;
+
 namespace {
 
 // Which of the window, View and Go can be used.

@@ -16,6 +16,8 @@
 
 #include <memory>
 
+using namespace quorin;
+
 namespace {
 
 // The platform's window gets what the title bar's button sends.

@@ -19,6 +19,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 // A run that ends with its second answer: the first right, the second wrong.

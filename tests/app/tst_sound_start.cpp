@@ -10,6 +10,8 @@
 
 #include <cstring>
 
+using namespace quorin;
+
 namespace {
 
 QByteArray floats(const QVector<double>& samples)

@@ -15,6 +15,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 constexpr int hourAndSound = 3600600; // period of a driven run, ms

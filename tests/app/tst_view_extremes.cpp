@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 bool isFinite(const QVector<double>& sound)

@@ -58,8 +58,9 @@ inline ChartObjects trend(MainWindow& window)
 /// The five charts in the order in which the window deletes them.
 inline QVector<ChartObjects> allCharts(MainWindow& window)
 {
-    return {waveChart(window, standard), waveChart(window, deviant),
-        spectrumChart(window, standard), spectrumChart(window, deviant), trend(window)};
+    return {waveChart(window, quorin::standard), waveChart(window, quorin::deviant),
+        spectrumChart(window, quorin::standard), spectrumChart(window, quorin::deviant),
+        trend(window)};
 }
 
 /// Fails the test unless an axis runs from min to max.

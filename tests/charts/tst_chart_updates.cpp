@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+using namespace quorin;
+
 QT_CHARTS_USE_NAMESPACE
 
 namespace {

@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+using namespace quorin;
+
 namespace {
 
 QVector<double> extremes(QVector<double> values)

@@ -9,6 +9,8 @@
 #include <QScreen>
 #include <QTest>
 
+using namespace quorin;
+
 namespace {
 
 const QString depthTitle("Modulation Depth (%)");

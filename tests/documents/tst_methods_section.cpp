@@ -15,6 +15,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace quorin;
+
 namespace {
 
 constexpr int percent = 100;

@@ -25,6 +25,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 constexpr int percent = 100;

@@ -17,6 +17,8 @@
 #include <limits>
 #include <string>
 
+using namespace quorin;
+
 namespace {
 
 bool areSame(double a, double b)

@@ -11,6 +11,8 @@
 #include <cstddef>
 #include <cstdint>
 
+using namespace quorin;
+
 namespace {
 
 // The lines after the header, all ended by CR LF, and zeros without their sign, which is not read.

@@ -10,6 +10,8 @@
 #include <QComboBox>
 #include <QSet>
 
+using namespace quorin;
+
 const QVector<PanelField>& panelFields()
 {
     static const QVector<PanelField> fields({

@@ -15,6 +15,8 @@
 
 #include <algorithm>
 
+using namespace quorin;
+
 using Numbers = QVector<QPair<QString, QVector<double>>>;
 
 namespace {

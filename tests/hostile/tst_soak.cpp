@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 // Times vary from run to run; everything else of a run is decided by its answers.

@@ -18,8 +18,8 @@ public:
         : data(Probe::data(window))
         , driver(window)
     {
-        if (mainParameter == carrierFrequencyParameter) {
-            comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
+        if (mainParameter == quorin::carrierFrequencyParameter) {
+            comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(quorin::sinusoidCarrier);
             comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(mainParameter);
         }
         type(window, "lineEditStdDuration", "10");

@@ -11,6 +11,8 @@
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
+using namespace quorin;
+
 using Values = QVector<double>;
 
 namespace {

@@ -14,6 +14,8 @@
 #include <limits>
 #include <random>
 
+using namespace quorin;
+
 namespace {
 
 constexpr double carrier = 1234.5;

@@ -14,6 +14,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 constexpr auto unnamedFile = "QFSFileEngine::open: No file name specified";

@@ -11,6 +11,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 constexpr auto differenceHeader

@@ -11,6 +11,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace quorin;
+
 namespace {
 
 constexpr double noCeiling = std::numeric_limits<double>::infinity();

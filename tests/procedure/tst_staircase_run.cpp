@@ -12,6 +12,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 using Values = QVector<double>;
 
 namespace {

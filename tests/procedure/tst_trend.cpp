@@ -11,6 +11,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 using Values = QVector<double>;
 
 namespace {

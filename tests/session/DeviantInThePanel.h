@@ -8,7 +8,7 @@
 inline QVector<double> deviantValues(MainWindow& window)
 {
     const Data& data = MainWindowProbe::data(window);
-    return {data.md[deviant], data.fd[deviant], data.cf[deviant]};
+    return {data.md[quorin::deviant], data.fd[quorin::deviant], data.cf[quorin::deviant]};
 }
 
 /// What the panel shows of them.

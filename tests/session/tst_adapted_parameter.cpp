@@ -9,6 +9,8 @@
 
 #include <QTest>
 
+using namespace quorin;
+
 using Values = QVector<double>;
 
 class TestAdaptedParameter : public QuietTest {

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <type_traits>
 
+using namespace quorin;
+
 static_assert(!std::is_polymorphic_v<Data>);
 static_assert(!std::is_polymorphic_v<Record>);
 

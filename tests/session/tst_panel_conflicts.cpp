@@ -10,6 +10,8 @@
 #include <QComboBox>
 #include <QTest>
 
+using namespace quorin;
+
 namespace {
 
 const QString fromSoundType("The sound type 'noise' is incompatible with the internal parameter "

@@ -14,6 +14,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 struct Reading {

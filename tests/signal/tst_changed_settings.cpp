@@ -11,6 +11,8 @@
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
+using namespace quorin;
+
 class TestChangedSettings : public WindowTest {
     Q_OBJECT
 

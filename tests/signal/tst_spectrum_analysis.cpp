@@ -17,6 +17,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 QVector<double> multiples(double step, int first, int last)

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 constexpr double pi = 3.141592653589793;

@@ -12,6 +12,8 @@
 #include <QLineEdit>
 #include <QTest>
 
+using namespace quorin;
+
 namespace {
 
 constexpr int drawsOfTwoSounds = 48000;

@@ -8,6 +8,8 @@
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
+using namespace quorin;
+
 namespace {
 
 QVector<double> ramp(int size, double start, double step)

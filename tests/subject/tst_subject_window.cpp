@@ -12,6 +12,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace quorin;
+
 class TestSubjectWindow : public QuietTest {
     Q_OBJECT
 

@@ -11,6 +11,8 @@
 
 #include <utility>
 
+using namespace quorin;
+
 ScriptedListener::ScriptedListener(MainWindow& window, QString answers)
     : m_window(window)
     , m_answers(std::move(answers))

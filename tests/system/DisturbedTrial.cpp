@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+using namespace quorin;
+
 DisturbedTrial::DisturbedTrial(int silenceMs)
 {
     type(window, "lineEditStdDuration", QString::number(soundMs));

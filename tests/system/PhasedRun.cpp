@@ -16,6 +16,8 @@
 #include <QTimer>
 #include <QtCharts/QLineSeries>
 
+using namespace quorin;
+
 namespace {
 
 // Three reversals, and steps of both sizes.

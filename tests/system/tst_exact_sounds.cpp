@@ -17,6 +17,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+using namespace quorin;
+
 namespace {
 
 constexpr int timeoutMs = 60000;

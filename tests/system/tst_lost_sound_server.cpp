@@ -18,6 +18,8 @@
 #include <memory>
 #include <vector>
 
+using namespace quorin;
+
 namespace {
 
 constexpr int timeoutMs = 60000;

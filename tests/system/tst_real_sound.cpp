@@ -20,6 +20,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 constexpr int runTimeoutMs = 100000;

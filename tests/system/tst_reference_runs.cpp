@@ -21,6 +21,8 @@
 #include <cmath>
 #include <functional>
 
+using namespace quorin;
+
 namespace {
 
 using Listener = std::function<bool(const Data& data)>; // whether the next answer is right

@@ -8,6 +8,8 @@
 #include <QDateTime>
 #include <QDir>
 
+using namespace quorin;
+
 namespace {
 
 void addOptions(QCommandLineParser& parser)

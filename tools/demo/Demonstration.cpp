@@ -22,6 +22,8 @@
 
 #include <algorithm>
 
+using namespace quorin;
+
 namespace {
 
 // A busy machine may start a sound late; much silence keeps it from running into the next one.

@@ -24,6 +24,8 @@
 #include <optional>
 #include <random>
 
+using namespace quorin;
+
 namespace {
 
 // A listener whose answers are the same every time.

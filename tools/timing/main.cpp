@@ -20,6 +20,8 @@
 #include <cmath>
 #include <cstdlib>
 
+using namespace quorin;
+
 namespace {
 
 constexpr int trialTimeoutMs = 10000; // beside its sounds and silences

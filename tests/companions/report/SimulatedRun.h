@@ -20,7 +20,7 @@ inline Data simulatedRun(int mainParameter, unsigned seed, int nReversals = 14)
     std::mt19937 random(seed);
     Data data;
     data.mainParameter = mainParameter;
-    data.cf[standard] = 1234.5;
+    data.cf[quorin::standard] = 1234.5;
     data.nReversals = nReversals;
     resetDeviant(data);
     while (true) {

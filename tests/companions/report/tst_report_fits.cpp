@@ -13,6 +13,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 void addTrials(Run& run, double value, int nTrials, int nCorrect)

@@ -10,6 +10,8 @@
 
 #include <QTest>
 
+using namespace quorin;
+
 class TestReportOutputs : public QuietTest {
     Q_OBJECT
 

@@ -16,6 +16,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace quorin;
+
 namespace {
 
 constexpr double ringRadius = 6;

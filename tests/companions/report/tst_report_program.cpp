@@ -8,6 +8,8 @@
 
 #include <QTest>
 
+using namespace quorin;
+
 class TestReportProgram : public QuietTest {
     Q_OBJECT
 

@@ -15,6 +15,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 // A run of a subject whose four values are the threshold and the figures next to it.

@@ -20,6 +20,8 @@
 
 #include <functional>
 
+using namespace quorin;
+
 using Listener = std::function<bool(const Data& data)>; // whether the next answer is right
 
 Q_DECLARE_METATYPE(Listener)

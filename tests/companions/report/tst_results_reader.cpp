@@ -11,6 +11,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace quorin;
+
 namespace {
 
 const QByteArray header("modulation depth (%)\tstimulus position\tresponse position\tcorrectness\t"

@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+using namespace quorin;
+
 namespace {
 
 // Gives the trials values that rise by their full step after wrong answers.

@@ -7,7 +7,7 @@ constexpr double depthThreshold = 0.056234; // -25 dB
 
 /// The defaults with a listener.
 inline Simulation simulationOf(
-    const PsychometricFunction& listener, int mainParameter = modulationDepthParameter)
+    const PsychometricFunction& listener, int mainParameter = quorin::modulationDepthParameter)
 {
     Simulation simulation = defaultSimulation(mainParameter);
     simulation.listener = listener;

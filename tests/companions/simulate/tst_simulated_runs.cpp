@@ -10,6 +10,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 Q_DECLARE_METATYPE(PsychometricFunction)
 Q_DECLARE_METATYPE(Simulation)
 

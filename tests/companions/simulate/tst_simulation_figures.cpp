@@ -12,6 +12,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();

@@ -11,6 +11,8 @@
 
 #include <cmath>
 
+using namespace quorin;
+
 Q_DECLARE_METATYPE(Simulation)
 
 namespace {
