@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPixmap>
 #include <QScreen>
+#include <QTest>
 #include <QWidget>
 
 namespace {
@@ -50,14 +51,17 @@ bool ManagedScreen::click(const QPoint& place)
     return use(QStringList("mousemove") + coordinates(place) + QStringList({"click", "1"}));
 }
 
-bool ManagedScreen::hold(const QPoint& place)
+bool ManagedScreen::clickOurs(const QPoint& place)
 {
-    return use(QStringList("mousemove") + coordinates(place) + QStringList({"mousedown", "1"}));
-}
-
-bool ManagedScreen::letGo()
-{
-    return use({"mouseup", "1"});
+    const auto holds = [](Qt::MouseButtons buttons) {
+        return QTest::qWaitFor(
+            [=] { return QGuiApplication::mouseButtons() == buttons; }, patienceMs);
+    };
+    const bool isDone
+        = use(QStringList("mousemove") + coordinates(place) + QStringList({"mousedown", "1"}))
+        && holds(Qt::LeftButton) && use({"mouseup", "1"}) && holds(Qt::NoButton);
+    settle();
+    return isDone;
 }
 
 bool ManagedScreen::press(const QString& keys)
@@ -73,11 +77,6 @@ bool ManagedScreen::type(const QString& text)
 bool ManagedScreen::minimise(const QWidget& window)
 {
     return use({"windowminimize", QString::number(window.winId())});
-}
-
-bool ManagedScreen::hasKeyboard(const QWidget& window)
-{
-    return QApplication::activeWindow() == &window && keyboardWindow() == window.winId();
 }
 
 quintptr ManagedScreen::keyboardWindow()
@@ -105,6 +104,25 @@ bool ManagedScreen::isInFront(QWidget& window)
 QColor ManagedScreen::colourAt(const QPoint& place)
 {
     return shown(QRect(place, QSize(1, 1))).pixelColor(0, 0);
+}
+
+bool ManagedScreen::becomesUsable(QWidget& window)
+{
+    return QTest::qWaitFor([&] { return hasKeyboard(window) && isInFront(window); }, patienceMs);
+}
+
+// What has reached the window manager before it is asked is here when it has answered.
+void ManagedScreen::settle()
+{
+    for (int i = 0; i < 2; ++i) {
+        keyboardWindow();
+        QCoreApplication::processEvents();
+    }
+}
+
+bool ManagedScreen::hasKeyboard(const QWidget& window)
+{
+    return QApplication::activeWindow() == &window && keyboardWindow() == window.winId();
 }
 
 bool ManagedScreen::failed(ChildProcess& process)

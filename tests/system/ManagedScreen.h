@@ -24,27 +24,29 @@ public:
     // Whatever the user does. False when it could not be done.
     /// Moves the mouse and presses its left button once.
     bool click(const QPoint& place);
-    /// Moves the mouse, presses its left button and holds it.
-    bool hold(const QPoint& place);
-    /// Lets go of the left button.
-    bool letGo();
+    /// The same on a window of this process; returns when the window manager has met the click and
+    /// Qt knows of it, even if a box keeps it from the window.
+    bool clickOurs(const QPoint& place);
     /// Presses and releases a key or a combination of keys, as in "Return" or "alt+F4".
     bool press(const QString& keys);
     /// Types letters, digits and the like one after the other.
     bool type(const QString& text);
-    /// Minimises the window that has the keyboard.
+    /// Minimises a window.
     bool minimise(const QWidget& window);
 
-    /// Whether the window manager gives the keyboard to a window, and the window knows.
-    bool hasKeyboard(const QWidget& window);
     /// Which window has the keyboard, as the window manager says; 0 for none.
     quintptr keyboardWindow();
     /// Whether the screen shows a window whole: nothing is in front of it.
     static bool isInFront(QWidget& window);
     /// The colour that the screen shows at a place.
     static QColor colourAt(const QPoint& place);
+    /// Waits until a window is in front and has the keyboard. False when that does not come.
+    bool becomesUsable(QWidget& window);
+    /// Handles the events that are on their way.
+    void settle();
 
 private:
+    bool hasKeyboard(const QWidget& window);
     bool failed(ChildProcess& process);
     bool use(const QStringList& arguments, QString* output = nullptr);
 

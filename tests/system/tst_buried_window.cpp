@@ -2,6 +2,7 @@
 // The listener's window on a screen with a window manager, behind the main window and in front of
 // it again: real clicks, real keys, and a window of another program.
 #include "drivers/RunDriver.h"
+#include "support/EventCounter.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/TestProgram.h"
@@ -19,29 +20,6 @@
 #include <functional>
 
 namespace {
-
-// Counts what a window and its widgets are told while it lives.
-class EventCounter : public QObject {
-public:
-    explicit EventCounter(QObject* watched)
-        : QObject(watched)
-    {
-        watched->installEventFilter(this);
-    }
-
-    int all() const { return m_types.size(); }
-    int count(QEvent::Type type) const { return m_types.count(type); }
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        m_types.append(event->type());
-        return QObject::eventFilter(watched, event);
-    }
-
-private:
-    QVector<QEvent::Type> m_types;
-};
 
 // A place of the main window that the listener's window does not cover.
 QPoint besidesTheListener(const MainWindow& window)
@@ -70,43 +48,8 @@ private:
     int nTrials() { return Probe::data(*m_window).nTrials; }
     int nAnswers() { return Probe::data(*m_window).records.size(); }
 
-    static bool eventually(const std::function<bool()>& condition)
-    {
-        constexpr int patienceMs = 20000;
-        return QTest::qWaitFor(condition, patienceMs);
-    }
-
-    // Qt knows of a press even when a box keeps it from the window: when this returns, the window
-    // manager has met the click.
-    bool clickMainWindow()
-    {
-        return m_screen.hold(besidesTheListener(*m_window))
-            && eventually([] { return QGuiApplication::mouseButtons() == Qt::LeftButton; })
-            && m_screen.letGo()
-            && eventually([] { return QGuiApplication::mouseButtons() == Qt::NoButton; })
-            && settle();
-    }
-
-    // What a listener needs: to see the window and to have the keyboard.
-    bool isUsable(QWidget& window)
-    {
-        return m_screen.hasKeyboard(window) && ManagedScreen::isInFront(window);
-    }
-
-    bool becomesUsable(QWidget& window)
-    {
-        return eventually([&] { return isUsable(window); });
-    }
-
-    // The events that are on their way when this begins are there when it ends.
-    bool settle()
-    {
-        m_screen.keyboardWindow();
-        QCoreApplication::processEvents();
-        m_screen.keyboardWindow();
-        QCoreApplication::processEvents();
-        return true;
-    }
+    bool clickMainWindow() { return m_screen.clickOurs(besidesTheListener(*m_window)); }
+    bool becomesUsable(QWidget& window) { return m_screen.becomesUsable(window); }
 
     void openRun()
     {
@@ -132,7 +75,7 @@ private slots:
         m_window = new MainWindow;
         m_driver = new RunDriver(*m_window);
         m_window->show();
-        QVERIFY(eventually([&] { return m_screen.hasKeyboard(*m_window); }));
+        QVERIFY(becomesUsable(*m_window));
     }
 
     void cleanup() override
@@ -203,15 +146,16 @@ private slots:
     void activation_endsWithTheListenersWindow()
     {
         openRun();
-        settle();
+        m_screen.settle();
         const EventCounter ofMain(m_window);
         const EventCounter ofSubject(&subject());
         QVERIFY(clickMainWindow());
         QTRY_COMPARE(ofSubject.count(QEvent::WindowActivate), 1);
         QVERIFY(becomesUsable(subject()));
-        settle();
+        m_screen.settle();
         QCOMPARE(ofMain.count(QEvent::WindowActivate), 1);
         QCOMPARE(ofSubject.count(QEvent::WindowActivate), 1);
+        QVERIFY(ofSubject.wasRaised());
     }
 
     void currentWindowAlone_isBack_afterTwentyRuns()
@@ -225,14 +169,15 @@ private slots:
             QVERIFY(subject().close());
         }
         openRun();
-        settle();
+        m_screen.settle();
         QVector<EventCounter*> counters;
         for (SubjectWindow* const window : earlier) {
             counters.append(new EventCounter(window));
         }
         QVERIFY(clickMainWindow());
         QVERIFY(becomesUsable(subject()));
-        settle();
+        QVERIFY(m_screen.press("Return"));
+        QTRY_COMPARE(nTrials(), 1);
         for (int run = 0; run < nEarlier; ++run) {
             QVERIFY(earlier[run] != &subject());
             QVERIFY(!earlier[run]->isVisible());
@@ -245,13 +190,23 @@ private slots:
         openRun();
         ModalBoxes boxes;
         QVERIFY(subject().close());
-        QVERIFY(eventually([&] { return m_screen.hasKeyboard(*m_window); }));
+        QVERIFY(becomesUsable(*m_window));
+        m_window->disableAllComponents();
         const EventCounter ofSubject(&subject());
         QVERIFY(clickMainWindow());
-        settle();
-        QVERIFY(isUsable(*m_window));
+        QVERIFY(becomesUsable(*m_window));
         QVERIFY(!subject().isVisible());
         QCOMPARE(ofSubject.all(), 0);
+    }
+
+    void mainWindow_staysInFront_whenItIsEnabled()
+    {
+        openRun();
+        m_window->setEnabled(true);
+        const EventCounter ofSubject(&subject());
+        QVERIFY(clickMainWindow());
+        QVERIFY(becomesUsable(*m_window));
+        QVERIFY(!ofSubject.wasRaised());
     }
 
     void confirmation_staysInFront()
@@ -262,11 +217,13 @@ private slots:
         closeByKeys(boxes, [&](QWidget& box) {
             QVERIFY(clickMainWindow());
             QVERIFY(becomesUsable(box));
-            // However the main window is activated: not every window system leaves it to the box.
+            // Other window systems may tell the main window of its activation all the same.
+            const EventCounter ofSubject(&subject());
             QEvent activation(QEvent::WindowActivate);
             QCoreApplication::sendEvent(m_window, &activation);
-            settle();
-            QVERIFY(isUsable(box));
+            m_screen.settle();
+            QVERIFY(becomesUsable(box));
+            QVERIFY(!ofSubject.wasRaised());
         });
         QVERIFY(becomesUsable(subject()));
         QVERIFY(clickMainWindow());
@@ -338,7 +295,7 @@ private slots:
         const quintptr others = m_screen.keyboardWindow();
         const QPoint middle = subject().mapToGlobal(subject().rect().center());
         QTRY_COMPARE(ManagedScreen::colourAt(middle), QColor(Qt::red));
-        settle();
+        m_screen.settle();
         QCOMPARE(m_screen.keyboardWindow(), others);
 
         QVERIFY(clickMainWindow());
@@ -348,7 +305,7 @@ private slots:
 
         QVERIFY(m_screen.click(outside));
         QTRY_COMPARE(m_screen.keyboardWindow(), others);
-        settle();
+        m_screen.settle();
         QCOMPARE(m_screen.keyboardWindow(), others);
         QCOMPARE(ManagedScreen::colourAt(middle), QColor(Qt::red));
     }
