@@ -11,7 +11,7 @@ void transform(benchmark::State& state)
 {
     const Samples x = fftTest::noise(lengthOf(state));
     Samples f(x.size());
-    const FFTReal<double> fft(state.range(0));
+    FFTReal<double> fft(state.range(0));
     for (auto _ : state) {
         fft.do_fft(f.data(), x.data());
         benchmark::DoNotOptimize(f.data());
@@ -42,7 +42,7 @@ void buildAndTransform(benchmark::State& state)
     const Samples x = fftTest::noise(lengthOf(state));
     Samples f(x.size());
     for (auto _ : state) {
-        const FFTReal<double> fft(state.range(0));
+        FFTReal<double> fft(state.range(0));
         fft.do_fft(f.data(), x.data());
         benchmark::DoNotOptimize(f.data());
         benchmark::ClobberMemory();

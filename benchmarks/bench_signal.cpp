@@ -110,7 +110,7 @@ void spectrumParts(benchmark::State& state)
     }
     for (auto _ : state) {
         for (const QVector<double>& block : blocks) {
-            const FFTReal<double> transform(length);
+            FFTReal<double> transform(length);
             transform.do_fft(f.data(), block.constData());
             const double* const real = f.constData();
             const double* const imaginary = real + half;

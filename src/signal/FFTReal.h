@@ -17,8 +17,8 @@ inline bool FFTReal_is_pow2(qint64 x)
 /// Decimation in time: the samples are taken in bit-reversed order and the spectra of short blocks
 /// are combined, four into that of a block four times as long, which is two passes at once. These
 /// steps alternate between the output and a work buffer of the object. An object may transform any
-/// number of blocks, one at a time, as the buffer is its own. Every misuse stops the program with
-/// file, line and text.
+/// number of blocks, one at a time, as its buffer is overwritten. Every misuse stops the program
+/// with file, line and text.
 template <class T> class FFTReal {
 public:
     static constexpr int MAX_BIT_DEPTH = 30; ///< N is at most 2^30
@@ -35,14 +35,14 @@ public:
 
     /// The work buffer; neither the input nor the output of do_fft may be it. It has N elements and
     /// up to a page more, 512 of double, among which the N that are worked in have their place.
-    T* use_buffer() const { return _buffer.data(); }
+    T* use_buffer() { return _buffer.data(); }
 
     /// Unscaled forward transform X[k] = sum of x[n] exp(-2 pi i k n / N). Allocates nothing.
     /// @param f N results: f[k] = Re X[k] for k = 0 ... N/2 and f[N/2 + k] = -Im X[k] for
     ///          k = 1 ... N/2 - 1. No real part is -0 when all samples are zeros of either sign,
     ///          but f[0] = x[0] to the last bit when N is 1
     /// @param x N samples, left as they are; distinct from f
-    void do_fft(T* f, const T* x) const;
+    void do_fft(T* f, const T* x);
 
 private:
     friend struct FFTRealProbe;
@@ -54,7 +54,7 @@ private:
 
     void transformShort(T* f, const T* x) const;
     qint64 displacementRange() const;
-    T* workBlockFor(const T* f) const;
+    T* workBlockFor(const T* f);
     int blockBits() const;
     FFTTwiddles<T> twiddles(int pass) const;
     void addRun(FFTTwiddles<T>& twiddles, int pass) const;

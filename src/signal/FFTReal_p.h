@@ -86,7 +86,7 @@ template <class T> const T* FFTReal<T>::levelCosines(int level) const
     return &_cosines[(qint64(1) << (level - 1)) - 4];
 }
 
-template <class T> void FFTReal<T>::do_fft(T* f, const T* x) const
+template <class T> void FFTReal<T>::do_fft(T* f, const T* x)
 {
     QUORIN_CHECK(f != nullptr, "f != 0");
     QUORIN_CHECK(f != use_buffer(), "f != use_buffer ()");
@@ -135,7 +135,7 @@ template <class T> qint64 FFTReal<T>::displacementRange() const
 
 // A pass reads and writes with strides of large powers of two. With the same address modulo a way
 // of the nearest cache, the output and the work block would drive each other out of it.
-template <class T> T* FFTReal<T>::workBlockFor(const T* f) const
+template <class T> T* FFTReal<T>::workBlockFor(const T* f)
 {
     const auto place = [](const T* p) { return qint64(reinterpret_cast<quintptr>(p) / sizeof(T)); };
     const qint64 range = displacementRange();

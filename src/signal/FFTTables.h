@@ -22,17 +22,21 @@ public:
     }
 
     qint64 size() const { return _len; }
-    T* data() const { return _data.get(); }
+    T* data() { return _data.get(); }
+    const T* data() const { return _data.get(); }
 
     /// @param pos index, 0 to size() - 1; any other stops the program
-    T& operator[](qint64 pos) const
+    T& operator[](qint64 pos) { return _data[checked(pos)]; }
+    const T& operator[](qint64 pos) const { return _data[checked(pos)]; }
+
+private:
+    std::size_t checked(qint64 pos) const
     {
         QUORIN_CHECK(pos >= 0, "pos >= 0");
         QUORIN_CHECK(pos < _len, "pos < _len");
-        return _data[static_cast<std::size_t>(pos)];
+        return static_cast<std::size_t>(pos);
     }
 
-private:
     std::unique_ptr<T[]> _data;
     qint64 _len = 0;
 };

@@ -14,6 +14,7 @@ struct FFTRealProbe {
     {
         return fft._oscillators;
     }
+    static FFTArray<FFTOscillator<double>>& oscillators(Transform& fft) { return fft._oscillators; }
     static const FFTKernel<double>* kernel(const Transform& fft) { return fft._kernel; }
     static void usePlainKernel(Transform& fft) { fft._kernel = &fftKernel<FFTScalarLanes<double>>; }
     static void openBlocks(const Transform& fft, double* df, const double* x)

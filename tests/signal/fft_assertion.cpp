@@ -16,7 +16,7 @@ using Probe = FFTRealProbe;
 
 std::map<std::string, std::function<void()>> checksOfTheInterface(double* f, double* x)
 {
-    static const Transform fft(16);
+    static Transform fft(16);
     return {
         {"x > 0", [] { Transform(0); }},
         {"FFTReal_is_pow2 (length)", [] { Transform(1000); }},

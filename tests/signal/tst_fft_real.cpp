@@ -200,7 +200,7 @@ private slots:
     void output_mayLieAnywhere_besideTheBuffer()
     {
         const std::size_t n = 1024;
-        const FFTReal<double> fft {qint64(n)};
+        FFTReal<double> fft {qint64(n)};
         const Samples x = noise(n);
         const Samples expected = transformed(x);
         for (std::size_t shift = 0; shift < 1024; shift += 31) {
@@ -270,7 +270,7 @@ private slots:
     void object_givesTheSameAgain_afterOtherSamples()
     {
         for (const std::size_t n : {4096U, 32768U}) {
-            const FFTReal<double> fft {qint64(n)};
+            FFTReal<double> fft {qint64(n)};
             const Samples x = noise(n);
             Samples first(n);
             Samples second(n);
@@ -297,7 +297,7 @@ private slots:
             const Samples x = noise(n);
             Samples f(n);
             const int before = allocations;
-            const FFTReal<double> fft {qint64(n)};
+            FFTReal<double> fft {qint64(n)};
             const int built = allocations;
             fft.do_fft(f.data(), x.data());
             QCOMPARE(allocations, built);

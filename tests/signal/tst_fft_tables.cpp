@@ -72,7 +72,7 @@ private slots:
     void oscillator_entersTheSpectrum_from16384SamplesOn()
     {
         for (const std::size_t n : {8192U, 16384U}) {
-            const FFTReal<double> fft {qint64(n)};
+            FFTReal<double> fft {qint64(n)};
             const Samples x = noise(n);
             Samples before(n);
             Samples after(n);
