@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "signal/FFTKernel.h"
-#include "signal/FFTTables.h"
+#include "signal/fft/FFTKernel.h"
+#include "signal/fft/FFTTables.h"
 
 /// @param x positive; any other value stops the program
 /// @return whether x is a power of two
@@ -70,4 +70,4 @@ private:
     const FFTKernel<T>* _kernel = nullptr;
 };
 
-#include "signal/FFTReal_p.h"
+#include "signal/fft/FFTReal_p.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "signal/FFTOpening.h"
 #include "signal/FFTReal.h"
-#include "signal/FFTVectorKernel.h"
+#include "signal/fft/FFTOpening.h"
+#include "signal/fft/FFTVectorKernel.h"
 
 #include <algorithm>
 #include <cmath>

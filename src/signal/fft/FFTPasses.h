@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "signal/FFTTwiddle.h"
+#include "signal/fft/FFTTwiddle.h"
 
 /// Passes over blocks, for any kind of lanes. Every kind does the same operations in the same order
 /// on every number, so all give the same results to the last bit.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "signal/FFTKernel.h"
+#include "signal/fft/FFTKernel.h"
 
 /// A twiddle, or as many consecutive ones as the lanes hold.
 template <class Lanes> struct FFTTwiddle {

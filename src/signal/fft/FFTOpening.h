@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "signal/FFTLanes.h"
-#include "signal/FFTPasses.h"
+#include "signal/fft/FFTLanes.h"
+#include "signal/fft/FFTPasses.h"
 
 #include <cstddef>
 

@@ -2,11 +2,11 @@
 // Compiled with the instructions of AVX2, so nothing here may run before the processor was asked,
 // nor may it emit an inline function that other files share: the linker could choose this file's
 // copy.
-#include "signal/FFTVectorKernel.h"
+#include "signal/fft/FFTVectorKernel.h"
 
 #ifdef __AVX2__
 
-#include "signal/FFTOpening.h"
+#include "signal/fft/FFTOpening.h"
 
 #include <immintrin.h>
 
