@@ -59,7 +59,7 @@ def transform(folder):
     add("FFTW: plan (remembered) + execute", "FFTW/remembered+execute")
     add("Kiss FFT: build + transform", "Kiss FFT/build+execute")
     add("FFTReal: transform", "FFTReal/transform", "FFTW/execute measured r2c")
-    add("FFTReal: transform, no vector code", "FFTReal/transform plain", "FFTW/execute measured r2c")
+    add("FFTReal: transform, no AVX2", "FFTReal/transform plain", "FFTW/execute measured r2c")
     add("FFTW: execute, measured, half-complex", "FFTW/execute measured")
     add("FFTW: execute, measured, complex", "FFTW/execute measured r2c")
     add("Kiss FFT: transform", "Kiss FFT/execute")

@@ -13,16 +13,13 @@ inline bool FFTReal_is_pow2(qint64 x)
 }
 
 /// Discrete Fourier transform of a block of N real samples, N a power of two.
-///
-/// Decimation in time: the samples are taken in bit-reversed order and the spectra of short blocks
-/// are combined, four into that of a block four times as long, which is two passes at once. These
-/// steps alternate between the output and a work buffer of the object. An object may transform any
-/// number of blocks, one at a time, as its buffer is overwritten. Every misuse stops the program
-/// with file, line and text.
+/// An object may transform any number of blocks, one at a time, as its work buffer is overwritten.
+/// Every misuse stops the program with file, line and text. No other file need be compiled.
+/// @tparam T a floating-point type
 template <class T> class FFTReal {
 public:
     static constexpr int MAX_BIT_DEPTH = 30; ///< N is at most 2^30
-    static constexpr int TRIGO_BD_LIMIT = 12; ///< later passes take their twiddles from oscillators
+    static constexpr int TRIGO_BD_LIMIT = 12; ///< later passes take their factors from oscillators
 
     /// Builds the tables of a transform.
     /// @param length N, a power of two from 1 to 2^MAX_BIT_DEPTH
@@ -31,10 +28,8 @@ public:
     FFTReal(const FFTReal&) = delete;
     FFTReal& operator=(const FFTReal&) = delete;
 
-    qint64 get_length() const { return _length; }
-
     /// The work buffer; neither the input nor the output of do_fft may be it. It has N elements and
-    /// up to a page more, 512 of double, among which the N that are worked in have their place.
+    /// a page more, 512 of double, among which the N that are worked in have their place.
     T* use_buffer() { return _buffer.data(); }
 
     /// Unscaled forward transform X[k] = sum of x[n] exp(-2 pi i k n / N). Allocates nothing.
@@ -46,20 +41,15 @@ public:
 
 private:
     friend struct FFTRealProbe;
+    static constexpr T halfPi = T(1.570796326794896619231321691639751442L);
+    static constexpr qint64 pageElements = 4096 / qint64(sizeof(T));
 
     void buildBitReversal();
     void buildCosines();
-    void buildOscillators();
-    const T* levelCosines(int level) const;
-
-    void transformShort(T* f, const T* x) const;
-    qint64 displacementRange() const;
     T* workBlockFor(const T* f);
-    int blockBits() const;
     FFTTwiddles<T> twiddles(int pass) const;
-    void addRun(FFTTwiddles<T>& twiddles, int pass) const;
-    void openBlocks(T* df, const T* x, const FFTTwiddles<T>* passes) const;
-    void combineBlocks(T* df, T* sf, const FFTTwiddles<T>* passes) const;
+    FFTTwiddles<T> rotatedTwiddles(int pass) const;
+    void transform(T* df, T* sf, const T* x) const;
 
     qint64 _length = 0;
     int _nbr_bits = 0;
@@ -67,7 +57,7 @@ private:
     FFTArray<T> _cosines;
     FFTArray<T> _buffer;
     FFTArray<FFTOscillator<T>> _oscillators;
-    const FFTKernel<T>* _kernel = nullptr;
+    decltype(fftKernel<T>()) _kernel = fftKernel<T>();
 };
 
 #include "signal/fft/FFTReal_p.h"

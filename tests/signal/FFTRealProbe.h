@@ -7,7 +7,6 @@
 struct FFTRealProbe {
     using Transform = FFTReal<double>;
 
-    static int bits(const Transform& fft) { return fft._nbr_bits; }
     static const FFTArray<qint64>& bitReversal(const Transform& fft) { return fft._bitReversal; }
     static const FFTArray<double>& cosines(const Transform& fft) { return fft._cosines; }
     static const FFTArray<FFTOscillator<double>>& oscillators(const Transform& fft)
@@ -15,24 +14,21 @@ struct FFTRealProbe {
         return fft._oscillators;
     }
     static FFTArray<FFTOscillator<double>>& oscillators(Transform& fft) { return fft._oscillators; }
-    static const FFTKernel<double>* kernel(const Transform& fft) { return fft._kernel; }
-    static void usePlainKernel(Transform& fft) { fft._kernel = &fftKernel<FFTScalarLanes<double>>; }
-    static void openBlocks(const Transform& fft, double* df, const double* x)
+    static bool usesPlainKernel(const Transform& fft)
     {
-        fft.openBlocks(df, x, nullptr);
+        return fft._kernel == fftTransform<double>;
     }
-    static void combineBlocks(const Transform& fft, double* df, double* sf)
+    static void usePlainKernel(Transform& fft) { fft._kernel = fftTransform<double>; }
+    static void transform(const Transform& fft, double* df, double* sf, const double* x)
     {
-        fft.combineBlocks(df, sf, nullptr);
+        fft.transform(df, sf, x);
     }
     static FFTTwiddles<double> twiddles(const Transform& fft, int pass)
     {
         return fft.twiddles(pass);
     }
-    static FFTTwiddles<double> run(const Transform& fft, int pass)
+    static FFTTwiddles<double> rotatedTwiddles(const Transform& fft, int pass)
     {
-        FFTTwiddles<double> result;
-        fft.addRun(result, pass);
-        return result;
+        return fft.rotatedTwiddles(pass);
     }
 };

@@ -33,13 +33,13 @@ std::map<std::string, std::function<void()>> innerChecks(double* f, double* x)
 {
     static const Transform fft(16);
     return {
-        {"df != x", [=] { Probe::openBlocks(fft, x, x); }},
-        {"df != 0", [=] { Probe::combineBlocks(fft, nullptr, x); }},
-        {"sf != 0", [=] { Probe::combineBlocks(fft, f, nullptr); }},
-        {"df != sf", [=] { Probe::combineBlocks(fft, f, f); }},
+        {"df != 0", [=] { Probe::transform(fft, nullptr, f, x); }},
+        {"sf != 0", [=] { Probe::transform(fft, f, nullptr, x); }},
+        {"df != sf", [=] { Probe::transform(fft, f, f, x); }},
+        {"df != x", [=] { Probe::transform(fft, x, f, x); }},
         {"pass >= 3", [] { Probe::twiddles(fft, 2); }},
         {"pass < _nbr_bits", [] { Probe::twiddles(fft, 4); }},
-        {"pass > TRIGO_BD_LIMIT", [] { Probe::run(fft, 12); }},
+        {"pass > TRIGO_BD_LIMIT", [] { Probe::rotatedTwiddles(fft, 12); }},
         {"size >= 0", [] { FFTArray<double>(-1).size(); }},
         {"pos >= 0", [] { FFTArray<double>(4)[-1] = 0.0; }},
         {"pos < _len", [] { FFTArray<double>(4)[4] = 0.0; }},

@@ -41,7 +41,7 @@ private:
     qint64 _len = 0;
 };
 
-/// A cosine and sine pair that turns by a fixed angle a step.
+/// A cosine and sine pair that is rotated by a fixed angle a step.
 template <class T> struct FFTOscillator {
     T cosine = T(1);
     T sine = T(0);
@@ -56,8 +56,8 @@ template <class T> struct FFTOscillator {
     }
     void advance()
     {
-        const T turned = cosine * stepCosine - sine * stepSine;
+        const T rotated = cosine * stepCosine - sine * stepSine;
         sine = sine * stepCosine + cosine * stepSine;
-        cosine = turned;
+        cosine = rotated;
     }
 };
