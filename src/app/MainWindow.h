@@ -240,7 +240,7 @@ private:
     void showSpectrumChart(int index);
     void makeOrNameTrendAxisY();
 
-    // --- Widgets of the parameter panel ---
+    // --- Widgets of the parameter panel --- NOLINTBEGIN(readability-identifier-naming)
     QLabel* labelSesType;
     QLabel* labelSoundType;
     QLabel* labelMainParameter;
@@ -347,4 +347,4 @@ private:
     bool isPeriodMoved = false; ///< the timer's interval is the rest of a silence, not the period
     Disturbances disturbances; ///< of the trial under way
     QVector<Disturbances> recordedDisturbances; ///< one a record
-};
+}; // NOLINTEND(readability-identifier-naming)

@@ -71,6 +71,7 @@ private:
     std::array<QPushButton*, 4> choiceButtons() const;
     QPushButton* buttonOfKey(int key) const;
 
+    // NOLINTBEGIN(readability-identifier-naming)
     QPushButton* pushButtonChoice1;
     QPushButton* pushButtonChoice2;
     QPushButton* pushButtonChoice3;
@@ -84,4 +85,4 @@ private:
     bool centerWindow;
     double widthFraction;
     double heightFraction;
-};
+}; // NOLINTEND(readability-identifier-naming)
