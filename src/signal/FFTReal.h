@@ -30,7 +30,7 @@ public:
 
     /// The work buffer; neither the input nor the output of do_fft may be it. It has N elements and
     /// a page more, 512 of double, among which the N that are worked in have their place.
-    T* use_buffer() { return _buffer.data(); }
+    T* use_buffer() { return m_buffer.data(); }
 
     /// Unscaled forward transform X[k] = sum of x[n] exp(-2 pi i k n / N). Allocates nothing.
     /// @param f N results: f[k] = Re X[k] for k = 0 ... N/2 and f[N/2 + k] = -Im X[k] for
@@ -51,13 +51,13 @@ private:
     FFTTwiddles<T> rotatedTwiddles(int pass) const;
     void transform(T* df, T* sf, const T* x) const;
 
-    qint64 _length = 0;
+    qint64 m_length = 0;
     int _nbr_bits = 0;
-    FFTArray<qint64> _bitReversal;
-    FFTArray<T> _cosines;
-    FFTArray<T> _buffer;
-    FFTArray<FFTOscillator<T>> _oscillators;
-    decltype(fftKernel<T>()) _kernel = fftKernel<T>();
+    FFTArray<qint64> m_bitReversal;
+    FFTArray<T> m_cosines;
+    FFTArray<T> m_buffer;
+    FFTArray<FFTOscillator<T>> m_oscillators;
+    decltype(fftKernel<T>()) m_kernel = fftKernel<T>();
 };
 
 #include "signal/fft/FFTReal_p.h"

@@ -66,8 +66,8 @@ private slots:
     void init() override
     {
         WindowTest::init();
-        text = userGuide().section("## The methods section", 1).section("## Planning", 0, 0);
-        QVERIFY(!text.isEmpty());
+        m_text = userGuide().section("## The methods section", 1).section("## Planning", 0, 0);
+        QVERIFY(!m_text.isEmpty());
     }
 
     void steps_areThose_ofTheRule()
@@ -181,14 +181,14 @@ private slots:
 private:
     int occurrences(const QString& words) const
     {
-        const int count = text.count(words);
+        const int count = m_text.count(words);
         if (count == 0) {
             qInfo("not in the guide: %s", qUtf8Printable(words));
         }
         return count;
     }
 
-    QString text;
+    QString m_text;
 };
 
 QUORIN_TEST(TestMethodsSection);

@@ -7,18 +7,21 @@
 struct FFTRealProbe {
     using Transform = FFTReal<double>;
 
-    static const FFTArray<qint64>& bitReversal(const Transform& fft) { return fft._bitReversal; }
-    static const FFTArray<double>& cosines(const Transform& fft) { return fft._cosines; }
+    static const FFTArray<qint64>& bitReversal(const Transform& fft) { return fft.m_bitReversal; }
+    static const FFTArray<double>& cosines(const Transform& fft) { return fft.m_cosines; }
     static const FFTArray<FFTOscillator<double>>& oscillators(const Transform& fft)
     {
-        return fft._oscillators;
+        return fft.m_oscillators;
     }
-    static FFTArray<FFTOscillator<double>>& oscillators(Transform& fft) { return fft._oscillators; }
+    static FFTArray<FFTOscillator<double>>& oscillators(Transform& fft)
+    {
+        return fft.m_oscillators;
+    }
     static bool usesPlainKernel(const Transform& fft)
     {
-        return fft._kernel == fftTransform<double>;
+        return fft.m_kernel == fftTransform<double>;
     }
-    static void usePlainKernel(Transform& fft) { fft._kernel = fftTransform<double>; }
+    static void usePlainKernel(Transform& fft) { fft.m_kernel = fftTransform<double>; }
     static void transform(const Transform& fft, double* df, double* sf, const double* x)
     {
         fft.transform(df, sf, x);

@@ -92,14 +92,14 @@ private slots:
 
     void samples_comeBackBitForBit_whenTheyAreUnusual()
     {
-        using limits = std::numeric_limits<float>;
+        using Limits = std::numeric_limits<float>;
         QVector<float> sound(400, 0.25F);
         sound[10] = -0.0F;
         sound[20] = 1.5F;
         sound[30] = -1e30F;
-        sound[40] = limits::denorm_min();
-        sound[50] = limits::infinity();
-        sound[60] = limits::quiet_NaN();
+        sound[40] = Limits::denorm_min();
+        sound[50] = Limits::infinity();
+        sound[60] = Limits::quiet_NaN();
         SoundRecorder recorder(m_server);
         QVERIFY2(recorder.start(), qUtf8Printable(recorder.errorText()));
         QVERIFY(play(sound));

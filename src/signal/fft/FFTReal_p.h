@@ -5,27 +5,27 @@
 
 template <class T>
 FFTReal<T>::FFTReal(qint64 length)
-    : _length(length)
+    : m_length(length)
 {
     QUORIN_CHECK(FFTReal_is_pow2(length), "FFTReal_is_pow2 (length)");
     for (qint64 rest = length - 1; rest > 0; rest /= 2)
         ++_nbr_bits;
     QUORIN_CHECK(_nbr_bits <= MAX_BIT_DEPTH, "_nbr_bits <= MAX_BIT_DEPTH");
 
-    _buffer = FFTArray<T>(_length + pageElements);
+    m_buffer = FFTArray<T>(m_length + pageElements);
     buildBitReversal();
     buildCosines();
-    _oscillators = FFTArray<FFTOscillator<T>>(std::max(0, _nbr_bits - TRIGO_BD_LIMIT));
-    for (qint64 j = 0; j < _oscillators.size(); ++j)
-        _oscillators[j].setStep(halfPi / T(qint64(1) << (TRIGO_BD_LIMIT + j)));
+    m_oscillators = FFTArray<FFTOscillator<T>>(std::max(0, _nbr_bits - TRIGO_BD_LIMIT));
+    for (qint64 j = 0; j < m_oscillators.size(); ++j)
+        m_oscillators[j].setStep(halfPi / T(qint64(1) << (TRIGO_BD_LIMIT + j)));
 }
 
 template <class T> void FFTReal<T>::buildBitReversal()
 {
-    _bitReversal = FFTArray<qint64>(_length);
-    qint64* const table = _bitReversal.data();
+    m_bitReversal = FFTArray<qint64>(m_length);
+    qint64* const table = m_bitReversal.data();
     table[0] = 0;
-    for (qint64 filled = 1, bit = _length / 2; filled < _length; filled *= 2, bit /= 2) {
+    for (qint64 filled = 1, bit = m_length / 2; filled < m_length; filled *= 2, bit /= 2) {
         for (qint64 i = 0; i < filled; ++i)
             table[filled + i] = table[i] + bit;
     }
@@ -36,9 +36,9 @@ template <class T> void FFTReal<T>::buildCosines()
 {
     if (_nbr_bits < 4)
         return;
-    _cosines = FFTArray<T>((qint64(1) << (_nbr_bits - 1)) - 4);
+    m_cosines = FFTArray<T>((qint64(1) << (_nbr_bits - 1)) - 4);
     const qint64 count = qint64(1) << (_nbr_bits - 2);
-    T* level = &_cosines[count - 4];
+    T* level = &m_cosines[count - 4];
     for (qint64 i = 1; i <= count / 2; ++i) {
         const T angle = T(i) * (halfPi / T(count));
         level[i] = std::cos(angle);
@@ -61,12 +61,12 @@ template <class T> void FFTReal<T>::do_fft(T* f, const T* x)
     QUORIN_CHECK(x != use_buffer(), "x != use_buffer ()");
     QUORIN_CHECK(x != f, "x != f");
 
-    if (_length == 1) {
+    if (m_length == 1) {
         f[0] = x[0];
-    } else if (_length == 2) {
+    } else if (m_length == 2) {
         f[0] = (x[0] + T(0)) + (x[1] + T(0)); // + 0 as in FFTPasses::openEight
         f[1] = (x[0] + T(0)) - (x[1] + T(0));
-    } else if (_length == 4) {
+    } else if (m_length == 4) {
         const T a[] = {x[0] + T(0), x[1] + T(0), x[2] + T(0), x[3] + T(0)};
         f[0] = (a[0] + a[2]) + (a[1] + a[3]);
         f[1] = a[0] - a[2];
@@ -92,7 +92,7 @@ template <class T> FFTTwiddles<T> FFTReal<T>::twiddles(int pass) const
     if (pass > TRIGO_BD_LIMIT)
         return rotatedTwiddles(pass);
     const qint64 count = qint64(1) << (pass - 1);
-    return {&_cosines[count - 4], count};
+    return {&m_cosines[count - 4], count};
 }
 
 // Rotating step by step through a whole group would add up the rounding of thousands of steps.
@@ -102,8 +102,8 @@ template <class T> FFTTwiddles<T> FFTReal<T>::rotatedTwiddles(int pass) const
 {
     QUORIN_CHECK(pass > TRIGO_BD_LIMIT, "pass > TRIGO_BD_LIMIT");
     const qint64 count = qint64(1) << (pass - 1);
-    FFTTwiddles<T> result = {&_cosines[count / FFTTwiddles<T>::spacing - 4], count, true};
-    FFTOscillator<T> oscillator = _oscillators[pass - TRIGO_BD_LIMIT - 1];
+    FFTTwiddles<T> result = {&m_cosines[count / FFTTwiddles<T>::spacing - 4], count, true};
+    FFTOscillator<T> oscillator = m_oscillators[pass - TRIGO_BD_LIMIT - 1];
     for (int step = 0; step <= FFTTwiddles<T>::spacing; ++step, oscillator.advance()) {
         result.stepCosines[step] = oscillator.cosine;
         result.stepSines[step] = oscillator.sine;
@@ -120,5 +120,5 @@ template <class T> void FFTReal<T>::transform(T* df, T* sf, const T* x) const
     FFTTwiddles<T> passes[MAX_BIT_DEPTH];
     for (int pass = 3; pass < _nbr_bits; ++pass)
         passes[pass] = twiddles(pass);
-    _kernel(df, sf, x, _bitReversal.data(), _nbr_bits, passes);
+    m_kernel(df, sf, x, m_bitReversal.data(), _nbr_bits, passes);
 }

@@ -18,16 +18,16 @@ public:
         : _len(size)
     {
         QUORIN_CHECK(size >= 0, "size >= 0");
-        _data.reset(new T[static_cast<std::size_t>(size)]);
+        m_data.reset(new T[static_cast<std::size_t>(size)]);
     }
 
     qint64 size() const { return _len; }
-    T* data() { return _data.get(); }
-    const T* data() const { return _data.get(); }
+    T* data() { return m_data.get(); }
+    const T* data() const { return m_data.get(); }
 
     /// @param pos index, 0 to size() - 1; any other stops the program
-    T& operator[](qint64 pos) { return _data[checked(pos)]; }
-    const T& operator[](qint64 pos) const { return _data[checked(pos)]; }
+    T& operator[](qint64 pos) { return m_data[checked(pos)]; }
+    const T& operator[](qint64 pos) const { return m_data[checked(pos)]; }
 
 private:
     std::size_t checked(qint64 pos) const
@@ -37,7 +37,7 @@ private:
         return static_cast<std::size_t>(pos);
     }
 
-    std::unique_ptr<T[]> _data;
+    std::unique_ptr<T[]> m_data;
     qint64 _len = 0;
 };
 
