@@ -78,8 +78,7 @@ public slots:
     void doNothing();
     /// The end of a sound, or its failure.
     void handleStateChanged(QAudio::State state);
-    // What changes of the choices and names do at once; a combination of noise and an adapted
-    // carrier frequency is met with a warning and taken back.
+    // What changes do at once; noise with an adapted carrier frequency is warned of and taken back.
     void on_comboBoxSesType_currentIndexChanged(int index);
     void on_comboBoxSoundType_currentIndexChanged(int index);
     void on_comboBoxMainParameter_currentIndexChanged(int index);
@@ -110,16 +109,18 @@ public:
     void updateAll();
     /// What disturbed the sounds of the trial under way, or of the last one.
     const Disturbances& trialDisturbances() const { return disturbances; }
-    /// What disturbed the sounds of each record's trial, in the order of the records; cleared with
-    /// them.
+    /// The same of each record's trial, in the order of the records; cleared with them.
     const QVector<Disturbances>& runDisturbances() const { return recordedDisturbances; }
+    /// The session record as it stands.
+    const Data& sessionRecord() const { return data; }
+    /// The bytes of the sound that was started last; null between sounds. Closed at their end.
+    const QBuffer* soundNowPlaying() const { return audioBuffer; }
 
     // session/MainWindow_Panel.cpp
     /// Fills the controls from the record, once, and makes the timers, fonts and audio format.
     void initParameters();
-    /// Reads every control into the record. Numbers that do not parse become 0. Rewrites the
-    /// deviant's depth, difference and carrier when they are reset, else its difference as it was
-    /// read, and the reversals to calculate when there are fewer.
+    /// Reads every control into the record. Numbers that do not parse become 0. Rewrites what is
+    /// reset of the deviant, else its difference, and the reversals to calculate if too many.
     void getParameters();
     /// Composes the name of the results file and shows it.
     void updateFileName();
@@ -153,8 +154,7 @@ public:
     // procedure/MainWindow_Results.cpp
     /// Fills the record's threshold and mean reaction times.
     void computeResults();
-    /// Asks where to save and writes the run's trials there; a file that cannot be written is met
-    /// with a warning box.
+    /// Asks where to save and writes the run's trials there; warns where that cannot be done.
     void writeDataToTxt();
 
     // charts/MainWindow_Charts.cpp
