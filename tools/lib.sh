@@ -20,6 +20,7 @@ test_packages=(
     pulseaudio pulseaudio-utils # a sound server without a sound card, and its recorder
     xvfb xauth # a display without a screen
     openbox xdotool # a window manager for it, and what presses keys and buttons
+    python3-jsonschema # holds the records of runs against their schema
 )
 timing_packages=(
     pipewire pipewire-bin pipewire-pulse wireplumber dbus dbus-daemon # the other sound server

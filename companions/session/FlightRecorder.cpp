@@ -1,0 +1,290 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Watches the main window and writes what happens in a run.
+#include "session/FlightRecorder.h"
+
+#include "app/MainWindow.h"
+#include "app/TrialSequence.h"
+#include "procedure/ResultsFormat.h"
+#include "record/RecordWriter.h"
+#include "session/AdaptedParameter.h"
+#include "session/RandomDraws.h"
+#include "session/RunSettings.h"
+#include "subject/SubjectWindow.h"
+
+#include <QBuffer>
+#include <QCryptographicHash>
+#include <QPushButton>
+#include <QTextStream>
+
+#include <algorithm>
+#include <utility>
+
+using namespace quorin;
+
+namespace {
+
+QByteArray resultsBytes(const Data& data)
+{
+    QByteArray bytes;
+    QTextStream stream(&bytes);
+    writeResults(stream, data);
+    stream.flush();
+    return bytes;
+}
+
+RunFigures figuresOf(const Data& data, double atMs)
+{
+    return {data.records.size(), data.threshold, data.meanReactionTime,
+        data.meanReactionTimeCorrect, data.meanReactionTimeIncorrect, atMs};
+}
+
+} // namespace
+
+// The window's own slots are connected before these: at a click, it has done all when they run.
+FlightRecorder::FlightRecorder(MainWindow& window, QString folder, qint64 seed)
+    : m_window(window)
+    , m_folder(std::move(folder))
+    , m_seed(seed)
+    , m_draws(drawsOfView(window.sessionRecord()))
+{
+    m_writeTimer.setSingleShot(true);
+    connect(&m_writeTimer, &QTimer::timeout, this, &FlightRecorder::flush);
+    connect(window.findChild<QPushButton*>("pushButtonView"), &QPushButton::clicked, this,
+        &FlightRecorder::noteView);
+    connect(window.findChild<QPushButton*>("pushButtonGo"), &QPushButton::clicked, this,
+        &FlightRecorder::begin);
+    connect(&window, &MainWindow::soundPlaying, this, &FlightRecorder::noteState);
+    connect(&window, &MainWindow::doneDataCollection, this, &FlightRecorder::finish);
+}
+
+FlightRecorder::~FlightRecorder()
+{
+    abandon("the program was ended");
+}
+
+QString FlightRecorder::recordName() const
+{
+    return m_files.empty() ? QString() : file().recordName();
+}
+
+void FlightRecorder::noteView()
+{
+    m_view = m_window.sessionRecord();
+    m_drawsBeforeView = m_draws;
+    m_draws += drawsOfView(m_view);
+}
+
+void FlightRecorder::begin()
+{
+    abandon("another run was begun");
+    m_clock.start();
+    m_isRunning = true;
+    m_awaitsAnswer = false;
+    m_trials = 0;
+    m_answers = 0;
+    m_reversals = 0;
+    RunBegun line = runSettings(m_window);
+    line.seed = m_seed;
+    line.drawsBefore = m_drawsBeforeView;
+    line.view = m_view;
+    line.go = m_window.sessionRecord();
+    m_files.erase(std::remove_if(m_files.begin(), m_files.end(),
+                      [](auto& earlier) { return earlier->sync(); }),
+        m_files.end());
+    m_files.push_back(std::make_unique<RecordFile>(m_folder, line.go.subCode, line.time));
+    add(line);
+    flush();
+    tellFault();
+    watchListener();
+}
+
+void FlightRecorder::watchListener()
+{
+    SubjectWindow* const listener = m_window.findChildren<SubjectWindow*>().constLast();
+    connect(listener, &SubjectWindow::subjectResponded, this, &FlightRecorder::catchUp);
+    connect(listener, &SubjectWindow::subjectWindowClosed, this,
+        [this] { abandon("the listener's window was closed"); });
+}
+
+void FlightRecorder::noteState(int state)
+{
+    if (!m_isRunning) {
+        return;
+    }
+    catchUp();
+    if (state == answerState) {
+        add(AnswerAllowed {m_trials, nowMs()});
+        m_awaitsAnswer = true;
+        m_writeTimer.stop();
+    } else {
+        noteSound(state);
+    }
+}
+
+// The bytes are shared with those that are played, and digested when the line is written.
+void FlightRecorder::noteSound(int interval)
+{
+    const Data& data = m_window.sessionRecord();
+    const double startMs = nowMs();
+    const double dueMs = m_lastStartMs + trialPeriodMs(data.silentInterval, data.dur);
+    const int trial = m_trials;
+    const QBuffer* const sound = m_window.soundNowPlaying();
+    m_lastStartMs = startMs;
+    add(SoundStarted {trial, interval, startMs - dueMs, {}, startMs},
+        sound == nullptr ? QByteArray() : sound->data());
+    if (sound != nullptr) {
+        connect(sound, &QIODevice::aboutToClose, this,
+            [this, trial, interval] { noteEnd(trial, interval); });
+    }
+}
+
+void FlightRecorder::noteEnd(int trial, int interval)
+{
+    if (!m_isRunning) {
+        return;
+    }
+    const Disturbances& disturbances = m_window.trialDisturbances();
+    add(SoundEnded {trial, interval, disturbances.interruptedSounds > m_interruptedTold,
+        disturbances.lateSounds > m_lateTold, nowMs()});
+    m_interruptedTold = disturbances.interruptedSounds;
+    m_lateTold = disturbances.lateSounds;
+}
+
+// An answer is in the window's record, and the next trial has begun, when its slot has returned.
+void FlightRecorder::catchUp()
+{
+    if (!m_isRunning) {
+        return;
+    }
+    const Data& data = m_window.sessionRecord();
+    if (data.records.size() > m_answers) {
+        noteAnswer();
+        tellFault();
+    }
+    if (data.nTrials > m_trials) {
+        noteTrial();
+    }
+}
+
+void FlightRecorder::noteAnswer()
+{
+    const Data& data = m_window.sessionRecord();
+    const Record& record = data.records.constLast();
+    const Disturbances& disturbances = m_window.runDisturbances().constLast();
+    AnswerGiven line;
+    m_answers = data.records.size();
+    m_awaitsAnswer = false;
+    line.trial = m_answers;
+    line.response = record.responsePosition;
+    line.isCorrect = record.correctness;
+    line.reactionMs = record.reactionTime;
+    line.value = record.value;
+    if (data.nTrials > m_answers) {
+        line.valueAfter = adaptedValue(data);
+        m_draws += drawsOfStep(data);
+    }
+    line.isReversal = data.reversalCount > m_reversals;
+    line.reversals = data.reversalCount;
+    line.interruptedSounds = disturbances.interruptedSounds;
+    line.lateSounds = disturbances.lateSounds;
+    line.worstLatenessMs = disturbances.worstLatenessMs;
+    line.hasOutputFailed = disturbances.hasOutputFailed;
+    line.atMs = nowMs();
+    m_reversals = data.reversalCount;
+    add(line);
+}
+
+void FlightRecorder::noteTrial()
+{
+    const Data& data = m_window.sessionRecord();
+    m_trials = data.nTrials;
+    m_draws += drawsOfPosition;
+    m_interruptedTold = 0;
+    m_lateTold = 0;
+    m_lastStartMs = nowMs();
+    add(TrialBegun {m_trials, data.deviantPosition, adaptedValue(data), m_lastStartMs});
+}
+
+// Comes within the window's slot for the last answer, before its dialog.
+void FlightRecorder::finish()
+{
+    if (!m_isRunning) {
+        return;
+    }
+    catchUp();
+    flush();
+    const Data& data = m_window.sessionRecord();
+    const QString error = file().writeResults(resultsBytes(data));
+    if (error.isEmpty()) {
+        add(RunSaved {figuresOf(data, nowMs()), file().resultsName()});
+    } else {
+        add(RunUnsaved {figuresOf(data, nowMs()), error});
+    }
+    m_isRunning = false;
+    if (flush() && !error.isEmpty()) {
+        emit failed(error);
+    }
+    tellFault();
+}
+
+void FlightRecorder::abandon(const QString& reason)
+{
+    if (!m_isRunning) {
+        return;
+    }
+    m_isRunning = false;
+    m_awaitsAnswer = false;
+    add(RunAbandoned {m_answers, reason, nowMs()});
+    flush();
+    tellFault();
+}
+
+template <typename Line> void FlightRecorder::add(const Line& line, const QByteArray& sound)
+{
+    m_waiting.append({lineObject(line), sound});
+    if (!m_awaitsAnswer) {
+        m_writeTimer.start(0);
+    }
+}
+
+bool FlightRecorder::flush()
+{
+    m_writeTimer.stop();
+    for (Waiting& waiting : m_waiting) {
+        if (waiting.line.contains("sha256")) {
+            const QByteArray digest
+                = QCryptographicHash::hash(waiting.sound, QCryptographicHash::Sha256);
+            waiting.line.insert("sha256", QString::fromLatin1(digest.toHex()));
+        }
+        file().append(lineBytes(waiting.line));
+    }
+    m_waiting.clear();
+    bool isWritten = true;
+    for (const auto& each : m_files) {
+        isWritten = each->sync() && isWritten;
+    }
+    return isWritten;
+}
+
+// Boxes must not open while a trial is heard: this is called between trials only.
+void FlightRecorder::tellFault()
+{
+    const QString fault = file().error();
+    if (fault == m_fault) {
+        return;
+    }
+    m_fault = fault;
+    if (fault.isEmpty()) {
+        emit recovered();
+    } else {
+        emit failed(fault);
+    }
+}
+
+// Microseconds are enough, and keep the lines short.
+double FlightRecorder::nowMs() const
+{
+    constexpr qint64 nsPerUs = 1000;
+    constexpr double usPerMs = 1000.0;
+    return static_cast<double>(m_clock.nsecsElapsed() / nsPerUs) / usPerMs;
+}

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "record/RecordLines.h"
+#include "session/RecordFile.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+#include <QVector>
+
+#include <memory>
+#include <vector>
+
+class MainWindow;
+
+/// Records the runs of a main window, each to a file of its own, by watching the window. Must be
+/// made before the window is used, and be deleted before it.
+///
+/// Lines are written when the event loop comes to it, well before the next sound, and never from
+/// the moment the listener may answer until the answer: they wait in memory then.
+class FlightRecorder : public QObject {
+    Q_OBJECT
+
+public:
+    /// @param folder where the files go
+    /// @param seed   that the generator was seeded with just before the window was made
+    FlightRecorder(MainWindow& window, QString folder, qint64 seed);
+    /// A run under way is recorded as abandoned.
+    ~FlightRecorder() override;
+
+    /// Brings to the disk what waits in memory.
+    /// @return whether all is there
+    bool flush();
+    /// The name of the record under way or of the last one; empty before the first.
+    QString recordName() const;
+
+signals:
+    /// Something cannot be recorded. Comes between trials, once for each text.
+    void failed(const QString& what);
+    /// All that waited is on the disk again.
+    void recovered();
+
+private:
+    /// A line that waits, and the sound whose digest it is still to get.
+    struct Waiting {
+        QJsonObject line;
+        QByteArray sound;
+    };
+
+    void noteView();
+    void begin();
+    void watchListener();
+    void noteState(int state);
+    void noteSound(int interval);
+    void noteEnd(int trial, int interval);
+    void catchUp();
+    void noteAnswer();
+    void noteTrial();
+    void finish();
+    void abandon(const QString& reason);
+    template <typename Line> void add(const Line& line, const QByteArray& sound = {});
+    void writeLater();
+    void tellFault();
+    RecordFile& file() const { return *m_files.back(); }
+    double nowMs() const;
+
+    MainWindow& m_window;
+    QString m_folder;
+    qint64 m_seed;
+    qint64 m_draws; ///< from the generator since it was seeded
+    qint64 m_drawsBeforeView = 0;
+    Data m_view; ///< the session record at the last View
+    std::vector<std::unique_ptr<RecordFile>> m_files; ///< the last one's, and what is not written
+    QVector<Waiting> m_waiting;
+    QTimer m_writeTimer;
+    QElapsedTimer m_clock; ///< since Go
+    bool m_isRunning = false;
+    bool m_awaitsAnswer = false;
+    int m_trials = 0; ///< begun
+    int m_answers = 0;
+    int m_reversals = 0;
+    double m_lastStartMs = 0.0; ///< of a sound or of the trial
+    int m_interruptedTold = 0; ///< of the trial's sounds
+    int m_lateTold = 0;
+    QString m_fault; ///< told last
+};

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A run's two files: what is written is on the disk, and no file is ever replaced.
+#include "session/RecordFile.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+constexpr auto recordEnding = ".jsonl";
+constexpr auto resultsEnding = ".txt";
+
+// A new file's name is on the disk only when its folder is. Some file systems cannot do this.
+void syncFolder(const QString& folder)
+{
+    const int descriptor
+        = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor >= 0) {
+        ::fsync(descriptor);
+        ::close(descriptor);
+    }
+}
+
+bool isFree(const QString& path)
+{
+    const QFileInfo info(path);
+    return !info.exists() && !info.isSymLink();
+}
+
+} // namespace
+
+QString runFileName(const QString& subject, const QString& time, int number)
+{
+    constexpr int longestSubject = 40;
+    constexpr int secondsOfTime = 19; // of 2026-01-02T03:04:05.678+01:00
+    static const QRegularExpression unsuited("[^A-Za-z0-9-]");
+    QString code = subject.left(longestSubject);
+    QString second = time.left(secondsOfTime);
+    code.replace(unsuited, "_");
+    second.remove('-').remove(':').replace('T', '-');
+    return (code.isEmpty() ? "subject" : code) + '_' + second + '_'
+        + QString::number(number).rightJustified(3, '0');
+}
+
+RecordFile::RecordFile(QString folder, QString subject, QString time)
+    : m_folder(std::move(folder))
+    , m_subject(std::move(subject))
+    , m_time(std::move(time))
+{
+}
+
+void RecordFile::append(const QByteArray& line)
+{
+    m_content += line;
+}
+
+bool RecordFile::sync()
+{
+    m_error.clear();
+    if (isThere() && m_onDisk == m_content.size()) {
+        return true;
+    }
+    return (isThere() || make()) && writeRest();
+}
+
+// A file that was removed, or whose folder was, still takes what is written, for nobody to read.
+bool RecordFile::isThere() const
+{
+    struct stat status { };
+    return m_file != nullptr && ::fstat(m_file->handle(), &status) == 0 && status.st_nlink > 0;
+}
+
+bool RecordFile::make()
+{
+    constexpr int mostFiles = 999; // of one subject in one second
+    m_onDisk = 0;
+    for (int number = 1; number <= mostFiles; ++number) {
+        m_name = runFileName(m_subject, m_time, number);
+        if (!isFree(pathOf(resultsEnding)) || !isFree(pathOf(recordEnding))) {
+            continue;
+        }
+        m_file = std::make_unique<QFile>(pathOf(recordEnding));
+        if (m_file->open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
+            syncFolder(m_folder);
+            return true;
+        }
+        const QString reason = m_file->errorString();
+        m_file.reset();
+        if (isFree(pathOf(recordEnding))) { // nobody else was faster
+            return fail(reason);
+        }
+    }
+    return fail("there are too many files");
+}
+
+// After a failure it is not known what is on the disk: what is not known to be there is written
+// again, in its place.
+bool RecordFile::writeRest()
+{
+    const QByteArray rest = m_content.mid(static_cast<int>(m_onDisk));
+    if (!m_file->seek(m_onDisk) || m_file->write(rest) != rest.size()) {
+        return fail(m_file->errorString());
+    }
+    if (::fsync(m_file->handle()) != 0) {
+        return fail(std::strerror(errno));
+    }
+    m_onDisk = m_content.size();
+    return true;
+}
+
+QString RecordFile::writeResults(const QByteArray& content)
+{
+    const QString path = pathOf(resultsEnding);
+    if (m_file == nullptr) {
+        return path + ": cannot be written: the record has no file";
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
+        return path + ": cannot be written: " + file.errorString();
+    }
+    if (file.write(content) != content.size()) {
+        const QString reason = file.errorString();
+        file.remove();
+        return path + ": cannot be written: " + reason;
+    }
+    if (::fsync(file.handle()) != 0) {
+        return path + ": cannot be written: " + std::strerror(errno);
+    }
+    syncFolder(m_folder);
+    return {};
+}
+
+QString RecordFile::recordName() const
+{
+    return m_file == nullptr ? QString() : m_name + recordEnding;
+}
+
+QString RecordFile::resultsName() const
+{
+    return m_file == nullptr ? QString() : m_name + resultsEnding;
+}
+
+bool RecordFile::fail(const QString& what)
+{
+    m_error = pathOf(recordEnding) + ": cannot be written: " + what;
+    return false;
+}
+
+QString RecordFile::pathOf(const QString& ending) const
+{
+    return QDir(m_folder).filePath(m_name + ending);
+}

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+
+#include <memory>
+
+/// The names, without their endings, of a run's files: subject, date, time and a number. Characters
+/// of the subject's code that do not suit a file's name become underscores.
+/// @param time of Go, as it stands in the record
+QString runFileName(const QString& subject, const QString& time, int number);
+
+/// A run's record on its way to the disk. All of it is kept in memory too: where the disk is full
+/// or the folder is gone, nothing is lost as long as the program runs.
+class RecordFile {
+public:
+    /// @param folder  where the file is to be
+    /// @param subject, time see runFileName; the number is the first that is free
+    RecordFile(QString folder, QString subject, QString time);
+
+    /// Keeps a line in memory.
+    void append(const QByteArray& line);
+    /// Brings all lines to the disk and waits for it. The first call makes the file, which was
+    /// never there before; so does one that finds the file gone. What fails is tried again by the
+    /// next.
+    /// @return whether all is on the disk
+    bool sync();
+    /// Why not, with the file's or the folder's name; empty when all is there.
+    QString error() const { return m_error; }
+    /// Makes the file of the run's results beside the record, never one that is there already.
+    /// @return what went wrong; empty if all is on the disk
+    QString writeResults(const QByteArray& content);
+    /// Names in the folder; empty before the record's file is made.
+    QString recordName() const;
+    QString resultsName() const;
+
+private:
+    bool isThere() const;
+    bool make();
+    bool writeRest();
+    bool fail(const QString& what);
+    QString pathOf(const QString& ending) const;
+
+    QString m_folder;
+    QString m_subject;
+    QString m_time;
+    QString m_name;
+    std::unique_ptr<QFile> m_file;
+    QByteArray m_content;
+    qint64 m_onDisk = 0; ///< so many bytes of the content
+    QString m_error;
+};

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The surroundings of a run: machine, screens, sound server.
+#include "session/RunSettings.h"
+
+#include "app/MainWindow.h"
+
+#include <QAudioDeviceInfo>
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QProcess>
+#include <QScreen>
+
+namespace {
+
+QJsonObject describedScreen(const QScreen& screen)
+{
+    const QRect geometry = screen.geometry();
+    return {{"name", screen.name()}, {"x", geometry.x()}, {"y", geometry.y()},
+        {"width", geometry.width()}, {"height", geometry.height()},
+        {"pixel_ratio", screen.devicePixelRatio()}, {"refresh_hz", screen.refreshRate()},
+        {"is_primary", &screen == QGuiApplication::primaryScreen()}};
+}
+
+QJsonArray describedScreens()
+{
+    QJsonArray screens;
+    const QList<QScreen*> all = QGuiApplication::screens();
+    for (const QScreen* screen : all) {
+        screens.append(describedScreen(*screen));
+    }
+    return screens;
+}
+
+// The server must not hold up the start of a run for long.
+QString serverInformation()
+{
+    constexpr int patienceMs = 1000;
+    QProcess pactl;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LC_ALL", "C");
+    pactl.setProcessEnvironment(environment);
+    pactl.start("pactl", {"info"}, QIODevice::ReadOnly);
+    if (!pactl.waitForFinished(patienceMs)) {
+        pactl.kill();
+        pactl.waitForFinished(patienceMs);
+        return {};
+    }
+    return QString::fromUtf8(pactl.readAllStandardOutput());
+}
+
+QJsonObject describedAudio()
+{
+    const QAudioDeviceInfo device = QAudioDeviceInfo::defaultOutputDevice();
+    QJsonObject audio = {{"device", device.deviceName()}, {"backend", device.realm()}};
+    if (device.realm() == "pulseaudio") {
+        audio.insert("server", soundServer(serverInformation()));
+    }
+    return audio;
+}
+
+// The offset is left out of ISO 8601 unless it is given.
+QString timeWithOffset()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    return now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs);
+}
+
+} // namespace
+
+QJsonObject soundServer(const QString& information)
+{
+    const QVector<QPair<QString, QString>> keys
+        = {{"Server Name: ", "name"}, {"Server Version: ", "version"},
+            {"Default Sample Specification: ", "format"}, {"Default Sink: ", "sink"}};
+    QJsonObject server;
+    const QStringList lines = information.split('\n');
+    for (const QString& line : lines) {
+        for (const auto& key : keys) {
+            if (line.startsWith(key.first)) {
+                server.insert(key.second, line.mid(key.first.size()).trimmed());
+            }
+        }
+    }
+    return server;
+}
+
+RunBegun runSettings(const MainWindow& window)
+{
+    const Data& data = window.sessionRecord();
+    RunBegun run;
+    run.program
+        = QCoreApplication::applicationName() + ' ' + QCoreApplication::applicationVersion();
+    run.commit = QUORIN_COMMIT;
+    run.qtVersion = qVersion();
+    run.time = timeWithOffset();
+    run.locale = QLocale().name();
+    run.screens = describedScreens();
+    run.audio = describedAudio();
+    run.sessionType = data.sesTypes.value(data.sesType);
+    run.soundType = data.soundTypes.value(data.soundType);
+    run.mainParameter = data.mainParameters.value(data.mainParameter);
+    return run;
+}

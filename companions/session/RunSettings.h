@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "record/RecordLines.h"
+
+class MainWindow;
+
+/// What surrounds a run that begins now: program, time, locale, screens, sound, and the choices in
+/// words. Seed, draws and the two session records are left at their defaults.
+RunBegun runSettings(const MainWindow& window);
+
+/// Name, version and rate of the sound server from what `pactl info` prints in the C locale; empty
+/// where it prints no such lines.
+QJsonObject soundServer(const QString& information);

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The command line of quorin-session.
+#include "session/SessionOptions.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace {
+
+void addOptions(QCommandLineParser& parser)
+{
+    parser.setApplicationDescription(
+        "Opens the windows of Quorin Lab and records every run into a folder: a file of all that "
+        "happened, line by line, and the results file. Nothing that was recorded is lost, "
+        "whatever ends the program.");
+    parser.addOptions({
+        {{"h", "help"}, "Show this help."},
+        {{"v", "version"}, "Show the version."},
+        {"seed",
+            "Seed positions and noises with this number, 1 to 2147483646. Default: a number from "
+            "the system; the record has it.",
+            "number"},
+        {"replay",
+            "Compute the run of a record again, without windows and sound, and tell whether "
+            "positions, values, results and every sample are the same. The status is 0 if they "
+            "are, else 1.",
+            "file"},
+    });
+    parser.addPositionalArgument("folder", "Where the records go; it must exist.");
+}
+
+QString seedError(const QCommandLineParser& parser, std::optional<qint64>& seed)
+{
+    if (!parser.isSet("seed")) {
+        return {};
+    }
+    bool isNumber = false;
+    seed = parser.value("seed").toLongLong(&isNumber);
+    return isNumber && *seed >= 1 && *seed <= largestSeed
+        ? QString()
+        : QString("--seed must be 1 to %1, not \"%2\"").arg(largestSeed).arg(parser.value("seed"));
+}
+
+QString folderError(const QStringList& folders)
+{
+    if (folders.isEmpty()) {
+        return "no folder is given";
+    }
+    if (folders.size() > 1) {
+        return "one folder is wanted, not also \"" + folders[1] + '"';
+    }
+    return QFileInfo(folders[0]).isDir() ? QString() : folders[0] + ": is no folder";
+}
+
+QString mistakeIn(const QCommandLineParser& parser, SessionOptions& options)
+{
+    const QStringList folders = parser.positionalArguments();
+    const QString mistake = seedError(parser, options.seed);
+    if (!parser.isSet("replay")) {
+        options.folder = folders.value(0);
+        return mistake.isEmpty() ? folderError(folders) : mistake;
+    }
+    options.request = SessionOptions::replay;
+    options.replayed = parser.value("replay");
+    if (!folders.isEmpty() || parser.isSet("seed")) {
+        return "--replay goes with nothing else";
+    }
+    return options.replayed.isEmpty() ? QString("--replay needs a name") : QString();
+}
+
+} // namespace
+
+SessionOptions sessionOptions(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    addOptions(parser);
+    const bool isParsed = parser.parse(arguments);
+    SessionOptions options;
+    if (isParsed && parser.isSet("help")) {
+        options.request = SessionOptions::help;
+        options.text = parser.helpText();
+    } else if (isParsed && parser.isSet("version")) {
+        options.request = SessionOptions::version;
+        options.text = QCoreApplication::applicationName() + ' '
+            + QCoreApplication::applicationVersion() + '\n';
+    } else {
+        options.text = isParsed ? mistakeIn(parser, options) : parser.errorText();
+        if (!options.text.isEmpty()) {
+            options.request = SessionOptions::nothing;
+        }
+    }
+    return options;
+}

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// What quorin-session is told on its command line.
+struct SessionOptions {
+    QString folder; ///< that the records go to
+    QString replayed; ///< a record to compute again
+    std::optional<qint64> seed; ///< none: one from the system
+
+    enum Request { record, replay, help, version, nothing };
+    Request request = record; ///< nothing: the command line cannot be followed
+    QString text; ///< the help, the version, or what is wrong
+};
+
+/// Seeds that give sequences of their own: 1 to this. With 0 the generator would give that of 1.
+constexpr qint64 largestSeed = 2147483646;
+
+/// Reads the command line. Needs a QCoreApplication.
+/// @param arguments the program's name first
+SessionOptions sessionOptions(const QStringList& arguments);

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// quorin-session: the application's windows with a recorder beside them, or a record replayed.
+#include "app/MainWindow.h"
+#include "session/FlightRecorder.h"
+#include "session/Recomputation.h"
+#include "session/SessionOptions.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLockFile>
+#include <QMessageBox>
+#include <QRandomGenerator>
+#include <QTextStream>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr int success = 0;
+constexpr int somethingIsWrong = 1;
+constexpr int wrongUsage = 2;
+
+void complain(const QString& what)
+{
+    QTextStream(stderr) << "quorin-session: " << what << '\n';
+}
+
+int replay(const QString& path)
+{
+    const ReadRecord record = readRecordFile(path);
+    if (!record.error.isEmpty()) {
+        const QString line = record.line > 0 ? QString(":%1").arg(record.line) : QString();
+        complain(path + line + ": " + record.error);
+        return somethingIsWrong;
+    }
+    if (record.run.isCut) {
+        complain(path + ": note: the last line is cut short and left out");
+    }
+    const QStringList differences = differencesOf(record.run);
+    QTextStream output(stdout);
+    for (const QString& difference : differences) {
+        output << path << ": " << difference << '\n';
+    }
+    int nSounds = 0;
+    for (const RecordedTrial& trial : record.run.trials) {
+        nSounds += trial.sounds.size();
+    }
+    output << path << ": "
+           << (differences.isEmpty() ? QString("the same")
+                                     : QString("%1 differences").arg(differences.size()))
+           << QString(" in %1 trials and %2 sounds\n").arg(record.run.trials.size()).arg(nSounds);
+    return differences.isEmpty() ? success : somethingIsWrong;
+}
+
+// Beside the windows, without taking the keyboard from the listener.
+void show(const QString& fault)
+{
+    complain(fault);
+    auto* const box = new QMessageBox(QMessageBox::Warning, "Recording",
+        fault + "\n\nThe run goes on. What is not written is kept and tried again.");
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setAttribute(Qt::WA_ShowWithoutActivating);
+    box->setModal(false);
+    box->show();
+}
+
+QString lockError(const QLockFile& lock, const QString& folder)
+{
+    qint64 pid = 0;
+    QString host;
+    QString program;
+    if (lock.error() == QLockFile::LockFailedError && lock.getLockInfo(&pid, &host, &program)) {
+        return QString("%1: another session records here: process %2 on %3")
+            .arg(folder)
+            .arg(pid)
+            .arg(host);
+    }
+    return folder + ": cannot be written to";
+}
+
+int record(const SessionOptions& options)
+{
+    QLockFile lock(QDir(options.folder).filePath(".quorin-session.lock"));
+    lock.setStaleLockTime(0); // only a process that is gone gives its lock up, however old it is
+    if (!lock.tryLock()) {
+        complain(lockError(lock, options.folder));
+        return somethingIsWrong;
+    }
+    const qint64 seed = options.seed.value_or(
+        QRandomGenerator::system()->bounded(1, static_cast<int>(largestSeed) + 1));
+    qsrand(static_cast<uint>(seed));
+    MainWindow window;
+    FlightRecorder recorder(window, options.folder, seed);
+    QObject::connect(&recorder, &FlightRecorder::failed, &show);
+    QObject::connect(&recorder, &FlightRecorder::recovered, [] { complain("recording again"); });
+    window.show();
+    const int status = QApplication::exec();
+    return recorder.flush() ? status : somethingIsWrong;
+}
+
+QStringList argumentsOf(int argc, char* argv[])
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    }
+    return arguments;
+}
+
+/// Help, mistakes and replays need no display.
+int answered(const SessionOptions& options)
+{
+    switch (options.request) {
+    case SessionOptions::replay:
+        return replay(options.replayed);
+    case SessionOptions::nothing:
+        complain(options.text);
+        return wrongUsage;
+    default:
+        QTextStream(stdout) << options.text;
+        return success;
+    }
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const QStringList arguments = argumentsOf(argc, argv);
+    QCoreApplication::setApplicationName("quorin-session");
+    QCoreApplication::setApplicationVersion(QUORIN_VERSION);
+    int nNames = 1; // Qt takes options of its own from a command line: it gets none
+    SessionOptions options;
+    {
+        const QCoreApplication application(nNames, argv);
+        options = sessionOptions(arguments);
+        if (options.request != SessionOptions::record) {
+            return answered(options);
+        }
+    }
+    QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
+    const QApplication application(nNames, argv);
+    return record(options);
+}

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Plays recorded runs without sound until it is killed. Prints how many lines of the run under way
+// have been written, after each step.
+#include "drivers/RunDriver.h"
+#include "session/FlightRecorder.h"
+#include "support/MainWindowProbe.h"
+#include "support/WindowWidgets.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+class Victim {
+public:
+    explicit Victim(const QString& folder)
+        : m_recorder(m_window, folder, 1)
+        , m_driver(m_window)
+    {
+        type(m_window, "lineEditStdDuration", "10");
+        type(m_window, "lineEditDevDuration", "10");
+    }
+
+    // Of each trial: three sounds start and end, the fourth starts; then four lines come at once.
+    void play()
+    {
+        m_driver.open();
+        wrote(1);
+        m_driver.beReady();
+        wrote(1);
+        for (int trial = 0;; ++trial) {
+            for (int i = 0; i < 3; ++i) {
+                m_driver.startSound();
+                wrote(1);
+                m_driver.endSound();
+                wrote(1);
+            }
+            m_driver.startSound();
+            wrote(1);
+            m_driver.endSound();
+            wrote(0);
+            m_driver.answerRightly(true);
+            wrote(4);
+        }
+    }
+
+private:
+    void wrote(int nLines)
+    {
+        QCoreApplication::processEvents();
+        m_lines += nLines;
+        std::printf("%s %d\n", qUtf8Printable(m_recorder.recordName()), m_lines);
+        std::fflush(stdout);
+    }
+
+    MainWindow m_window;
+    FlightRecorder m_recorder;
+    RunDriver m_driver;
+    int m_lines = 0;
+};
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const QApplication application(argc, argv);
+    Victim(QApplication::arguments().value(1)).play();
+    return 0;
+}

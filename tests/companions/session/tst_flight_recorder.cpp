@@ -1,0 +1,389 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the recorder writes of a run, when it writes it, and what a full disk does to it.
+#include "RecordedRun.h"
+#include "app/PlayedSound.h"
+#include "procedure/StaircaseRule.h"
+#include "support/ModalBoxes.h"
+#include "support/TestProgram.h"
+#include "support/WindowTest.h"
+
+#include <QCryptographicHash>
+#include <QProcess>
+#include <QSignalSpy>
+
+#include <csignal>
+#include <sys/resource.h>
+
+using namespace quorin;
+
+namespace {
+
+QStringList eventsOf(const QVector<QJsonObject>& lines)
+{
+    QStringList events;
+    for (const QJsonObject& line : lines) {
+        QString event = line["event"].toString();
+        if (line.contains("interval"))
+            event += ' ' + QString::number(line["interval"].toInt());
+        events.append(event);
+    }
+    return events;
+}
+
+QVector<QJsonObject> linesOf(const QVector<QJsonObject>& lines, const QString& event)
+{
+    QVector<QJsonObject> found;
+    for (const QJsonObject& line : lines) {
+        if (line["event"] == event)
+            found.append(line);
+    }
+    return found;
+}
+
+QString digestOf(const QByteArray& bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+}
+
+const QStringList trialEvents {"trial", "sound 1", "ended 1", "sound 2", "ended 2", "sound 3",
+    "ended 3", "sound 4", "ended 4", "answer allowed", "answer"};
+
+/// Until it ends, no file of this process grows beyond a size: as on a full disk, what still fits
+/// is written and the rest is not.
+class SmallDisk {
+public:
+    explicit SmallDisk(qint64 size)
+        : m_before(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &m_limit);
+        const rlimit small = {static_cast<rlim_t>(size), m_limit.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~SmallDisk()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &m_limit);
+        std::signal(SIGXFSZ, m_before);
+    }
+
+private:
+    rlimit m_limit {};
+    void (*m_before)(int);
+};
+
+} // namespace
+
+class TestFlightRecorder : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void run_isRecordedEventByEvent()
+    {
+        RecordedRun run;
+        run.play("cwc");
+        const QVector<QJsonObject> lines = run.lines();
+        QCOMPARE(eventsOf(lines),
+            QStringList("run") + trialEvents + trialEvents + trialEvents + QStringList("result"));
+
+        const double second = steppedValue(0.5, -2, 1.0);
+        const double third = steppedValue(second, 4, 1.0);
+        const QVector<QJsonObject> answers = linesOf(lines, "answer");
+        const Data& data = run.window->sessionRecord();
+        for (int i = 0; i < 3; ++i) {
+            const QJsonObject trial = linesOf(lines, "trial")[i];
+            QCOMPARE(trial["trial"].toInt(), i + 1);
+            QCOMPARE(trial["position"].toInt(), data.records[i].stimulusPosition);
+            QCOMPARE(trial["value"].toDouble(), QVector<double>({0.5, second, third})[i]);
+            QCOMPARE(answers[i]["value"], trial["value"]);
+            QCOMPARE(answers[i]["correct"].toBool(), i != 1);
+            QCOMPARE(answers[i]["response"].toInt(), data.records[i].responsePosition);
+            QCOMPARE(answers[i]["reaction_ms"].toDouble(), data.records[i].reactionTime);
+            QCOMPARE(answers[i]["reversal"].toBool(), i > 0);
+            QCOMPARE(answers[i]["reversals"].toInt(), i);
+        }
+        QCOMPARE(answers[0]["value_after"].toDouble(), second);
+        QCOMPARE(answers[1]["value_after"].toDouble(), third);
+        QVERIFY(answers[2]["value_after"].isNull());
+        QCOMPARE(lines.last()["threshold"].toDouble(), third);
+        QCOMPARE(lines.last()["trials"].toInt(), 3);
+        QCOMPARE(lines.last()["mean_reaction_ms"].toDouble(), data.meanReactionTime);
+    }
+
+    void everyLine_satisfiesTheSchema()
+    {
+        RecordedRun run;
+        run.play("cwc");
+        const QByteArray finished = run.content();
+        ModalBoxes boxes;
+        boxes.answerNext(QMessageBox::Yes);
+        run.dismiss();
+        run.play("c");
+        boxes.answerNext(QMessageBox::Yes);
+        Probe::subjectWindow(*run.window)->close();
+        QFile all(run.path("all"));
+        QVERIFY(all.open(QIODevice::WriteOnly));
+        all.write(finished + run.content());
+        all.write(R"({"event":"save failed","trials":0,"threshold":"nan","mean_reaction_ms":"nan",)"
+                  R"("mean_reaction_correct_ms":"nan","mean_reaction_wrong_ms":"nan","at_ms":1,)"
+                  R"("reason":"full"})");
+        all.close();
+        const char* const check = "import json, jsonschema, sys\n"
+                                  "schema = json.load(open(sys.argv[1]))\n"
+                                  "jsonschema.Draft202012Validator.check_schema(schema)\n"
+                                  "validator = jsonschema.Draft202012Validator(schema)\n"
+                                  "seen = set()\n"
+                                  "for line in map(json.loads, open(sys.argv[2])):\n"
+                                  "    validator.validate(line)\n"
+                                  "    seen.add(line['event'])\n"
+                                  "    for key in line:\n"
+                                  "        less = dict(line)\n"
+                                  "        del less[key]\n"
+                                  "        assert not validator.is_valid(less), key\n"
+                                  "print(len(seen))\n";
+        QProcess python;
+        python.setProcessChannelMode(QProcess::MergedChannels);
+        python.start("/usr/bin/python3", {"-c", check, RECORD_SCHEMA, all.fileName()});
+        QVERIFY(python.waitForFinished());
+        QCOMPARE(QString(python.readAll()), QString("9\n"));
+    }
+
+    void firstLine_hasAllThatTheRunDependsOn()
+    {
+        RecordedRun run(42);
+        run.play({});
+        const QJsonObject line = run.lines().first();
+        QCOMPARE(line["version"].toInt(), 1);
+        QCOMPARE(line["seed"].toInt(), 42);
+        QCOMPARE(line["draws_before"].toInt(), 48000); // two sounds of 24000 samples of noise
+        QCOMPARE(line["session_type"].toString(), QString("test"));
+        QCOMPARE(line["sound_type"].toString(), QString("noise"));
+        QCOMPARE(line["main_parameter"].toString(), QString("modulation depth"));
+        QCOMPARE(line["go"].toObject()["subCode"].toString(), QString("S/07"));
+        QCOMPARE(line["go"].toObject()["nSamples"].toArray(), QJsonArray({400, 400}));
+        QCOMPARE(line["go"].toObject()["dur"].toArray(), QJsonArray({0.01, 0.01}));
+        QCOMPARE(line["screens"].toArray().first().toObject()["width"].toInt(), 800);
+        QCOMPARE(line["locale"].toString(), QLocale().name());
+        QCOMPARE(line["qt_version"].toString(), QString(qVersion()));
+        QVERIFY(line["audio"].toObject().contains("device"));
+    }
+
+    void digest_isThatOfTheBytesPlayed()
+    {
+        RecordedRun run;
+        run.driver.open();
+        run.driver.beReady();
+        QStringList played;
+        for (int i = 0; i < 4; ++i) {
+            run.driver.startSound();
+            played.append(digestOf(*Probe::audioBytes(*run.window)));
+            run.driver.endSound();
+        }
+        run.driver.answerRightly(true);
+        QCoreApplication::processEvents();
+        const QVector<QJsonObject> sounds = linesOf(run.lines(), "sound");
+        QCOMPARE(sounds.size(), 4);
+        for (int i = 0; i < 4; ++i)
+            QCOMPARE(sounds[i]["sha256"].toString(), played[i]);
+        QVERIFY(played[0] == played[3] && played[1] != played[2]);
+    }
+
+    void lines_areWrittenAtOnce_exceptWhileAnAnswerIsAwaited()
+    {
+        RecordedRun run;
+        run.driver.open();
+        QCOMPARE(eventsOf(run.lines()), QStringList("run"));
+        run.driver.beReady();
+        QStringList expected = QStringList({"run", "trial"});
+        for (int i = 1; i <= 3; ++i) {
+            run.driver.startSound();
+            run.driver.endSound();
+            QCoreApplication::processEvents();
+            expected << QString("sound %1").arg(i) << QString("ended %1").arg(i);
+            QCOMPARE(eventsOf(run.lines()), expected);
+        }
+        run.driver.startSound();
+        QCoreApplication::processEvents();
+        expected << "sound 4";
+        QCOMPARE(eventsOf(run.lines()), expected);
+        run.driver.endSound();
+        QCoreApplication::processEvents();
+        QCOMPARE(eventsOf(run.lines()), expected);
+        run.driver.answerRightly(true);
+        QCoreApplication::processEvents();
+        expected << "ended 4"
+                 << "answer allowed"
+                 << "answer"
+                 << "trial";
+        QCOMPARE(eventsOf(run.lines()), expected);
+    }
+
+    void resultsFile_hasTheBytesThatTheApplicationWrites_andADialogCancelledLosesNothing()
+    {
+        RecordedRun run;
+        checkBoxOf(*run.window, "checkBoxSaveData")->setChecked(true);
+        ModalBoxes boxes;
+        boxes.chooseFile(run.path("saved.txt"));
+        run.play("cwc");
+        const QByteArray saved = RecordedRun::contentOf(run.path("saved.txt"));
+        QCOMPARE(saved.count('\n'), 4);
+        const QString name = run.lines().last()["results_file"].toString();
+        QCOMPARE(name, QString(run.recorder.recordName()).replace(".jsonl", ".txt"));
+        QCOMPARE(RecordedRun::contentOf(run.path(name)), saved);
+
+        boxes.answerNext(QMessageBox::Yes);
+        run.dismiss();
+        boxes.cancelFile();
+        announceWarning("QFSFileEngine::open: No file name specified");
+        const QString first = run.recordPath();
+        run.play("cwc");
+        QVERIFY(run.recordPath() != first);
+        QCOMPARE(boxes.fileChoices().size(), 2);
+        QCOMPARE(run.lines().last()["event"].toString(), QString("result"));
+    }
+
+    void name_isSubjectTimeAndNumber()
+    {
+        QCOMPARE(runFileName("S/07", "2026-01-02T03:04:05.678+01:00", 7),
+            QString("S_07_20260102-030405_007"));
+        QCOMPARE(runFileName({}, "2026-01-02T03:04:05.678Z", 1000),
+            QString("subject_20260102-030405_1000"));
+        QCOMPARE(runFileName(QString(50, 'x'), "2026-01-02T03:04:05.678Z", 1),
+            QString(40, 'x') + "_20260102-030405_001");
+    }
+
+    void file_isNeverAnExistingOne_norItsResultsFile()
+    {
+        const QTemporaryDir folder;
+        const QString time = "2026-01-02T03:04:05.678Z";
+        const auto fill = [&folder](const QString& name) {
+            QFile file(folder.filePath(name));
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write("mine") == 4);
+        };
+        fill("S_20260102-030405_001.jsonl");
+        fill("S_20260102-030405_002.txt");
+        QVERIFY(QFile::link("nowhere", folder.filePath("S_20260102-030405_003.txt")));
+        RecordFile file(folder.path(), "S", time);
+        file.append("line\n");
+        QVERIFY(file.sync());
+        QCOMPARE(file.recordName(), QString("S_20260102-030405_004.jsonl"));
+        QCOMPARE(file.writeResults("results"), QString());
+        const QString results = folder.filePath("S_20260102-030405_004.txt");
+        QCOMPARE(RecordedRun::contentOf(results), QByteArray("results"));
+        QVERIFY(file.writeResults("others").startsWith(results + ": cannot be written: "));
+        QCOMPARE(RecordedRun::contentOf(results), QByteArray("results"));
+        QCOMPARE(RecordedRun::contentOf(folder.filePath("S_20260102-030405_001.jsonl")),
+            QByteArray("mine"));
+    }
+
+    void closedWindow_abandonsTheRun()
+    {
+        RecordedRun run;
+        run.play("c");
+        ModalBoxes boxes;
+        boxes.answerNext(QMessageBox::Yes);
+        Probe::subjectWindow(*run.window)->close();
+        const QJsonObject last = run.lines().last();
+        QCOMPARE(last["event"].toString(), QString("abandoned"));
+        QCOMPARE(last["reason"].toString(), QString("the listener's window was closed"));
+        QCOMPARE(last["trials"].toInt(), 1);
+        run.driver.playTrial(); // the loop goes on unheard
+        QCoreApplication::processEvents();
+        QCOMPARE(run.lines().last(), last);
+        const QString first = run.recordPath();
+        run.play("cwc");
+        QVERIFY(run.recordPath() != first);
+        QCOMPARE(run.lines().last()["event"].toString(), QString("result"));
+    }
+
+    void endOfTheProgram_abandonsTheRun()
+    {
+        const QTemporaryDir folder;
+        MainWindow window;
+        RunDriver driver(window);
+        QString name;
+        {
+            const FlightRecorder recorder(window, folder.path(), 1);
+            driver.open();
+            driver.beReady();
+            name = recorder.recordName();
+        }
+        const QByteArrayList lines
+            = RecordedRun::contentOf(folder.filePath(name)).trimmed().split('\n');
+        QCOMPARE(lines.size(), 3);
+        QVERIFY(lines.last().contains(R"("reason":"the program was ended")"));
+    }
+
+    void fullDisk_isToldAfterTheAnswer_andNothingIsLost()
+    {
+        RecordedRun run;
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
+        const QSignalSpy recoveries(&run.recorder, &FlightRecorder::recovered);
+        run.driver.open();
+        run.driver.beReady();
+        QCoreApplication::processEvents();
+        const qint64 size = run.content().size();
+        {
+            const SmallDisk disk(size + 100);
+            run.driver.playTrial();
+            QCoreApplication::processEvents();
+            QCOMPARE(failures.size(), 0);
+            run.driver.answerRightly(true);
+            QCoreApplication::processEvents();
+            QVERIFY(run.content().size() <= size + 100);
+            run.driver.playTrial();
+            run.driver.answerRightly(false);
+            QCOMPARE(failures.size(), 1);
+            QVERIFY(
+                failures[0][0].toString().startsWith(run.recordPath() + ": cannot be written: "));
+        }
+        QCOMPARE(recoveries.size(), 0);
+        run.driver.playTrial();
+        run.driver.answerRightly(true);
+        QCOMPARE(recoveries.size(), 1);
+        QCOMPARE(eventsOf(run.lines()),
+            QStringList("run") + trialEvents + trialEvents + trialEvents + QStringList("result"));
+    }
+
+    void removedFolder_isTold_andTheRecordIsMadeAnewWhenItIsBack()
+    {
+        RecordedRun run;
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
+        run.driver.open();
+        run.driver.beReady();
+        QVERIFY(QDir(run.folder.path()).removeRecursively());
+        run.driver.playTrial();
+        QCoreApplication::processEvents();
+        run.driver.answerRightly(true);
+        QCoreApplication::processEvents();
+        run.driver.playTrial();
+        run.driver.answerRightly(false);
+        QCOMPARE(failures.size(), 1);
+        QVERIFY(failures[0][0].toString().endsWith("cannot be written: No such file or directory"));
+        QVERIFY(QDir().mkpath(run.folder.path()));
+        run.driver.playTrial();
+        run.driver.answerRightly(true);
+        QCOMPARE(eventsOf(run.lines()),
+            QStringList("run") + trialEvents + trialEvents + trialEvents + QStringList("result"));
+        QCOMPARE(run.names().size(), 2);
+    }
+
+    void folderGoneForGood_losesNoRunWhileTheProgramGoesOn()
+    {
+        RecordedRun run;
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
+        QVERIFY(QDir(run.folder.path()).removeRecursively());
+        run.play("cwc");
+        QCOMPARE(run.window->sessionRecord().records.size(), 3);
+        QVERIFY(!failures.isEmpty());
+        QVERIFY(!run.recorder.flush());
+        ModalBoxes boxes;
+        boxes.answerNext(QMessageBox::Yes);
+        run.dismiss();
+        run.play("cwc");
+        QVERIFY(QDir().mkpath(run.folder.path()));
+        QVERIFY(run.recorder.flush());
+        QCOMPARE(run.names().filter(".jsonl").size(), 2);
+    }
+};
+
+QUORIN_TEST(TestFlightRecorder);
+#include "tst_flight_recorder.moc"

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Records of programs that were killed at random moments.
+#include "record/RecordReader.h"
+#include "session/Recomputation.h"
+#include "support/QuietTest.h"
+#include "support/TestProgram.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QThread>
+
+class TestKilledSessions : public QuietTest {
+    Q_OBJECT
+
+private slots:
+    void record_lacksNoMoreThanTheEventUnderWay_whenTheProgramIsKilled()
+    {
+        const bool isTold = qEnvironmentVariableIsSet("QUORIN_KILLS");
+        const int nKills = isTold ? qEnvironmentVariableIntValue("QUORIN_KILLS") : 5;
+        QVERIFY(nKills > 0);
+        int nCut = 0;
+        int nLines = 0;
+        for (int i = 0; i < nKills; ++i) {
+            const QTemporaryDir folder;
+            const QByteArray lastStep = killedAtRandom(folder.path());
+            const QByteArrayList step = lastStep.split(' ');
+            QCOMPARE(step.size(), 2);
+            const QString path = folder.filePath(step[0]);
+            const ReadRecord read = readRecordFile(path);
+            QVERIFY2(read.error.isEmpty(), qPrintable(read.error));
+            nCut += read.run.isCut ? 1 : 0;
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            const int nWritten = file.readAll().count('\n');
+            constexpr int mostLinesOfAStep = 4;
+            QVERIFY(nWritten >= step[1].toInt());
+            QVERIFY(nWritten <= step[1].toInt() + mostLinesOfAStep);
+            QCOMPARE(differencesOf(read.run), QStringList());
+            nLines += nWritten;
+        }
+        qInfo("%d kills, %d lines, %d cut", nKills, nLines, nCut);
+    }
+
+private:
+    // What the program has printed last. The moment is random within the first trials.
+    static QByteArray killedAtRandom(const QString& folder)
+    {
+        constexpr quint32 latestUs = 200000;
+        QProcess victim;
+        victim.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        victim.setStandardErrorFile(QProcess::nullDevice());
+        victim.start(SESSION_VICTIM, {folder});
+        if (!victim.waitForReadyRead())
+            return {};
+        QThread::usleep(QRandomGenerator::system()->bounded(latestUs));
+        victim.kill();
+        victim.waitForFinished();
+        QByteArrayList steps = victim.readAllStandardOutput().split('\n');
+        steps.removeLast();
+        return steps.isEmpty() ? QByteArray() : steps.last();
+    }
+};
+
+QUORIN_GUILESS_TEST(TestKilledSessions);
+#include "tst_killed_sessions.moc"

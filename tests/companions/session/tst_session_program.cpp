@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// quorin-session from its command line: options, replays, and two sessions in one folder.
+#include "RecordedRun.h"
+#include "support/TestProgram.h"
+#include "support/WindowTest.h"
+
+#include <QProcess>
+
+namespace {
+
+struct Outcome {
+    QString output;
+    QString errors;
+    int status;
+};
+
+Outcome session(const QStringList& arguments)
+{
+    QProcess program;
+    program.start(SESSION_PROGRAM, arguments);
+    if (!program.waitForFinished())
+        qFatal("quorin-session does not end");
+    return {program.readAllStandardOutput(), program.readAllStandardError(), program.exitCode()};
+}
+
+QString lockOf(const QTemporaryDir& folder)
+{
+    return folder.filePath(".quorin-session.lock");
+}
+
+/// A session that goes on until it is killed.
+class Session {
+public:
+    explicit Session(const QTemporaryDir& folder)
+    {
+        m_program.setStandardErrorFile(QProcess::nullDevice());
+        m_program.start(SESSION_PROGRAM, {folder.path()});
+    }
+    ~Session()
+    {
+        m_program.kill();
+        m_program.waitForFinished();
+    }
+
+    qint64 pid() const { return m_program.processId(); }
+    bool isRunning() const { return m_program.state() == QProcess::Running; }
+
+private:
+    QProcess m_program;
+};
+
+bool isLockedBy(const QTemporaryDir& folder, qint64 pid)
+{
+    return RecordedRun::contentOf(lockOf(folder)).startsWith(QByteArray::number(pid) + '\n');
+}
+
+} // namespace
+
+class TestSessionProgram : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void badOptions_areToldOnOneLine_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("nothing") << QStringList() << "no folder is given";
+        QTest::newRow("no folder there") << QStringList("/nowhere") << "/nowhere: is no folder";
+        QTest::newRow("a file") << QStringList("/dev/null") << "/dev/null: is no folder";
+        QTest::newRow("two folders")
+            << QStringList({"/tmp", "/var"}) << R"(one folder is wanted, not also "/var")";
+        QTest::newRow("unknown option")
+            << QStringList({"/tmp", "--sed", "1"}) << "Unknown option 'sed'.";
+        for (const QString seed : {"0", "2147483647", "-1", "x", "1.5", ""}) {
+            QTest::newRow(qPrintable("seed " + seed))
+                << QStringList({"/tmp", "--seed=" + seed})
+                << "--seed must be 1 to 2147483646, not \"" + seed + '"';
+        }
+        QTest::newRow("replay of nothing")
+            << QStringList({"--replay", ""}) << "--replay needs a name";
+        QTest::newRow("replay and folder")
+            << QStringList({"--replay", "a", "/tmp"}) << "--replay goes with nothing else";
+        QTest::newRow("replay and seed")
+            << QStringList({"--replay", "a", "--seed", "1"}) << "--replay goes with nothing else";
+    }
+
+    void badOptions_areToldOnOneLine()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, error);
+        const Outcome outcome = session(arguments);
+        QCOMPARE(outcome.errors, "quorin-session: " + error + '\n');
+        QCOMPARE(outcome.output, QString());
+        QCOMPARE(outcome.status, 2);
+    }
+
+    void helpAndVersion_arePrinted()
+    {
+        QVERIFY(session({"--help"}).output.contains("--replay <file>"));
+        QCOMPARE(session({"--version"}).output, QString("quorin-session " QUORIN_VERSION "\n"));
+        QCOMPARE(session({"--version"}).status, 0);
+    }
+
+    void replay_tellsTheSame_andWhatWasChanged()
+    {
+        RecordedRun run(3);
+        run.play("cwc");
+        const QString path = run.recordPath();
+        const Outcome same = session({"--replay", path});
+        QCOMPARE(same.output, path + ": the same in 3 trials and 12 sounds\n");
+        QCOMPARE(same.errors, QString());
+        QCOMPARE(same.status, 0);
+
+        QFile changed(run.path("changed.jsonl"));
+        QVERIFY(changed.open(QIODevice::WriteOnly));
+        const QByteArray content = run.content().replace("\"correct\":true", "\"correct\":false");
+        changed.write(content.chopped(5));
+        changed.close();
+        const Outcome other = session({"--replay", changed.fileName()});
+        const QString name = changed.fileName();
+        QCOMPARE(other.output,
+            name + ": trial 1: correctness: recorded no, computed yes\n" + name
+                + ": trial 3: correctness: recorded no, computed yes\n" + name
+                + ": 2 differences in 3 trials and 12 sounds\n");
+        QCOMPARE(other.errors,
+            "quorin-session: " + changed.fileName()
+                + ": note: the last line is cut short and left out\n");
+        QCOMPARE(other.status, 1);
+    }
+
+    void replay_refusesWhatIsNoRecord()
+    {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath("notes"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("Dear all,\n");
+        file.close();
+        const Outcome outcome = session({"--replay", file.fileName()});
+        QCOMPARE(outcome.errors,
+            "quorin-session: " + file.fileName() + ":1: is no JSON: illegal value\n");
+        QCOMPARE(outcome.status, 1);
+        QCOMPARE(session({"--replay", "/nowhere"}).errors,
+            QString("quorin-session: /nowhere: cannot be read: No such file or directory\n"));
+    }
+
+    void secondSession_isRefused_untilTheFirstIsGone()
+    {
+        const QTemporaryDir folder;
+        {
+            const Session first(folder);
+            QTRY_VERIFY(isLockedBy(folder, first.pid()));
+            const Outcome second = session({folder.path()});
+            QCOMPARE(second.errors,
+                QString("quorin-session: %1: another session records here: process %2 on %3\n")
+                    .arg(folder.path())
+                    .arg(first.pid())
+                    .arg(QSysInfo::machineHostName()));
+            QCOMPARE(second.status, 1);
+            QVERIFY(first.isRunning());
+        }
+        QVERIFY(QFile::exists(lockOf(folder))); // it was killed
+        const Session next(folder);
+        QTRY_VERIFY(isLockedBy(folder, next.pid()));
+        QVERIFY(next.isRunning());
+    }
+};
+
+QUORIN_TEST(TestSessionProgram);
+#include "tst_session_program.moc"
