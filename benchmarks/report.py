@@ -160,6 +160,13 @@ def companions(folder):
     table("Reading 10,000 results files, s", ["", "time"],
           [["table, CSV and summary", figure(report["real"])]])
 
+    recorder = medians(folder, "recorder")
+    rows = [[label, figure(recorder[f"recorder/{name}"]["real"] * MICRO, 0)]
+            for label, name in (("a line to the disk", "one line to the disk/real_time"),
+                                ("a line made", "make a line/real_time"),
+                                ("the digest of a sound of 600 ms", "digest of a sound/real_time"))]
+    table("Recording a run, µs", ["", "time"], rows)
+
 
 def main(folder):
     for part in (transform, signal, turnaround, listeners, startup, memory, companions):

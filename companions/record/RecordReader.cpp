@@ -40,7 +40,7 @@ private:
         FieldReader reader(m_object);
         Line::eachField(line, reader);
         return reader.badKey().isEmpty() ? QString()
-                                         : QString("\"%1\": \"%2\" is missing or of a wrong kind")
+                                         : QString(R"("%1": "%2" is missing or of a wrong kind)")
                                                .arg(Line::event, reader.badKey());
     }
 

@@ -13,15 +13,19 @@
 
 #include <QBuffer>
 #include <QCryptographicHash>
+#include <QDir>
 #include <QPushButton>
 #include <QTextStream>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 using namespace quorin;
 
 namespace {
+
+const char* const endOfProgram = "the program was ended";
 
 QByteArray resultsBytes(const Data& data)
 {
@@ -59,7 +63,7 @@ FlightRecorder::FlightRecorder(MainWindow& window, QString folder, qint64 seed)
 
 FlightRecorder::~FlightRecorder()
 {
-    abandon("the program was ended");
+    abandon(endOfProgram);
 }
 
 QString FlightRecorder::recordName() const
@@ -83,6 +87,7 @@ void FlightRecorder::begin()
     m_trials = 0;
     m_answers = 0;
     m_reversals = 0;
+    m_hasSoundFailed = false;
     RunBegun line = runSettings(m_window);
     line.seed = m_seed;
     line.drawsBefore = m_drawsBeforeView;
@@ -160,6 +165,7 @@ void FlightRecorder::catchUp()
     if (data.records.size() > m_answers) {
         noteAnswer();
         tellFault();
+        tellSoundFailure();
     }
     if (data.nTrials > m_trials) {
         noteTrial();
@@ -266,6 +272,23 @@ bool FlightRecorder::flush()
     return isWritten;
 }
 
+QStringList FlightRecorder::rescue(const QString& otherFolder)
+{
+    QStringList told;
+    abandon(endOfProgram);
+    flush();
+    for (const auto& each : m_files) {
+        if (each->sync()) {
+            continue;
+        }
+        each->moveTo(otherFolder);
+        told.append(each->sync()
+                ? QString("%1: kept here").arg(QDir(otherFolder).filePath(each->recordName()))
+                : each->error());
+    }
+    return told;
+}
+
 // Boxes must not open while a trial is heard: this is called between trials only.
 void FlightRecorder::tellFault()
 {
@@ -281,10 +304,18 @@ void FlightRecorder::tellFault()
     }
 }
 
-// Microseconds are enough, and keep the lines short.
+void FlightRecorder::tellSoundFailure()
+{
+    const bool hadFailed = m_hasSoundFailed;
+    m_hasSoundFailed = m_window.runDisturbances().constLast().hasOutputFailed;
+    if (m_hasSoundFailed && !hadFailed) {
+        emit soundFailed(m_answers);
+    }
+}
+
 double FlightRecorder::nowMs() const
 {
-    constexpr qint64 nsPerUs = 1000;
-    constexpr double usPerMs = 1000.0;
-    return static_cast<double>(m_clock.nsecsElapsed() / nsPerUs) / usPerMs;
+    constexpr double nsPerMs = 1e6;
+    constexpr double usPerMs = 1000.0; // microseconds are enough, and keep the lines short
+    return std::floor(static_cast<double>(m_clock.nsecsElapsed()) / nsPerMs * usPerMs) / usPerMs;
 }

@@ -32,6 +32,9 @@ public:
     /// Brings to the disk what waits in memory.
     /// @return whether all is there
     bool flush();
+    /// Ends the recording. What could not be written to the folder is written to another one.
+    /// @return a line for each record that is there now, or cannot be written there either
+    QStringList rescue(const QString& otherFolder);
     /// The name of the record under way or of the last one; empty before the first.
     QString recordName() const;
 
@@ -40,6 +43,8 @@ signals:
     void failed(const QString& what);
     /// All that waited is on the disk again.
     void recovered();
+    /// The sound output failed in a trial, the first of several in a row. Comes after its answer.
+    void soundFailed(int trial);
 
 private:
     /// A line that waits, and the sound whose digest it is still to get.
@@ -62,6 +67,7 @@ private:
     template <typename Line> void add(const Line& line, const QByteArray& sound = {});
     void writeLater();
     void tellFault();
+    void tellSoundFailure();
     RecordFile& file() const { return *m_files.back(); }
     double nowMs() const;
 
@@ -84,4 +90,5 @@ private:
     int m_interruptedTold = 0; ///< of the trial's sounds
     int m_lateTold = 0;
     QString m_fault; ///< told last
+    bool m_hasSoundFailed = false; ///< in the run's last trial
 };

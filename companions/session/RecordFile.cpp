@@ -138,6 +138,12 @@ QString RecordFile::writeResults(const QByteArray& content)
     return {};
 }
 
+void RecordFile::moveTo(const QString& folder)
+{
+    m_folder = folder;
+    m_file.reset();
+}
+
 QString RecordFile::recordName() const
 {
     return m_file == nullptr ? QString() : m_name + recordEnding;

@@ -32,6 +32,8 @@ public:
     /// Makes the file of the run's results beside the record, never one that is there already.
     /// @return what went wrong; empty if all is on the disk
     QString writeResults(const QByteArray& content);
+    /// From now on the file belongs into another folder: the next sync() makes it there, whole.
+    void moveTo(const QString& folder);
     /// Names in the folder; empty before the record's file is made.
     QString recordName() const;
     QString resultsName() const;

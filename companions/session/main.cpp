@@ -54,11 +54,11 @@ int replay(const QString& path)
 }
 
 // Beside the windows, without taking the keyboard from the listener.
-void show(const QString& fault)
+void show(const QString& fault, const QString& consequence)
 {
     complain(fault);
-    auto* const box = new QMessageBox(QMessageBox::Warning, "Recording",
-        fault + "\n\nThe run goes on. What is not written is kept and tried again.");
+    auto* const box
+        = new QMessageBox(QMessageBox::Warning, "Recording", fault + "\n\n" + consequence);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setAttribute(Qt::WA_ShowWithoutActivating);
     box->setModal(false);
@@ -92,11 +92,21 @@ int record(const SessionOptions& options)
     qsrand(static_cast<uint>(seed));
     MainWindow window;
     FlightRecorder recorder(window, options.folder, seed);
-    QObject::connect(&recorder, &FlightRecorder::failed, &show);
+    QObject::connect(&recorder, &FlightRecorder::failed, [](const QString& fault) {
+        show(fault, "The run goes on. What is not written is kept and tried again.");
+    });
+    QObject::connect(&recorder, &FlightRecorder::soundFailed, [](int trial) {
+        show(QString("The sound output failed in trial %1.").arg(trial),
+            "The run goes on. The record tells which trials are concerned.");
+    });
     QObject::connect(&recorder, &FlightRecorder::recovered, [] { complain("recording again"); });
     window.show();
     const int status = QApplication::exec();
-    return recorder.flush() ? status : somethingIsWrong;
+    const QStringList rescued = recorder.rescue(QDir::homePath());
+    for (const QString& text : rescued) {
+        complain(text);
+    }
+    return rescued.isEmpty() ? status : somethingIsWrong;
 }
 
 QStringList argumentsOf(int argc, char* argv[])

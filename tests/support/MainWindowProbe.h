@@ -41,6 +41,7 @@ struct MainWindowProbe {
     static auto& audioBuffer(MainWindow& window) { return window.audioBuffer; }
     static auto& audioFormat(MainWindow& window) { return window.audioFormat; }
     static auto& audioOutput(MainWindow& window) { return window.audioOutput; }
+    static auto& disturbances(MainWindow& window) { return window.disturbances; }
     static auto& soundsAside(MainWindow& window) { return window.soundsAside; }
     static auto& centerWindow(MainWindow& window) { return window.centerWindow; }
     static auto& widthFraction(MainWindow& window) { return window.widthFraction; }

@@ -2,6 +2,7 @@
 // quorin-timing: plays trials on a sound server and prints how exactly they came.
 #include "app/MainWindow.h"
 #include "session/Data.h"
+#include "session/FlightRecorder.h"
 #include "soundlab/PipeWireServer.h"
 #include "soundlab/SoundServer.h"
 #include "timing/TimedRecorder.h"
@@ -19,6 +20,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <memory>
 
 using namespace quorin;
 
@@ -39,6 +41,7 @@ struct Settings {
     RecordingSource source;
     Trials trials;
     float threshold; // samples closer to zero are silence
+    QString folder; // for records of the trials; empty: none
 };
 
 int fail(const QString& text)
@@ -84,6 +87,9 @@ int measure(const Settings& settings)
     if (!recorder.begin())
         return fail(recorder.errorText());
 
+    std::unique_ptr<FlightRecorder> flightRecorder;
+    if (!settings.folder.isEmpty())
+        flightRecorder = std::make_unique<FlightRecorder>(window, settings.folder, 1);
     TrialObserver observer(window);
     observer.startRun(settings.trials.number);
     QObject::connect(&observer, &TrialObserver::finished, qApp, &QApplication::quit);
@@ -114,7 +120,8 @@ int measure(const Settings& settings)
     return EXIT_SUCCESS;
 }
 
-int measureOnPulseAudio(const QString& condition, const Trials& trials, int latencyMs)
+int measureOnPulseAudio(
+    const QString& condition, const Trials& trials, int latencyMs, const QString& folder)
 {
     SoundServer server;
     if (!server.start())
@@ -122,7 +129,7 @@ int measureOnPulseAudio(const QString& condition, const Trials& trials, int late
     return measure({condition,
         {server.address(), server.monitor(), server.environment(), server.settings().rate,
             latencyMs},
-        trials, 0.0F});
+        trials, 0.0F, folder});
 }
 
 int measureOnPipeWire(const QString& condition, const Trials& trials, int latencyMs, int quantum)
@@ -133,7 +140,7 @@ int measureOnPipeWire(const QString& condition, const Trials& trials, int latenc
     return measure({condition,
         {server.address(), PipeWireServer::monitor(), server.environment(), PipeWireServer::rate(),
             latencyMs},
-        trials, 0.0F});
+        trials, 0.0F, {}});
 }
 
 // With a sound card, the source is an input that the output is wired to.
@@ -142,7 +149,7 @@ int measureOnRunningServer(const QCommandLineParser& options, const Trials& tria
     return measure({options.value("label"),
         {qEnvironmentVariable("PULSE_SERVER"), options.value("source"),
             QProcessEnvironment::systemEnvironment(), options.value("rate").toInt(), latencyMs},
-        trials, options.value("threshold").toFloat()});
+        trials, options.value("threshold").toFloat(), {}});
 }
 
 } // namespace
@@ -165,6 +172,8 @@ int main(int argc, char** argv)
         {"source", "What to record of a running server.", "name", "@DEFAULT_MONITOR@"},
         {"rate", "At which a running server is played to and recorded, Hz.", "rate", "48000"},
         {"threshold", "What counts as silence in its recording, of full scale 1.", "value", "0"},
+        {"record", "With PulseAudio: record the trials into a folder, as quorin-session does.",
+            "folder"},
         {"trials", "How many trials to play, four sounds each.", "number", "30"},
         {"sound", "Length of the sounds, ms.", "ms", "60"},
         {"silence", "Silence between them, ms; long enough to tell them apart.", "ms", "120"},
@@ -182,7 +191,7 @@ int main(int argc, char** argv)
     if (std::min({trials.number, trials.soundMs, trials.silenceMs, latencyMs}) < 1)
         return fail("trials, sound, silence and latency must be whole numbers above 0");
     if (server == "pulseaudio")
-        return measureOnPulseAudio(label, trials, latencyMs);
+        return measureOnPulseAudio(label, trials, latencyMs, parser.value("record"));
     if (server == "pipewire")
         return measureOnPipeWire(label, trials, latencyMs, parser.value("quantum").toInt());
     if (server == "running")

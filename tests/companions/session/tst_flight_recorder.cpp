@@ -366,6 +366,43 @@ private slots:
         QCOMPARE(run.names().size(), 2);
     }
 
+    void recordThatCannotBeWritten_isKeptElsewhere_whenTheProgramEnds()
+    {
+        RecordedRun run;
+        const QTemporaryDir other;
+        run.play("cwc");
+        QCOMPARE(run.recorder.rescue(other.path()), QStringList());
+        QVERIFY(QDir(run.folder.path()).removeRecursively());
+        const QStringList rescued = run.recorder.rescue(other.path());
+        const QString path = other.filePath(run.recorder.recordName());
+        QCOMPARE(rescued, QStringList(path + ": kept here"));
+        QCOMPARE(RecordedRun::contentOf(path).count('\n'), 35);
+
+        QVERIFY(QDir(other.path()).removeRecursively());
+        QCOMPARE(run.recorder.rescue("/nowhere"),
+            QStringList(QString("/nowhere/%1: cannot be written: No such file or directory")
+                            .arg(run.recorder.recordName())));
+    }
+
+    void failedOutput_isToldOnce_whileItLasts()
+    {
+        RecordedRun run;
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::soundFailed);
+        run.driver.open();
+        run.driver.beReady();
+        for (const bool fails : {false, true, true, false, true}) {
+            run.driver.playTrial();
+            Probe::disturbances(*run.window).hasOutputFailed = fails;
+            run.driver.answerRightly(true);
+        }
+        QCOMPARE(failures, QList<QVariantList>({{2}, {5}}));
+        run.recorder.flush();
+        QStringList failed;
+        for (const QJsonObject& answer : linesOf(run.lines(), "answer"))
+            failed.append(answer["output_failed"].toBool() ? "yes" : "no");
+        QCOMPARE(failed, QStringList({"no", "yes", "yes", "no", "yes"}));
+    }
+
     void folderGoneForGood_losesNoRunWhileTheProgramGoesOn()
     {
         RecordedRun run;

@@ -49,7 +49,6 @@ private:
     {
         constexpr quint32 latestUs = 200000;
         QProcess victim;
-        victim.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         victim.setStandardErrorFile(QProcess::nullDevice());
         victim.start(SESSION_VICTIM, {folder});
         if (!victim.waitForReadyRead())
