@@ -12,6 +12,8 @@ quorin_install_man_page(quorin-lab)
 install(FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/CITATION.cff"
     "${packaging}/copyright" "${packaging}/changelog"
   DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+install(FILES "${docs}/session-records.md" "${docs}/session-record.schema.json"
+  DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 install(DIRECTORY "${docs}/examples" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 
 # The guide for the browser and on paper: made by the target programs where pandoc and weasyprint
@@ -47,7 +49,8 @@ second or third of which differs; a weighted up-down staircase follows the
 listener's answers to the threshold.
 .
 With it come quorin-simulate, which tells what a choice of settings will give
-before a listener is invited, and quorin-report, which reads the results files.")
+before a listener is invited, quorin-report, which reads the results files, and
+quorin-session, which records every event of every run.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
@@ -65,7 +68,7 @@ include(CPack)
 
 # What is delivered, without the tests.
 add_custom_target(programs)
-add_dependencies(programs quorin-lab quorin-simulate quorin-report)
+add_dependencies(programs quorin-lab quorin-simulate quorin-report quorin-session)
 if(TARGET guide)
   add_dependencies(programs guide)
 endif()

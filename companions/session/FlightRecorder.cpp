@@ -36,6 +36,13 @@ QByteArray resultsBytes(const Data& data)
     return bytes;
 }
 
+// Microseconds are enough, and keep the lines short.
+double inWholeUs(double ms)
+{
+    constexpr double usPerMs = 1000.0;
+    return std::round(ms * usPerMs) / usPerMs;
+}
+
 RunFigures figuresOf(const Data& data, double atMs)
 {
     return {data.records.size(), data.threshold, data.meanReactionTime,
@@ -132,10 +139,11 @@ void FlightRecorder::noteSound(int interval)
     const Data& data = m_window.sessionRecord();
     const double startMs = nowMs();
     const double dueMs = m_lastStartMs + trialPeriodMs(data.silentInterval, data.dur);
+    const double latenessMs = inWholeUs(startMs - dueMs);
     const int trial = m_trials;
     const QBuffer* const sound = m_window.soundNowPlaying();
     m_lastStartMs = startMs;
-    add(SoundStarted {trial, interval, startMs - dueMs, {}, startMs},
+    add(SoundStarted {trial, interval, latenessMs, {}, startMs},
         sound == nullptr ? QByteArray() : sound->data());
     if (sound != nullptr) {
         connect(sound, &QIODevice::aboutToClose, this,
@@ -316,6 +324,5 @@ void FlightRecorder::tellSoundFailure()
 double FlightRecorder::nowMs() const
 {
     constexpr double nsPerMs = 1e6;
-    constexpr double usPerMs = 1000.0; // microseconds are enough, and keep the lines short
-    return std::floor(static_cast<double>(m_clock.nsecsElapsed()) / nsPerMs * usPerMs) / usPerMs;
+    return inWholeUs(static_cast<double>(m_clock.nsecsElapsed()) / nsPerMs);
 }

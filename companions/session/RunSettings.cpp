@@ -53,11 +53,8 @@ QString serverInformation()
 QJsonObject describedAudio()
 {
     const QAudioDeviceInfo device = QAudioDeviceInfo::defaultOutputDevice();
-    QJsonObject audio = {{"device", device.deviceName()}, {"backend", device.realm()}};
-    if (device.realm() == "pulseaudio") {
-        audio.insert("server", soundServer(serverInformation()));
-    }
-    return audio;
+    return {{"device", device.deviceName()}, {"backend", device.realm()},
+        {"server", soundServer(serverInformation())}};
 }
 
 // The offset is left out of ISO 8601 unless it is given.

@@ -3,6 +3,7 @@
 #include "RecordedRun.h"
 #include "app/PlayedSound.h"
 #include "procedure/StaircaseRule.h"
+#include "session/RunSettings.h"
 #include "support/ModalBoxes.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
@@ -164,6 +165,18 @@ private slots:
         QCOMPARE(line["locale"].toString(), QLocale().name());
         QCOMPARE(line["qt_version"].toString(), QString(qVersion()));
         QVERIFY(line["audio"].toObject().contains("device"));
+    }
+
+    void soundServer_isWhatItTellsOfItself()
+    {
+        QCOMPARE(soundServer("Server String: /run/pulse\n"
+                             "Server Name: PulseAudio (on PipeWire 0.3.65)\n"
+                             "Server Version: 15.0.0\n"
+                             "Default Sample Specification: float32le 2ch 48000Hz\n"
+                             "Default Sink: lab\nCookie: 1\n"),
+            QJsonObject({{"name", "PulseAudio (on PipeWire 0.3.65)"}, {"version", "15.0.0"},
+                {"format", "float32le 2ch 48000Hz"}, {"sink", "lab"}}));
+        QCOMPARE(soundServer({}), QJsonObject());
     }
 
     void digest_isThatOfTheBytesPlayed()
