@@ -11,6 +11,7 @@
 #include <QLockFile>
 #include <QMessageBox>
 #include <QRandomGenerator>
+#include <QScreen>
 #include <QTextStream>
 
 #include <unistd.h>
@@ -26,6 +27,39 @@ void complain(const QString& what)
     QTextStream(stderr) << "quorin-session: " << what << '\n';
 }
 
+/// @return the status, or that of a failure where nobody can read the text
+int print(const QString& text, int status)
+{
+    QFile output;
+    output.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
+    const QByteArray bytes = text.toUtf8();
+    if (output.write(bytes) == bytes.size()) {
+        return status;
+    }
+    complain("standard output: cannot be written");
+    return somethingIsWrong;
+}
+
+QString comparison(const QString& path, const RunRecord& run, const QStringList& differences)
+{
+    QString text;
+    for (const QString& difference : differences) {
+        text += path + ": " + difference + '\n';
+    }
+    int nSounds = 0;
+    for (const RecordedTrial& trial : run.trials) {
+        nSounds += trial.sounds.size();
+    }
+    const QString verdict = differences.isEmpty()
+        ? QString("the same")
+        : QString("%1 differences").arg(differences.size());
+    return text
+        + QString("%1: %2 in %3 trials and %4 sounds\n")
+              .arg(path, verdict)
+              .arg(run.trials.size())
+              .arg(nSounds);
+}
+
 int replay(const QString& path)
 {
     const ReadRecord record = readRecordFile(path);
@@ -38,22 +72,11 @@ int replay(const QString& path)
         complain(path + ": note: the last line is cut short and left out");
     }
     const QStringList differences = differencesOf(record.run);
-    QTextStream output(stdout);
-    for (const QString& difference : differences) {
-        output << path << ": " << difference << '\n';
-    }
-    int nSounds = 0;
-    for (const RecordedTrial& trial : record.run.trials) {
-        nSounds += trial.sounds.size();
-    }
-    output << path << ": "
-           << (differences.isEmpty() ? QString("the same")
-                                     : QString("%1 differences").arg(differences.size()))
-           << QString(" in %1 trials and %2 sounds\n").arg(record.run.trials.size()).arg(nSounds);
-    return differences.isEmpty() ? success : somethingIsWrong;
+    return print(comparison(path, record.run, differences),
+        differences.isEmpty() ? success : somethingIsWrong);
 }
 
-// Beside the windows, without taking the keyboard from the listener.
+// Away from the listener's window, and without taking the keyboard from it.
 void show(const QString& fault, const QString& consequence)
 {
     complain(fault);
@@ -62,6 +85,7 @@ void show(const QString& fault, const QString& consequence)
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setAttribute(Qt::WA_ShowWithoutActivating);
     box->setModal(false);
+    box->move(QGuiApplication::primaryScreen()->availableGeometry().topLeft());
     box->show();
 }
 
@@ -128,8 +152,7 @@ int answered(const SessionOptions& options)
         complain(options.text);
         return wrongUsage;
     default:
-        QTextStream(stdout) << options.text;
-        return success;
+        return print(options.text, success);
     }
 }
 

@@ -101,6 +101,17 @@ private slots:
         QCOMPARE(session({"--version"}).status, 0);
     }
 
+    void outputThatCannotBeWritten_isTold()
+    {
+        QProcess program;
+        program.setStandardOutputFile("/dev/full");
+        program.start(SESSION_PROGRAM, {"--version"});
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(QString(program.readAllStandardError()),
+            QString("quorin-session: standard output: cannot be written\n"));
+        QCOMPARE(program.exitCode(), 1);
+    }
+
     void replay_tellsTheSame_andWhatWasChanged()
     {
         RecordedRun run(3);
