@@ -100,7 +100,9 @@ private:
         if (error.isEmpty() && !(isNext && isDue)) {
             return QString("trial %1 begins out of order").arg(trial.begun.trial);
         }
-        m_run.trials.append(trial);
+        if (error.isEmpty()) {
+            m_run.trials.append(trial);
+        }
         return error;
     }
 

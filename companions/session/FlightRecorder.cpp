@@ -90,6 +90,7 @@ void FlightRecorder::begin()
     abandon("another run was begun");
     m_clock.start();
     m_isRunning = true;
+    ++m_runs;
     m_awaitsAnswer = false;
     m_trials = 0;
     m_answers = 0;
@@ -146,8 +147,11 @@ void FlightRecorder::noteSound(int interval)
     add(SoundStarted {trial, interval, latenessMs, {}, startMs},
         sound == nullptr ? QByteArray() : sound->data());
     if (sound != nullptr) {
-        connect(sound, &QIODevice::aboutToClose, this,
-            [this, trial, interval] { noteEnd(trial, interval); });
+        connect(sound, &QIODevice::aboutToClose, this, [this, run = m_runs, trial, interval] {
+            if (run == m_runs) { // a sound of an abandoned run may end in the next
+                noteEnd(trial, interval);
+            }
+        });
     }
 }
 
@@ -235,6 +239,7 @@ void FlightRecorder::finish()
         add(RunUnsaved {figuresOf(data, nowMs()), error});
     }
     m_isRunning = false;
+    file().finish();
     if (flush() && !error.isEmpty()) {
         emit failed(error);
     }
@@ -249,6 +254,7 @@ void FlightRecorder::abandon(const QString& reason)
     m_isRunning = false;
     m_awaitsAnswer = false;
     add(RunAbandoned {m_answers, reason, nowMs()});
+    file().finish();
     flush();
     tellFault();
 }

@@ -83,6 +83,7 @@ private:
     QElapsedTimer m_clock; ///< since Go
     bool m_isRunning = false;
     bool m_awaitsAnswer = false;
+    int m_runs = 0;
     int m_trials = 0; ///< begun
     int m_answers = 0;
     int m_reversals = 0;

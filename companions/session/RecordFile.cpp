@@ -65,7 +65,8 @@ void RecordFile::append(const QByteArray& line)
 bool RecordFile::sync()
 {
     m_error.clear();
-    if (isThere() && m_onDisk == m_content.size()) {
+    const bool isAllOnDisk = m_onDisk == m_content.size();
+    if (isAllOnDisk && (m_isFinished || isThere())) {
         return true;
     }
     return (isThere() || make()) && writeRest();
@@ -142,6 +143,7 @@ void RecordFile::moveTo(const QString& folder)
 {
     m_folder = folder;
     m_file.reset();
+    m_onDisk = 0;
 }
 
 QString RecordFile::recordName() const

@@ -27,6 +27,9 @@ public:
     /// next.
     /// @return whether all is on the disk
     bool sync();
+    /// No line follows. Once all is on the disk, a file that is gone is not made again: somebody
+    /// has removed it.
+    void finish() { m_isFinished = true; }
     /// Why not, with the file's or the folder's name; empty when all is there.
     QString error() const { return m_error; }
     /// Makes the file of the run's results beside the record, never one that is there already.
@@ -52,5 +55,6 @@ private:
     std::unique_ptr<QFile> m_file;
     QByteArray m_content;
     qint64 m_onDisk = 0; ///< so many bytes of the content
+    bool m_isFinished = false;
     QString m_error;
 };

@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QRandomGenerator>
 #include <QScreen>
+#include <QTextCodec>
 #include <QTextStream>
 
 #include <unistd.h>
@@ -160,6 +161,8 @@ int answered(const SessionOptions& options)
 
 int main(int argc, char* argv[])
 {
+    // Names of files are UTF-8 in any locale, as the other companions have them.
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     const QStringList arguments = argumentsOf(argc, argv);
     QCoreApplication::setApplicationName("quorin-session");
     QCoreApplication::setApplicationVersion(QUORIN_VERSION);

@@ -43,7 +43,7 @@ public:
     }
 
     /// Presses "Done" after a run.
-    void dismiss() { buttonOf(*Probe::subjectWindow(*window), "pushButtonDone")->click(); }
+    void dismiss() const { buttonOf(*Probe::subjectWindow(*window), "pushButtonDone")->click(); }
 
     QString path(const QString& name) const { return folder.filePath(name); }
     QString recordPath() const { return path(recorder.recordName()); }

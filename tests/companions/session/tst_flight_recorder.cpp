@@ -383,18 +383,52 @@ private slots:
     {
         RecordedRun run;
         const QTemporaryDir other;
-        run.play("cwc");
-        QCOMPARE(run.recorder.rescue(other.path()), QStringList());
+        run.play("cw");
         QVERIFY(QDir(run.folder.path()).removeRecursively());
+        run.driver.playTrial();
+        run.driver.answerRightly(true);
         const QStringList rescued = run.recorder.rescue(other.path());
         const QString path = other.filePath(run.recorder.recordName());
         QCOMPARE(rescued, QStringList(path + ": kept here"));
         QCOMPARE(RecordedRun::contentOf(path).count('\n'), 35);
+        QCOMPARE(run.recorder.rescue("/nowhere"), QStringList()); // all is written
+    }
 
-        QVERIFY(QDir(other.path()).removeRecursively());
-        QCOMPARE(run.recorder.rescue("/nowhere"),
-            QStringList(QString("/nowhere/%1: cannot be written: No such file or directory")
-                            .arg(run.recorder.recordName())));
+    void recordThatCannotBeWrittenAnywhere_isTold()
+    {
+        RecordedRun run;
+        QVERIFY(QDir(run.folder.path()).removeRecursively());
+        run.play("cwc");
+        const QStringList told = run.recorder.rescue("/nowhere");
+        QCOMPARE(told.size(), 1);
+        QVERIFY(told[0].startsWith("/nowhere/S_07_"));
+        QVERIFY(told[0].endsWith(".jsonl: cannot be written: No such file or directory"));
+    }
+
+    void removedRecord_staysAway_afterItsRun()
+    {
+        RecordedRun run;
+        run.play("cwc");
+        QVERIFY(QFile::remove(run.recordPath()));
+        QVERIFY(run.recorder.flush());
+        QCOMPARE(run.recorder.rescue(run.folder.path()), QStringList());
+        QCOMPARE(run.names().filter(".jsonl"), QStringList());
+    }
+
+    void soundOfAnAbandonedRun_isNotRecordedInTheNext()
+    {
+        RecordedRun run;
+        run.play("c");
+        run.driver.startSound();
+        ModalBoxes boxes;
+        boxes.answerNext(QMessageBox::Yes);
+        Probe::subjectWindow(*run.window)->close();
+        run.driver.open();
+        run.driver.beReady();
+        run.driver.endSound();
+        run.driver.startSound();
+        run.recorder.flush();
+        QCOMPARE(eventsOf(run.lines()), QStringList({"run", "trial", "sound 1"}));
     }
 
     void failedOutput_isToldOnce_whileItLasts()

@@ -154,6 +154,13 @@ private slots:
             QString("quorin-session: /nowhere: cannot be read: No such file or directory\n"));
     }
 
+    void folderThatCannotBeWrittenTo_isRefused()
+    {
+        const Outcome outcome = session({"/proc"});
+        QCOMPARE(outcome.errors, QString("quorin-session: /proc: cannot be written to\n"));
+        QCOMPARE(outcome.status, 1);
+    }
+
     void secondSession_isRefused_untilTheFirstIsGone()
     {
         const QTemporaryDir folder;
