@@ -73,7 +73,7 @@ private:
     {
         qsrand(static_cast<uint>(m_run.begun.seed));
         for (qint64 i = 0; i < m_run.begun.drawsBefore; ++i) {
-            qrand();
+            static_cast<void>(qrand());
         }
         synthesise(m_sounds[standard], m_data, standard);
         makeDeviant();

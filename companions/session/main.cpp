@@ -63,17 +63,17 @@ QString comparison(const QString& path, const RunRecord& run, const QStringList&
 
 int replay(const QString& path)
 {
-    const ReadRecord record = readRecordFile(path);
-    if (!record.error.isEmpty()) {
-        const QString line = record.line > 0 ? QString(":%1").arg(record.line) : QString();
-        complain(path + line + ": " + record.error);
+    const ReadRecord read = readRecordFile(path);
+    if (!read.error.isEmpty()) {
+        const QString line = read.line > 0 ? QString(":%1").arg(read.line) : QString();
+        complain(path + line + ": " + read.error);
         return somethingIsWrong;
     }
-    if (record.run.isCut) {
+    if (read.run.isCut) {
         complain(path + ": note: the last line is cut short and left out");
     }
-    const QStringList differences = differencesOf(record.run);
-    return print(comparison(path, record.run, differences),
+    const QStringList differences = differencesOf(read.run);
+    return print(comparison(path, read.run, differences),
         differences.isEmpty() ? success : somethingIsWrong);
 }
 
