@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the recorder writes of a run, when it writes it, and what a full disk does to it.
+// What the recorder writes of a run, and when.
+#include "RecordedLines.h"
 #include "RecordedRun.h"
 #include "app/PlayedSound.h"
 #include "procedure/StaircaseRule.h"
@@ -10,66 +11,15 @@
 
 #include <QCryptographicHash>
 #include <QProcess>
-#include <QSignalSpy>
-
-#include <csignal>
-#include <sys/resource.h>
 
 using namespace quorin;
 
 namespace {
 
-QStringList eventsOf(const QVector<QJsonObject>& lines)
-{
-    QStringList events;
-    for (const QJsonObject& line : lines) {
-        QString event = line["event"].toString();
-        if (line.contains("interval"))
-            event += ' ' + QString::number(line["interval"].toInt());
-        events.append(event);
-    }
-    return events;
-}
-
-QVector<QJsonObject> linesOf(const QVector<QJsonObject>& lines, const QString& event)
-{
-    QVector<QJsonObject> found;
-    for (const QJsonObject& line : lines) {
-        if (line["event"] == event)
-            found.append(line);
-    }
-    return found;
-}
-
 QString digestOf(const QByteArray& bytes)
 {
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
 }
-
-const QStringList trialEvents {"trial", "sound 1", "ended 1", "sound 2", "ended 2", "sound 3",
-    "ended 3", "sound 4", "ended 4", "answer allowed", "answer"};
-
-/// Until it ends, no file of this process grows beyond a size: as on a full disk, what still fits
-/// is written and the rest is not.
-class SmallDisk {
-public:
-    explicit SmallDisk(qint64 size)
-        : m_before(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &m_limit);
-        const rlimit small = {static_cast<rlim_t>(size), m_limit.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SmallDisk()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_limit);
-        std::signal(SIGXFSZ, m_before);
-    }
-
-private:
-    rlimit m_limit {};
-    void (*m_before)(int);
-};
 
 } // namespace
 
@@ -253,40 +203,6 @@ private slots:
         QCOMPARE(run.lines().last()["event"].toString(), QString("result"));
     }
 
-    void name_isSubjectTimeAndNumber()
-    {
-        QCOMPARE(runFileName("S/07", "2026-01-02T03:04:05.678+01:00", 7),
-            QString("S_07_20260102-030405_007"));
-        QCOMPARE(runFileName({}, "2026-01-02T03:04:05.678Z", 1000),
-            QString("subject_20260102-030405_1000"));
-        QCOMPARE(runFileName(QString(50, 'x'), "2026-01-02T03:04:05.678Z", 1),
-            QString(40, 'x') + "_20260102-030405_001");
-    }
-
-    void file_isNeverAnExistingOne_norItsResultsFile()
-    {
-        const QTemporaryDir folder;
-        const QString time = "2026-01-02T03:04:05.678Z";
-        const auto fill = [&folder](const QString& name) {
-            QFile file(folder.filePath(name));
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write("mine") == 4);
-        };
-        fill("S_20260102-030405_001.jsonl");
-        fill("S_20260102-030405_002.txt");
-        QVERIFY(QFile::link("nowhere", folder.filePath("S_20260102-030405_003.txt")));
-        RecordFile file(folder.path(), "S", time);
-        file.append("line\n");
-        QVERIFY(file.sync());
-        QCOMPARE(file.recordName(), QString("S_20260102-030405_004.jsonl"));
-        QCOMPARE(file.writeResults("results"), QString());
-        const QString results = folder.filePath("S_20260102-030405_004.txt");
-        QCOMPARE(RecordedRun::contentOf(results), QByteArray("results"));
-        QVERIFY(file.writeResults("others").startsWith(results + ": cannot be written: "));
-        QCOMPARE(RecordedRun::contentOf(results), QByteArray("results"));
-        QCOMPARE(RecordedRun::contentOf(folder.filePath("S_20260102-030405_001.jsonl")),
-            QByteArray("mine"));
-    }
-
     void closedWindow_abandonsTheRun()
     {
         RecordedRun run;
@@ -325,96 +241,6 @@ private slots:
         QVERIFY(lines.last().contains(R"("reason":"the program was ended")"));
     }
 
-    void fullDisk_isToldAfterTheAnswer_andNothingIsLost()
-    {
-        RecordedRun run;
-        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
-        const QSignalSpy recoveries(&run.recorder, &FlightRecorder::recovered);
-        run.driver.open();
-        run.driver.beReady();
-        QCoreApplication::processEvents();
-        const qint64 size = run.content().size();
-        {
-            const SmallDisk disk(size + 100);
-            run.driver.playTrial();
-            QCoreApplication::processEvents();
-            QCOMPARE(failures.size(), 0);
-            run.driver.answerRightly(true);
-            QCoreApplication::processEvents();
-            QVERIFY(run.content().size() <= size + 100);
-            run.driver.playTrial();
-            run.driver.answerRightly(false);
-            QCOMPARE(failures.size(), 1);
-            QVERIFY(
-                failures[0][0].toString().startsWith(run.recordPath() + ": cannot be written: "));
-        }
-        QCOMPARE(recoveries.size(), 0);
-        run.driver.playTrial();
-        run.driver.answerRightly(true);
-        QCOMPARE(recoveries.size(), 1);
-        QCOMPARE(eventsOf(run.lines()),
-            QStringList("run") + trialEvents + trialEvents + trialEvents + QStringList("result"));
-    }
-
-    void removedFolder_isTold_andTheRecordIsMadeAnewWhenItIsBack()
-    {
-        RecordedRun run;
-        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
-        run.driver.open();
-        run.driver.beReady();
-        QVERIFY(QDir(run.folder.path()).removeRecursively());
-        run.driver.playTrial();
-        QCoreApplication::processEvents();
-        run.driver.answerRightly(true);
-        QCoreApplication::processEvents();
-        run.driver.playTrial();
-        run.driver.answerRightly(false);
-        QCOMPARE(failures.size(), 1);
-        QVERIFY(failures[0][0].toString().endsWith("cannot be written: No such file or directory"));
-        QVERIFY(QDir().mkpath(run.folder.path()));
-        run.driver.playTrial();
-        run.driver.answerRightly(true);
-        QCOMPARE(eventsOf(run.lines()),
-            QStringList("run") + trialEvents + trialEvents + trialEvents + QStringList("result"));
-        QCOMPARE(run.names().size(), 2);
-    }
-
-    void recordThatCannotBeWritten_isKeptElsewhere_whenTheProgramEnds()
-    {
-        RecordedRun run;
-        const QTemporaryDir other;
-        run.play("cw");
-        QVERIFY(QDir(run.folder.path()).removeRecursively());
-        run.driver.playTrial();
-        run.driver.answerRightly(true);
-        const QStringList rescued = run.recorder.rescue(other.path());
-        const QString path = other.filePath(run.recorder.recordName());
-        QCOMPARE(rescued, QStringList(path + ": kept here"));
-        QCOMPARE(RecordedRun::contentOf(path).count('\n'), 35);
-        QCOMPARE(run.recorder.rescue("/nowhere"), QStringList()); // all is written
-    }
-
-    void recordThatCannotBeWrittenAnywhere_isTold()
-    {
-        RecordedRun run;
-        QVERIFY(QDir(run.folder.path()).removeRecursively());
-        run.play("cwc");
-        const QStringList told = run.recorder.rescue("/nowhere");
-        QCOMPARE(told.size(), 1);
-        QVERIFY(told[0].startsWith("/nowhere/S_07_"));
-        QVERIFY(told[0].endsWith(".jsonl: cannot be written: No such file or directory"));
-    }
-
-    void removedRecord_staysAway_afterItsRun()
-    {
-        RecordedRun run;
-        run.play("cwc");
-        QVERIFY(QFile::remove(run.recordPath()));
-        QVERIFY(run.recorder.flush());
-        QCOMPARE(run.recorder.rescue(run.folder.path()), QStringList());
-        QCOMPARE(run.names().filter(".jsonl"), QStringList());
-    }
-
     void soundOfAnAbandonedRun_isNotRecordedInTheNext()
     {
         RecordedRun run;
@@ -429,43 +255,6 @@ private slots:
         run.driver.startSound();
         run.recorder.flush();
         QCOMPARE(eventsOf(run.lines()), QStringList({"run", "trial", "sound 1"}));
-    }
-
-    void failedOutput_isToldOnce_whileItLasts()
-    {
-        RecordedRun run;
-        const QSignalSpy failures(&run.recorder, &FlightRecorder::soundFailed);
-        run.driver.open();
-        run.driver.beReady();
-        for (const bool fails : {false, true, true, false, true}) {
-            run.driver.playTrial();
-            Probe::disturbances(*run.window).hasOutputFailed = fails;
-            run.driver.answerRightly(true);
-        }
-        QCOMPARE(failures, QList<QVariantList>({{2}, {5}}));
-        run.recorder.flush();
-        QStringList failed;
-        for (const QJsonObject& answer : linesOf(run.lines(), "answer"))
-            failed.append(answer["output_failed"].toBool() ? "yes" : "no");
-        QCOMPARE(failed, QStringList({"no", "yes", "yes", "no", "yes"}));
-    }
-
-    void folderGoneForGood_losesNoRunWhileTheProgramGoesOn()
-    {
-        RecordedRun run;
-        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
-        QVERIFY(QDir(run.folder.path()).removeRecursively());
-        run.play("cwc");
-        QCOMPARE(run.window->sessionRecord().records.size(), 3);
-        QVERIFY(!failures.isEmpty());
-        QVERIFY(!run.recorder.flush());
-        ModalBoxes boxes;
-        boxes.answerNext(QMessageBox::Yes);
-        run.dismiss();
-        run.play("cwc");
-        QVERIFY(QDir().mkpath(run.folder.path()));
-        QVERIFY(run.recorder.flush());
-        QCOMPARE(run.names().filter(".jsonl").size(), 2);
     }
 };
 

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a full disk, a folder that goes and a failing sound output do to a record.
+#include "RecordedLines.h"
+#include "RecordedRun.h"
+#include "support/ModalBoxes.h"
+#include "support/TestProgram.h"
+#include "support/WindowTest.h"
+
+#include <QSignalSpy>
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace {
+
+/// Until it ends, no file of this process grows beyond a size: as on a full disk, what still fits
+/// is written and the rest is not.
+class SmallDisk {
+public:
+    explicit SmallDisk(qint64 size)
+        : m_before(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &m_limit);
+        const rlimit small = {static_cast<rlim_t>(size), m_limit.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~SmallDisk()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &m_limit);
+        std::signal(SIGXFSZ, m_before);
+    }
+
+private:
+    rlimit m_limit {};
+    void (*m_before)(int);
+};
+
+} // namespace
+
+class TestRecorderFaults : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void fullDisk_isToldAfterTheAnswer_andNothingIsLost()
+    {
+        RecordedRun run;
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
+        const QSignalSpy recoveries(&run.recorder, &FlightRecorder::recovered);
+        run.driver.open();
+        run.driver.beReady();
+        QCoreApplication::processEvents();
+        const qint64 size = run.content().size();
+        {
+            const SmallDisk disk(size + 100);
+            run.driver.playTrial();
+            QCoreApplication::processEvents();
+            QCOMPARE(failures.size(), 0);
+            run.driver.answerRightly(true);
+            QCoreApplication::processEvents();
+            QVERIFY(run.content().size() <= size + 100);
+            run.driver.playTrial();
+            run.driver.answerRightly(false);
+            QCOMPARE(failures.size(), 1);
+            QVERIFY(
+                failures[0][0].toString().startsWith(run.recordPath() + ": cannot be written: "));
+        }
+        QCOMPARE(recoveries.size(), 0);
+        run.driver.playTrial();
+        run.driver.answerRightly(true);
+        QCOMPARE(recoveries.size(), 1);
+        QCOMPARE(eventsOf(run.lines()),
+            QStringList("run") + trialEvents + trialEvents + trialEvents + QStringList("result"));
+    }
+
+    void removedFolder_isTold_andTheRecordIsMadeAnewWhenItIsBack()
+    {
+        RecordedRun run;
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
+        run.driver.open();
+        run.driver.beReady();
+        QVERIFY(QDir(run.folder.path()).removeRecursively());
+        run.driver.playTrial();
+        QCoreApplication::processEvents();
+        run.driver.answerRightly(true);
+        QCoreApplication::processEvents();
+        run.driver.playTrial();
+        run.driver.answerRightly(false);
+        QCOMPARE(failures.size(), 1);
+        QVERIFY(failures[0][0].toString().endsWith("cannot be written: No such file or directory"));
+        QVERIFY(QDir().mkpath(run.folder.path()));
+        run.driver.playTrial();
+        run.driver.answerRightly(true);
+        QCOMPARE(eventsOf(run.lines()),
+            QStringList("run") + trialEvents + trialEvents + trialEvents + QStringList("result"));
+        QCOMPARE(run.names().size(), 2);
+    }
+
+    void recordThatCannotBeWritten_isKeptElsewhere_whenTheProgramEnds()
+    {
+        RecordedRun run;
+        const QTemporaryDir other;
+        run.play("cw");
+        QVERIFY(QDir(run.folder.path()).removeRecursively());
+        run.driver.playTrial();
+        run.driver.answerRightly(true);
+        const QStringList rescued = run.recorder.rescue(other.path());
+        const QString path = other.filePath(run.recorder.recordName());
+        QCOMPARE(rescued, QStringList(path + ": kept here"));
+        QCOMPARE(RecordedRun::contentOf(path).count('\n'), 35);
+        QCOMPARE(run.recorder.rescue("/nowhere"), QStringList()); // all is written
+    }
+
+    void recordThatCannotBeWrittenAnywhere_isTold()
+    {
+        RecordedRun run;
+        QVERIFY(QDir(run.folder.path()).removeRecursively());
+        run.play("cwc");
+        const QStringList told = run.recorder.rescue("/nowhere");
+        QCOMPARE(told.size(), 1);
+        QVERIFY(told[0].startsWith("/nowhere/S_07_"));
+        QVERIFY(told[0].endsWith(".jsonl: cannot be written: No such file or directory"));
+    }
+
+    void removedRecord_staysAway_afterItsRun()
+    {
+        RecordedRun run;
+        run.play("cwc");
+        QVERIFY(QFile::remove(run.recordPath()));
+        QVERIFY(run.recorder.flush());
+        QCOMPARE(run.recorder.rescue(run.folder.path()), QStringList());
+        QCOMPARE(run.names().filter(".jsonl"), QStringList());
+    }
+
+    void failedOutput_isToldOnce_whileItLasts()
+    {
+        RecordedRun run;
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::soundFailed);
+        run.driver.open();
+        run.driver.beReady();
+        for (const bool fails : {false, true, true, false, true}) {
+            run.driver.playTrial();
+            Probe::disturbances(*run.window).hasOutputFailed = fails;
+            run.driver.answerRightly(true);
+        }
+        QCOMPARE(failures, QList<QVariantList>({{2}, {5}}));
+        run.recorder.flush();
+        QStringList failed;
+        for (const QJsonObject& answer : linesOf(run.lines(), "answer"))
+            failed.append(answer["output_failed"].toBool() ? "yes" : "no");
+        QCOMPARE(failed, QStringList({"no", "yes", "yes", "no", "yes"}));
+    }
+
+    void folderGoneForGood_losesNoRunWhileTheProgramGoesOn()
+    {
+        RecordedRun run;
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
+        QVERIFY(QDir(run.folder.path()).removeRecursively());
+        run.play("cwc");
+        QCOMPARE(run.window->sessionRecord().records.size(), 3);
+        QVERIFY(!failures.isEmpty());
+        QVERIFY(!run.recorder.flush());
+        ModalBoxes boxes;
+        boxes.answerNext(QMessageBox::Yes);
+        run.dismiss();
+        run.play("cwc");
+        QVERIFY(QDir().mkpath(run.folder.path()));
+        QVERIFY(run.recorder.flush());
+        QCOMPARE(run.names().filter(".jsonl").size(), 2);
+    }
+};
+
+QUORIN_TEST(TestRecorderFaults);
+#include "tst_recorder_faults.moc"
