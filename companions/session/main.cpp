@@ -1,45 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // quorin-session: the application's windows with a recorder beside them, or a record replayed.
 #include "app/MainWindow.h"
+#include "output/CommandLine.h"
 #include "session/FlightRecorder.h"
 #include "session/Recomputation.h"
 #include "session/SessionOptions.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QLockFile>
 #include <QMessageBox>
 #include <QRandomGenerator>
 #include <QScreen>
-#include <QTextCodec>
-#include <QTextStream>
 
-#include <unistd.h>
+using namespace quorin;
 
 namespace {
-
-constexpr int success = 0;
-constexpr int somethingIsWrong = 1;
-constexpr int wrongUsage = 2;
-
-void complain(const QString& what)
-{
-    QTextStream(stderr) << "quorin-session: " << what << '\n';
-}
-
-/// @return the status, or that of a failure where nobody can read the text
-int print(const QString& text, int status)
-{
-    QFile output;
-    output.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
-    const QByteArray bytes = text.toUtf8();
-    if (output.write(bytes) == bytes.size()) {
-        return status;
-    }
-    complain("standard output: cannot be written");
-    return somethingIsWrong;
-}
 
 QString comparison(const QString& path, const RunRecord& run, const QStringList& differences)
 {
@@ -61,26 +37,26 @@ QString comparison(const QString& path, const RunRecord& run, const QStringList&
               .arg(nSounds);
 }
 
-int replay(const QString& path)
+int replay(const QString& path, StandardStreams& streams)
 {
     const ReadRecord read = readRecordFile(path);
     if (!read.error.isEmpty()) {
         const QString line = read.line > 0 ? QString(":%1").arg(read.line) : QString();
-        complain(path + line + ": " + read.error);
+        streams.complain(path + line + ": " + read.error);
         return somethingIsWrong;
     }
     if (read.run.isCut) {
-        complain(path + ": note: the last line is cut short and left out");
+        streams.complain(path + ": note: the last line is cut short and left out");
     }
     const QStringList differences = differencesOf(read.run);
-    return print(comparison(path, read.run, differences),
+    return streams.print(comparison(path, read.run, differences),
         differences.isEmpty() ? success : somethingIsWrong);
 }
 
 // Away from the listener's window, and without taking the keyboard from it.
-void show(const QString& fault, const QString& consequence)
+void show(const QString& fault, const QString& consequence, StandardStreams& streams)
 {
-    complain(fault);
+    streams.complain(fault);
     auto* const box
         = new QMessageBox(QMessageBox::Warning, "Recording", fault + "\n\n" + consequence);
     box->setAttribute(Qt::WA_DeleteOnClose);
@@ -104,12 +80,12 @@ QString lockError(const QLockFile& lock, const QString& folder)
     return folder + ": cannot be written to";
 }
 
-int record(const SessionOptions& options)
+int record(const SessionOptions& options, StandardStreams& streams)
 {
     QLockFile lock(QDir(options.folder).filePath(".quorin-session.lock"));
     lock.setStaleLockTime(0); // only a process that is gone gives its lock up, however old it is
     if (!lock.tryLock()) {
-        complain(lockError(lock, options.folder));
+        streams.complain(lockError(lock, options.folder));
         return somethingIsWrong;
     }
     const qint64 seed = options.seed.value_or(
@@ -117,43 +93,35 @@ int record(const SessionOptions& options)
     qsrand(static_cast<uint>(seed));
     MainWindow window;
     FlightRecorder recorder(window, options.folder, seed);
-    QObject::connect(&recorder, &FlightRecorder::failed, [](const QString& fault) {
-        show(fault, "The run goes on. What is not written is kept and tried again.");
+    QObject::connect(&recorder, &FlightRecorder::failed, [&streams](const QString& fault) {
+        show(fault, "The run goes on. What is not written is kept and tried again.", streams);
     });
-    QObject::connect(&recorder, &FlightRecorder::soundFailed, [](int trial) {
+    QObject::connect(&recorder, &FlightRecorder::soundFailed, [&streams](int trial) {
         show(QString("The sound output failed in trial %1.").arg(trial),
-            "The run goes on. The record tells which trials are concerned.");
+            "The run goes on. The record tells which trials are concerned.", streams);
     });
-    QObject::connect(&recorder, &FlightRecorder::recovered, [] { complain("recording again"); });
+    QObject::connect(
+        &recorder, &FlightRecorder::recovered, [&streams] { streams.complain("recording again"); });
     window.show();
     const int status = QApplication::exec();
     const QStringList rescued = recorder.rescue(QDir::homePath());
     for (const QString& text : rescued) {
-        complain(text);
+        streams.complain(text);
     }
     return rescued.isEmpty() ? status : somethingIsWrong;
 }
 
-QStringList argumentsOf(int argc, char* argv[])
-{
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i) {
-        arguments.append(QString::fromLocal8Bit(argv[i]));
-    }
-    return arguments;
-}
-
 /// Help, mistakes and replays need no display.
-int answered(const SessionOptions& options)
+int answered(const SessionOptions& options, StandardStreams& streams)
 {
     switch (options.request) {
     case SessionOptions::replay:
-        return replay(options.replayed);
+        return replay(options.replayed, streams);
     case SessionOptions::nothing:
-        complain(options.text);
+        streams.complain(options.text);
         return wrongUsage;
     default:
-        return print(options.text, success);
+        return streams.print(options.text, success);
     }
 }
 
@@ -161,21 +129,20 @@ int answered(const SessionOptions& options)
 
 int main(int argc, char* argv[])
 {
-    // Names of files are UTF-8 in any locale, as the other companions have them.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-    const QStringList arguments = argumentsOf(argc, argv);
+    const QStringList arguments = commandLine(argc, argv);
     QCoreApplication::setApplicationName("quorin-session");
     QCoreApplication::setApplicationVersion(QUORIN_VERSION);
     int nNames = 1; // Qt takes options of its own from a command line: it gets none
+    StandardStreams streams;
     SessionOptions options;
     {
         const QCoreApplication application(nNames, argv);
         options = sessionOptions(arguments);
         if (options.request != SessionOptions::record) {
-            return answered(options);
+            return answered(options, streams);
         }
     }
     QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
     const QApplication application(nNames, argv);
-    return record(options);
+    return record(options, streams);
 }

@@ -1,65 +1,45 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // quorin-simulate from its command line to its exit status.
+#include "output/CommandLine.h"
 #include "plots/PictureFile.h"
 #include "simulate/SimulateProgram.h"
 
-#include <QFile>
 #include <QGuiApplication>
-#include <QTextCodec>
 
 #include <unistd.h>
 
+using namespace quorin;
+
 namespace {
 
-constexpr int success = 0;
-constexpr int somethingIsWrong = 1;
-constexpr int wrongUsage = 2;
-
-QStringList argumentsOf(int argc, char* argv[])
-{
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i) {
-        arguments.append(QString::fromLocal8Bit(argv[i]));
-    }
-    return arguments;
-}
-
-int answered(const SimulateOptions& options, QTextStream& output, QTextStream& errors)
+int answered(const SimulateOptions& options, StandardStreams& streams)
 {
     switch (options.request) {
     case SimulateOptions::help:
     case SimulateOptions::version:
-        output << options.text;
-        output.flush();
-        return output.status() == QTextStream::Ok ? success : somethingIsWrong;
+        return streams.print(options.text, success);
     case SimulateOptions::nothing:
-        errors << "quorin-simulate: " << options.text << '\n';
+        streams.complain(options.text);
         return wrongUsage;
     case SimulateOptions::simulate:
         break;
     }
-    const bool isTerminal = isatty(STDERR_FILENO) != 0;
-    return SimulateProgram(options, output, errors, isTerminal).make() ? success : somethingIsWrong;
+    const bool isTerminal = ::isatty(STDERR_FILENO) != 0;
+    SimulateProgram program(options, streams.output(), streams.errors(), isTerminal);
+    return program.make() ? success : somethingIsWrong;
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    // Names of files are UTF-8 in any locale, as the results files' folders may be.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    const QStringList arguments = commandLine(argc, argv);
     drawWithoutDisplay();
-    // Qt takes options of its own from a command line, and some end the program: it gets none.
-    int nNames = 1;
-    QGuiApplication application(nNames, argv);
-    QGuiApplication::setApplicationName("quorin-simulate");
-    QGuiApplication::setApplicationVersion(QUORIN_VERSION);
-
-    QFile standardOutput;
-    QFile standardError;
-    standardOutput.open(STDOUT_FILENO, QIODevice::WriteOnly);
-    standardError.open(STDERR_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
-    QTextStream output(&standardOutput);
-    QTextStream errors(&standardError);
-    return answered(simulateOptions(argumentsOf(argc, argv)), output, errors);
+    int nNames
+        = 1; // Qt takes options of its own, such as -platform, from a command line: it gets none
+    const QGuiApplication application(nNames, argv);
+    QCoreApplication::setApplicationName("quorin-simulate");
+    QCoreApplication::setApplicationVersion(QUORIN_VERSION);
+    StandardStreams streams;
+    return answered(simulateOptions(arguments), streams);
 }

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the companions' programs have in common: arguments, standard streams, exit statuses.
+#include "output/CommandLine.h"
+
+#include <QCoreApplication>
+#include <QTextCodec>
+
+#include <unistd.h>
+
+using namespace quorin;
+
+QStringList commandLine(int argc, char* argv[])
+{
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    }
+    return arguments;
+}
+
+StandardStreams::StandardStreams()
+{
+    m_outputFile.open(STDOUT_FILENO, QIODevice::WriteOnly);
+    m_errorFile.open(STDERR_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered);
+}
+
+void StandardStreams::complain(const QString& what)
+{
+    m_errors << QCoreApplication::applicationName() << ": " << what << '\n';
+    m_errors.flush();
+}
+
+int StandardStreams::print(const QString& text, int status)
+{
+    m_output << text;
+    m_output.flush();
+    if (m_output.status() == QTextStream::Ok) {
+        return status;
+    }
+    complain("standard output: cannot be written");
+    return somethingIsWrong;
+}
