@@ -50,6 +50,13 @@ QValueAxis* makeAxis(const QString& title, const QFont& labelsFont, const QFont&
     return axis;
 }
 
+void makeSeriesIfMissing(ChartLine& line)
+{
+    if (line.series == nullptr) {
+        line.series = new QLineSeries;
+    }
+}
+
 void setAxisRange(QValueAxis* axis, const QVector<double>& range)
 {
     axis->setRange(range[0], range[1]);
@@ -66,7 +73,11 @@ void refreshChart(const ChartLine& line, const QVector<QPointF>& points,
     const QVector<double>& rangeX, const QVector<double>& rangeY)
 {
     const bool pointsLast = hasLength(rangeX) && hasLength(rangeY);
-    line.series->replace(pointsLast ? QVector<QPointF>() : points);
+    if (pointsLast) {
+        line.series->clear();
+    } else {
+        line.series->replace(points);
+    }
     setAxisRange(line.axisX, rangeX);
     setAxisRange(line.axisY, rangeY);
     if (pointsLast) {

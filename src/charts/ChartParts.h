@@ -44,6 +44,9 @@ struct ChartLine {
     QtCharts::QValueAxis* axisY = nullptr;
 };
 
+/// Gives a line its series where that is still null.
+void makeSeriesIfMissing(ChartLine& line);
+
 /// What one chart is made of. The view owns the chart, and the chart what its line is made of.
 struct Chart {
     ChartLine line;

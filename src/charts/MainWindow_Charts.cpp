@@ -34,23 +34,25 @@ void MainWindow::updateNPointsToPlot()
 void MainWindow::displayWav()
 {
     updateNPointsToPlot();
-    showWaveChart(standard);
-    showWaveChart(deviant);
+    for (const int i : {standard, deviant}) {
+        makeSeriesIfMissing(waveCharts[i].line);
+        stimuli[i].points = chartPoints(timeAxis, stimuli[i].samples, data.nPointsToPlot[i]);
+    }
+    for (const int i : {standard, deviant}) {
+        waveCharts[i].line.series->replace(stimuli[i].points);
+        stimuli[i].range = amplitudeRange(stimuli[i].samples);
+    }
+    for (const int i : {standard, deviant}) {
+        showWaveChart(i);
+    }
 }
 
 void MainWindow::showWaveChart(int index)
 {
     constexpr const char* viewNames[] = {"standardWaveView", "deviantWaveView"};
     constexpr const char* titles[] = {"Time Waveform (standard)", "Time Waveform (Deviant)"};
-    Stimulus& stimulus = stimuli[index];
     Chart& chart = waveCharts[index];
     ChartLine& line = chart.line;
-    if (line.series == nullptr) {
-        line.series = new QtCharts::QLineSeries;
-    }
-    stimulus.points = chartPoints(timeAxis, stimulus.samples, data.nPointsToPlot[index]);
-    line.series->replace(stimulus.points);
-    stimulus.range = amplitudeRange(stimulus.samples);
     if (line.axisX == nullptr) {
         line.axisX = makeAxis("Time (ms)", fontAxisLabels, fontAxisTitle);
     }
@@ -58,7 +60,7 @@ void MainWindow::showWaveChart(int index)
     if (line.axisY == nullptr) {
         line.axisY = makeAxis("Amplitude", fontAxisLabels, fontAxisTitle);
     }
-    setAxisRange(line.axisY, stimulus.range);
+    setAxisRange(line.axisY, stimuli[index].range);
     completeChart(line, chart.chart, chart.view,
         {viewNames[index], titles[index], fontChartTitle, stimulusChartWidth, waveformRow, index,
             1},
@@ -67,8 +69,18 @@ void MainWindow::showWaveChart(int index)
 
 void MainWindow::displayFFT()
 {
-    showSpectrumChart(standard);
-    showSpectrumChart(deviant);
+    for (const int i : {standard, deviant}) {
+        makeSeriesIfMissing(spectrumCharts[i].line);
+        stimuli[i].spectrumPoints
+            = chartPoints(frequencyAxis, stimuli[i].spectrum.amplitude, data.nFreqPointsToPlot[i]);
+    }
+    for (const int i : {standard, deviant}) {
+        spectrumCharts[i].line.series->replace(stimuli[i].spectrumPoints);
+        stimuli[i].amplitudeRange = amplitudeRange(stimuli[i].spectrum.amplitude);
+    }
+    for (const int i : {standard, deviant}) {
+        showSpectrumChart(i);
+    }
 }
 
 // The frequency axis keeps the range that it is made with.
@@ -77,16 +89,8 @@ void MainWindow::showSpectrumChart(int index)
     constexpr const char* viewNames[] = {"standardSpectrumView", "deviantSpectrumView"};
     constexpr const char* titles[]
         = {"Amplitude Spectrum (standard)", "Amplitude Spectrum (Deviant)"};
-    Stimulus& stimulus = stimuli[index];
-    const QVector<double>& amplitude = stimulus.spectrum.amplitude;
     Chart& chart = spectrumCharts[index];
     ChartLine& line = chart.line;
-    if (line.series == nullptr) {
-        line.series = new QtCharts::QLineSeries;
-    }
-    stimulus.spectrumPoints = chartPoints(frequencyAxis, amplitude, data.nFreqPointsToPlot[index]);
-    line.series->replace(stimulus.spectrumPoints);
-    stimulus.amplitudeRange = amplitudeRange(amplitude);
     if (line.axisX == nullptr) {
         line.axisX = makeAxis("Frequency (Hz)", fontAxisLabels, fontAxisTitle);
         line.axisX->setRange(0, data.freqToPlot[index]);
@@ -96,7 +100,7 @@ void MainWindow::showSpectrumChart(int index)
         line.axisY = makeAxis("Amplitude", fontAxisLabels, fontAxisTitle);
         line.axisY->setRange(0, 1);
     }
-    setAxisRange(line.axisY, stimulus.amplitudeRange);
+    setAxisRange(line.axisY, stimuli[index].amplitudeRange);
     completeChart(line, chart.chart, chart.view,
         {viewNames[index], titles[index], fontChartTitle, stimulusChartWidth, spectrumRow, index,
             1},

@@ -28,11 +28,12 @@ void MainWindow::updateWav()
 {
     updateNPointsToPlot();
     for (const int i : {standard, deviant}) {
-        Stimulus& stimulus = stimuli[i];
         refreshWavePoints(i);
-        stimulus.range = amplitudeRange(stimulus.samples);
-        refreshChart(waveCharts[i].line, stimulus.points,
-            {0, sampleTime(data.nPointsToPlot[i], data.fs)}, stimulus.range);
+        stimuli[i].range = amplitudeRange(stimuli[i].samples);
+    }
+    for (const int i : {standard, deviant}) {
+        refreshChart(waveCharts[i].line, stimuli[i].points,
+            {0, sampleTime(data.nPointsToPlot[i], data.fs)}, stimuli[i].range);
     }
 }
 

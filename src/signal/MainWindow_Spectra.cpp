@@ -49,10 +49,13 @@ void MainWindow::updateFFT()
 {
     for (const int i : {standard, deviant}) {
         Stimulus& stimulus = stimuli[i];
-        const ChartLine& line = spectrumCharts[i].line;
         overwritePoints(stimulus.spectrumPoints, frequencyAxis, stimulus.spectrum.amplitude,
             std::min(data.nFreqPointsToPlot[i], stimulus.spectrumPoints.size()));
         stimulus.amplitudeRange = amplitudeRange(stimulus.spectrum.amplitude);
-        refreshChart(line, stimulus.spectrumPoints, axisRange(line.axisX), stimulus.amplitudeRange);
+    }
+    for (const int i : {standard, deviant}) {
+        const ChartLine& line = spectrumCharts[i].line;
+        refreshChart(
+            line, stimuli[i].spectrumPoints, axisRange(line.axisX), stimuli[i].amplitudeRange);
     }
 }
