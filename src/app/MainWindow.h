@@ -113,7 +113,7 @@ public:
     const QVector<Disturbances>& runDisturbances() const { return recordedDisturbances; }
     /// The session record as it stands.
     const Data& sessionRecord() const { return data; }
-    /// The bytes of the sound that was started last; null between sounds. Closed at their end.
+    /// The sound that was started last, null after its end; after a failure, until the next tick.
     const QBuffer* soundNowPlaying() const { return audioBuffer; }
 
     // session/MainWindow_Panel.cpp
