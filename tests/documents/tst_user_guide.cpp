@@ -124,7 +124,7 @@ Distribution sharesCorrect(const std::vector<RunOutcome>& runs)
 double powerOfControl(const Distribution& guesses, const Distribution& shares)
 {
     const double limit = guesses.quantile(0.95);
-    const std::vector<double> sorted = shares.sorted();
+    const std::vector<double>& sorted = shares.sorted();
     const auto passing
         = std::count_if(sorted.begin(), sorted.end(), [limit](double x) { return x > limit; });
     return static_cast<double>(passing) / static_cast<double>(sorted.size()) * percent;

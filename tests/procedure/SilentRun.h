@@ -42,9 +42,9 @@ public:
         }
     }
 
-    QString depthField() { return textOf(window, "lineEditDevModDepth"); }
-    QString differenceField() { return textOf(window, "lineEditDevFreqDiff"); }
-    QString carrierField() { return textOf(window, "lineEditDevCarrierFreq"); }
+    QString depthField() const { return textOf(window, "lineEditDevModDepth"); }
+    QString differenceField() const { return textOf(window, "lineEditDevFreqDiff"); }
+    QString carrierField() const { return textOf(window, "lineEditDevCarrierFreq"); }
 
     MainWindow window;
     Data& data;

@@ -26,7 +26,7 @@ DisturbedTrial::DisturbedTrial(int silenceMs)
     });
 }
 
-void DisturbedTrial::setUnmodulatedTones()
+void DisturbedTrial::setUnmodulatedTones() const
 {
     comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(0);
     checkBoxOf(window, "checkBoxResetMdFd")->setChecked(false);

@@ -30,7 +30,7 @@ public:
     explicit DisturbedTrial(int silenceMs = defaultSilenceMs);
 
     /// Makes the sounds tones of 1000 Hz, of one level from the first sample to the last.
-    void setUnmodulatedTones();
+    void setUnmodulatedTones() const;
 
     /// Is called at every soundPlaying, with its state, when the windows have been told.
     std::function<void(int)> disturb = [](int) {};
