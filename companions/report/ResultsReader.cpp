@@ -3,6 +3,7 @@
 // names the cause.
 #include "report/ResultsReader.h"
 
+#include "input/TextEncoding.h"
 #include "procedure/ResultsFormat.h"
 #include "session/Data.h"
 
@@ -90,18 +91,10 @@ int parameterOfTexts(const QByteArray& line, const QByteArray& separator)
     return parameterOfHeader(QByteArray(line).replace(separator, "\t"));
 }
 
-bool isUtf16(const QByteArray& line)
-{
-    constexpr int fewest = 8;
-    return line.startsWith("\xff\xfe") || line.startsWith("\xfe\xff")
-        || (line.size() >= fewest && (line[0] == '\0') != (line[1] == '\0')
-            && (line[2] == '\0') == (line[0] == '\0') && (line[3] == '\0') == (line[1] == '\0'));
-}
-
 // What an editor, a spreadsheet or a transfer made of the header.
 QString changeOfHeader(const QByteArray& line)
 {
-    if (line.startsWith("\xef\xbb\xbf")) {
+    if (line.startsWith(utf8Mark)) {
         return "the file begins with a byte order mark: an editor saved it as UTF-8 with BOM";
     }
     if (isUtf16(line)) {
