@@ -37,7 +37,7 @@ QHash<QRgb, int> countsOf(const QImage& image)
 
 QVector<QRgb> mostFrequent(const QHash<QRgb, int>& counts)
 {
-    QVector<QRgb> colors = counts.keys().toVector();
+    QVector<QRgb> colors(counts.keyBegin(), counts.keyEnd());
     std::sort(colors.begin(), colors.end(), [&counts](QRgb a, QRgb b) {
         const int countA = counts.value(a);
         const int countB = counts.value(b);

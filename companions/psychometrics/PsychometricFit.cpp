@@ -105,8 +105,9 @@ struct Found {
     double minimum;
 };
 
-Found searched(Search search, const FittedFunction& start)
+Found searched(const Search& search, const FittedFunction& start)
 {
+    Search parameters = search; // GSL asks for one that might be changed
     const size_t nAngles = search.lapseRate.least < search.lapseRate.most ? 3 : 2;
     constexpr double firstStep = 0.2; // rad
     constexpr double lastStep = 1e-7;
@@ -119,7 +120,7 @@ Found searched(Search search, const FittedFunction& start)
     }
     const std::unique_ptr<gsl_vector, VectorDeleter> steps(gsl_vector_alloc(nAngles));
     gsl_vector_set_all(steps.get(), firstStep);
-    gsl_multimin_function function = {objective, nAngles, &search};
+    gsl_multimin_function function = {objective, nAngles, &parameters};
     const std::unique_ptr<gsl_multimin_fminimizer, MinimizerDeleter> minimizer(
         gsl_multimin_fminimizer_alloc(gsl_multimin_fminimizer_nmsimplex2, nAngles));
     gsl_multimin_fminimizer_set(minimizer.get(), &function, angles.get(), steps.get());

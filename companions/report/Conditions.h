@@ -19,6 +19,7 @@ struct ThresholdEstimate {
     double low = 0.0; ///< t interval of the levels, as values; NaN for a single run
     double high = 0.0;
 };
+Q_DECLARE_TYPEINFO(ThresholdEstimate, Q_MOVABLE_TYPE);
 
 /// @param chosen indices of at least one run
 ThresholdEstimate thresholdEstimate(const QVector<Run>& runs, const QVector<int>& chosen);

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <vector>
 
 using namespace quorin;
 
@@ -26,7 +27,7 @@ struct Bin {
     int nCorrect = 0;
 };
 
-QVector<Bin> binsOf(const std::vector<FitLevel>& levels)
+std::vector<Bin> binsOf(const std::vector<FitLevel>& levels)
 {
     std::map<double, Bin> bins;
     for (const FitLevel& level : levels) {
@@ -37,15 +38,15 @@ QVector<Bin> binsOf(const std::vector<FitLevel>& levels)
             bin.nCorrect += level.nCorrect;
         }
     }
-    QVector<Bin> inOrder;
+    std::vector<Bin> inOrder;
     for (auto& [place, bin] : bins) {
         bin.decibels /= bin.nTrials;
-        inOrder.append(bin);
+        inOrder.push_back(bin);
     }
     return inOrder;
 }
 
-Axis valueAxis(const SubjectFit& fit, const QVector<Bin>& bins)
+Axis valueAxis(const SubjectFit& fit, const std::vector<Bin>& bins)
 {
     QVector<double> values;
     for (const Bin& bin : bins) {
@@ -55,7 +56,7 @@ Axis valueAxis(const SubjectFit& fit, const QVector<Bin>& bins)
 }
 
 void drawBins(
-    QPainter& painter, const PlotArea& area, const SubjectFit& fit, const QVector<Bin>& bins)
+    QPainter& painter, const PlotArea& area, const SubjectFit& fit, const std::vector<Bin>& bins)
 {
     constexpr double largestRadius = 14.0;
     int most = 1;
@@ -126,7 +127,7 @@ void drawFit(QPainter& painter, const QSize& size, const SubjectFit& fit)
 {
     const QRectF below
         = drawHeading(painter, size, "Subject " + onOneLine(fit.subject), textOf(fit));
-    const QVector<Bin> bins = binsOf(fit.levels);
+    const std::vector<Bin> bins = binsOf(fit.levels);
     const Axis x = valueAxis(fit, bins);
     PlotArea area(painter, below, x, Axis("right answers (%)", Axis::Scale::linear, -4, 104));
     area.drawFrame("");

@@ -27,7 +27,6 @@ struct PageFigure {
 };
 
 constexpr QSize figureSize(440, 400);
-constexpr QSize curveSize(440, 300);
 
 // Pictures are drawn in fixed colours; background, text and grid take the colours of the page.
 constexpr auto style = R"(
@@ -113,7 +112,8 @@ QByteArray flagsOf(const Subject& subject)
 QByteArray subjectsOf(const QVector<Run>& runs, CurveAxis over)
 {
     QByteArray sections;
-    for (const Subject& subject : bySubject(runs)) {
+    const QVector<Subject> subjects = bySubject(runs);
+    for (const Subject& subject : subjects) {
         QByteArray content = htmlTable(summaryRows(subject), summaryLeft) + flagsOf(subject);
         if (hasLearningCurve(subject, over)) {
             const QByteArray svg

@@ -35,7 +35,8 @@ QString runCsv(const QVector<Run>& runs, std::optional<double> carrier)
                 "geometric_mean,sd_of_reversals,condition_runs,condition_se,rt_ms,rt_correct_ms,"
                 "rt_wrong_ms,percent_correct,flags,checked\n");
     QVector<ThresholdEstimate> estimates(runs.size());
-    for (const QVector<int>& condition : byCondition(runs)) {
+    const QVector<QVector<int>> conditions = byCondition(runs);
+    for (const QVector<int>& condition : conditions) {
         const ThresholdEstimate estimate = thresholdEstimate(runs, condition);
         for (const int i : condition) {
             estimates[i] = estimate;

@@ -87,7 +87,8 @@ void flagGuessing(Run& run)
 void flagDrift(Run& run)
 {
     QVector<double> levels;
-    for (const double value : usedReversals(run.data)) {
+    const QVector<double> reversals = usedReversals(run.data);
+    for (const double value : reversals) {
         levels.append(decibelsOf(run.data, value));
     }
     const Trend trend = trendOf(levels);
@@ -103,7 +104,7 @@ void flagPositionBias(Run& run)
 {
     int nWrong = 0;
     int nThird = 0;
-    for (const Record& record : run.data.records) {
+    for (const Record& record : qAsConst(run.data.records)) {
         if (!record.correctness) {
             ++nWrong;
             nThird += record.responsePosition == 3 ? 1 : 0;
@@ -125,7 +126,7 @@ void flagReactionTimes(Run& run)
     constexpr double soonest = 100.0; // ms
     QVector<double> times;
     int nEarly = 0;
-    for (const Record& record : run.data.records) {
+    for (const Record& record : qAsConst(run.data.records)) {
         times.append(record.reactionTime);
         nEarly += record.reactionTime < soonest ? 1 : 0;
     }
@@ -195,7 +196,8 @@ void flagRuns(QVector<Run>& runs)
     for (Run& run : runs) {
         flagAlone(run);
     }
-    for (const QVector<int>& condition : byCondition(runs)) {
+    const QVector<QVector<int>> conditions = byCondition(runs);
+    for (const QVector<int>& condition : conditions) {
         flagStrangers(runs, condition);
     }
 }

@@ -46,7 +46,8 @@ QString flagLines(const QVector<Run>& runs)
 QVector<Subject> bySubject(const QVector<Run>& runs)
 {
     QVector<Subject> subjects;
-    for (const QVector<int>& condition : byCondition(runs)) {
+    const QVector<QVector<int>> conditions = byCondition(runs);
+    for (const QVector<int>& condition : conditions) {
         const Run& first = runs[condition.constFirst()];
         const QString name = subjectLabel(first);
         const bool isSame = first.isNamed && !subjects.isEmpty()
@@ -65,7 +66,8 @@ QVector<QStringList> summaryRows(const Subject& subject)
 {
     QVector<QStringList> rows {{"main parameter", "sound", "session", "runs", "mean threshold",
         "SD", "SE", "geo. mean", "95 % from", "to", "unit", "RT", "correct %"}};
-    for (const QVector<int>& condition : byCondition(subject.runs)) {
+    const QVector<QVector<int>> conditions = byCondition(subject.runs);
+    for (const QVector<int>& condition : conditions) {
         rows.append(conditionRow(subject.runs, condition));
     }
     return rows;
@@ -81,7 +83,8 @@ QString summaryPage(const Subject& subject)
 QString summaryPages(const QVector<Run>& runs)
 {
     QString pages;
-    for (const Subject& subject : bySubject(runs)) {
+    const QVector<Subject> subjects = bySubject(runs);
+    for (const Subject& subject : subjects) {
         pages += summaryPage(subject);
     }
     return pages;

@@ -33,7 +33,8 @@ quint64 mixed(quint64 number)
 quint64 keyOf(const QString& text)
 {
     quint64 key = 0xcbf29ce484222325U;
-    for (const char byte : text.toUtf8()) {
+    const QByteArray bytes = text.toUtf8();
+    for (const char byte : bytes) {
         key = (key ^ static_cast<unsigned char>(byte)) * 0x100000001b3U;
     }
     return key;

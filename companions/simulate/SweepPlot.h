@@ -12,6 +12,7 @@ struct SweepPoint {
     double sdDb;
     bool isBiased; ///< by runs that were cut
 };
+Q_DECLARE_TYPEINFO(SweepPoint, Q_PRIMITIVE_TYPE);
 
 SweepPoint sweepPoint(const Simulation& simulation, const RunStatistics& statistics);
 

@@ -9,7 +9,9 @@ class QElapsedTimer;
 /// tests put one of their own in its place, since no test can know what a real one will show.
 class ReactionClock {
 public:
+    ReactionClock() = default;
     virtual ~ReactionClock() = default;
+    Q_DISABLE_COPY_MOVE(ReactionClock)
 
     /// Counts from now on, for the first time.
     virtual void start() = 0;
