@@ -1,20 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "record/JsonFields.h"
 #include "record/RecordLines.h"
 
 #include <QByteArray>
 
-/// A line of a record as an object: its event and its fields.
-QJsonObject lineObject(const RunBegun& line);
-QJsonObject lineObject(const TrialBegun& line);
-QJsonObject lineObject(const SoundStarted& line);
-QJsonObject lineObject(const SoundEnded& line);
-QJsonObject lineObject(const AnswerAllowed& line);
-QJsonObject lineObject(const AnswerGiven& line);
-QJsonObject lineObject(const RunSaved& line);
-QJsonObject lineObject(const RunUnsaved& line);
-QJsonObject lineObject(const RunAbandoned& line);
+/// A line of a record, of one of the kinds in RecordLines.h, as an object: its event and its
+/// fields.
+template <typename Line> QJsonObject lineObject(const Line& line)
+{
+    FieldWriter writer;
+    Line::eachField(line, writer);
+    QJsonObject object = writer.object();
+    object.insert("event", QLatin1String(Line::event));
+    return object;
+}
 
 /// The bytes of such an object in the file, UTF-8, with the line's end.
 QByteArray lineBytes(const QJsonObject& line);
