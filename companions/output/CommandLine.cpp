@@ -2,6 +2,7 @@
 // What the companions' programs have in common: arguments, standard streams, exit statuses.
 #include "output/CommandLine.h"
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QTextCodec>
 
@@ -17,6 +18,32 @@ QStringList commandLine(int argc, char* argv[])
         arguments.append(QString::fromLocal8Bit(argv[i]));
     }
     return arguments;
+}
+
+void addHelpOptions(QCommandLineParser& parser)
+{
+    parser.addOptions({
+        {{"h", "help"}, "Show this help."},
+        {{"v", "version"}, "Show the version."},
+    });
+}
+
+std::optional<Answer> answerTo(const QStringList& arguments, QCommandLineParser& parser,
+    const std::function<QString()>& readOptions)
+{
+    if (!parser.parse(arguments)) {
+        return Answer {parser.errorText(), wrongUsage};
+    }
+    if (parser.isSet("help")) {
+        return Answer {parser.helpText(), success};
+    }
+    if (parser.isSet("version")) {
+        return Answer {QCoreApplication::applicationName() + ' '
+                + QCoreApplication::applicationVersion() + '\n',
+            success};
+    }
+    const QString mistake = readOptions();
+    return mistake.isEmpty() ? std::nullopt : std::optional<Answer>({mistake, wrongUsage});
 }
 
 StandardStreams::StandardStreams()
@@ -40,4 +67,13 @@ int StandardStreams::print(const QString& text, int status)
     }
     complain("standard output: cannot be written");
     return somethingIsWrong;
+}
+
+int StandardStreams::say(const Answer& answer)
+{
+    if (answer.status == success) {
+        return print(answer.text, success);
+    }
+    complain(answer.text);
+    return answer.status;
 }

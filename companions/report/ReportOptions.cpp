@@ -6,7 +6,6 @@
 #include "report/GroupTable.h"
 
 #include <QCommandLineParser>
-#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -18,9 +17,8 @@ void addOptions(QCommandLineParser& parser)
 {
     parser.setApplicationDescription("Reports the runs that Quorin Lab saved: threshold, reaction "
                                      "times and share of correct answers of each.");
+    addHelpOptions(parser);
     parser.addOptions({
-        {{"h", "help"}, "Show this help."},
-        {{"v", "version"}, "Show the version."},
         {"reversals", "Use the first <n> reversals of each run. Default: all that its file has.",
             "n"},
         {"last",
@@ -133,8 +131,17 @@ QString inputError(const QCommandLineParser& parser)
     return parser.positionalArguments().isEmpty() ? "no files or folders are given" : QString();
 }
 
-QString firstError(const QCommandLineParser& parser, ReportOptions& options)
+QString mistakeIn(const QCommandLineParser& parser, ReportOptions& options)
 {
+    options.csvPath = parser.value("csv");
+    options.htmlPath = parser.value("html");
+    options.trialsPath = parser.value("trials");
+    options.plotFolder = parser.value("plot");
+    options.format = parser.value("format");
+    options.isForced = parser.isSet("force");
+    options.hasSummary = parser.isSet("summary");
+    options.runs.isUnchecked = parser.isSet("unchecked");
+    options.runs.inputs = parser.positionalArguments();
     RunRule& rule = options.runs.rule;
     for (const QString& error :
         {countError(parser, "reversals", rule.nReversals), countError(parser, "last", rule.nLast),
@@ -155,28 +162,7 @@ ReportOptions reportOptions(const QStringList& arguments)
     QCommandLineParser parser;
     addOptions(parser);
     ReportOptions options;
-    const bool isParsed = parser.parse(arguments);
-    if (parser.isSet("help")) {
-        options.request = ReportOptions::help;
-        options.text = parser.helpText();
-        return options;
-    }
-    if (parser.isSet("version")) {
-        options.request = ReportOptions::version;
-        options.text = QCoreApplication::applicationName() + ' '
-            + QCoreApplication::applicationVersion() + '\n';
-        return options;
-    }
-    options.text = isParsed ? firstError(parser, options) : parser.errorText();
-    options.request = options.text.isEmpty() ? ReportOptions::report : ReportOptions::nothing;
-    options.csvPath = parser.value("csv");
-    options.htmlPath = parser.value("html");
-    options.trialsPath = parser.value("trials");
-    options.plotFolder = parser.value("plot");
-    options.format = parser.value("format");
-    options.isForced = parser.isSet("force");
-    options.hasSummary = parser.isSet("summary");
-    options.runs.isUnchecked = parser.isSet("unchecked");
-    options.runs.inputs = parser.positionalArguments();
+    options.answer
+        = answerTo(arguments, parser, [&parser, &options] { return mistakeIn(parser, options); });
     return options;
 }

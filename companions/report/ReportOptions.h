@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "output/CommandLine.h"
 #include "report/LearningPicture.h"
 #include "report/RunCollection.h"
 #include "report/SubjectFits.h"
@@ -24,10 +25,7 @@ struct ReportOptions {
     CurveAxis curves = CurveAxis::session;
     FitOptions fits;
     QString htmlPath; ///< empty: no page
-
-    enum Request { report, help, version, nothing };
-    Request request = report; ///< nothing: the command line cannot be followed
-    QString text; ///< the help, the version, or what is wrong
+    std::optional<Answer> answer; ///< in place of the report
 };
 
 /// Reads the command line. Needs a QCoreApplication.

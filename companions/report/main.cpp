@@ -15,15 +15,8 @@ namespace {
 
 int answered(const ReportOptions& options, StandardStreams& streams)
 {
-    switch (options.request) {
-    case ReportOptions::help:
-    case ReportOptions::version:
-        return streams.print(options.text, success);
-    case ReportOptions::nothing:
-        streams.complain(options.text);
-        return wrongUsage;
-    case ReportOptions::report:
-        break;
+    if (options.answer) {
+        return streams.say(*options.answer);
     }
     const bool isTerminal = ::isatty(STDERR_FILENO) != 0;
     Report report(options, streams.output(), streams.errors(), isTerminal);

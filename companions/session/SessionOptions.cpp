@@ -3,7 +3,6 @@
 #include "session/SessionOptions.h"
 
 #include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace {
@@ -14,9 +13,8 @@ void addOptions(QCommandLineParser& parser)
         "Opens the windows of Quorin Lab and records every run into a folder: a file of all that "
         "happened, line by line, and the results file. Nothing that was recorded is lost, "
         "whatever ends the program.");
+    addHelpOptions(parser);
     parser.addOptions({
-        {{"h", "help"}, "Show this help."},
-        {{"v", "version"}, "Show the version."},
         {"seed",
             "Seed positions and noises with this number, 1 to 2147483646. Default: a number from "
             "the system; the record has it.",
@@ -61,7 +59,6 @@ QString mistakeIn(const QCommandLineParser& parser, SessionOptions& options)
         options.folder = folders.value(0);
         return mistake.isEmpty() ? folderError(folders) : mistake;
     }
-    options.request = SessionOptions::replay;
     options.replayed = parser.value("replay");
     if (!folders.isEmpty() || parser.isSet("seed")) {
         return "--replay goes with nothing else";
@@ -75,20 +72,8 @@ SessionOptions sessionOptions(const QStringList& arguments)
 {
     QCommandLineParser parser;
     addOptions(parser);
-    const bool isParsed = parser.parse(arguments);
     SessionOptions options;
-    if (isParsed && parser.isSet("help")) {
-        options.request = SessionOptions::help;
-        options.text = parser.helpText();
-    } else if (isParsed && parser.isSet("version")) {
-        options.request = SessionOptions::version;
-        options.text = QCoreApplication::applicationName() + ' '
-            + QCoreApplication::applicationVersion() + '\n';
-    } else {
-        options.text = isParsed ? mistakeIn(parser, options) : parser.errorText();
-        if (!options.text.isEmpty()) {
-            options.request = SessionOptions::nothing;
-        }
-    }
+    options.answer
+        = answerTo(arguments, parser, [&parser, &options] { return mistakeIn(parser, options); });
     return options;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "output/CommandLine.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -9,12 +11,9 @@
 /// What quorin-session is told on its command line.
 struct SessionOptions {
     QString folder; ///< that the records go to
-    QString replayed; ///< a record to compute again
+    QString replayed; ///< a record to compute again; empty: none
     std::optional<qint64> seed; ///< none: one from the system
-
-    enum Request { record, replay, help, version, nothing };
-    Request request = record; ///< nothing: the command line cannot be followed
-    QString text; ///< the help, the version, or what is wrong
+    std::optional<Answer> answer; ///< in place of recording and replaying
 };
 
 /// Seeds that give sequences of their own: 1 to this. With 0 the generator would give that of 1.

@@ -114,15 +114,7 @@ int record(const SessionOptions& options, StandardStreams& streams)
 /// Help, mistakes and replays need no display.
 int answered(const SessionOptions& options, StandardStreams& streams)
 {
-    switch (options.request) {
-    case SessionOptions::replay:
-        return replay(options.replayed, streams);
-    case SessionOptions::nothing:
-        streams.complain(options.text);
-        return wrongUsage;
-    default:
-        return streams.print(options.text, success);
-    }
+    return options.answer ? streams.say(*options.answer) : replay(options.replayed, streams);
 }
 
 } // namespace
@@ -138,7 +130,7 @@ int main(int argc, char* argv[])
     {
         const QCoreApplication application(nNames, argv);
         options = sessionOptions(arguments);
-        if (options.request != SessionOptions::record) {
+        if (options.answer || !options.replayed.isEmpty()) {
             return answered(options, streams);
         }
     }

@@ -7,7 +7,6 @@
 #include "simulate/SimulationReader.h"
 
 #include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QThread>
 
@@ -20,9 +19,8 @@ constexpr double mostRatio = 100.0;
 
 void addOutputOptions(QCommandLineParser& parser)
 {
+    addHelpOptions(parser);
     parser.addOptions({
-        {{"h", "help"}, "Show this help."},
-        {{"v", "version"}, "Show the version."},
         {"detect",
             "How many runs and listeners a study needs that sees thresholds differ by this ratio "
             "between two conditions, with 80 % power at 5 %.",
@@ -138,20 +136,8 @@ SimulateOptions simulateOptions(const QStringList& arguments)
     addSimulationOptions(parser);
     addSweepOption(parser);
     addOutputOptions(parser);
-    const bool isParsed = parser.parse(arguments);
     SimulateOptions options;
-    if (isParsed && parser.isSet("help")) {
-        options.request = SimulateOptions::help;
-        options.text = parser.helpText();
-    } else if (isParsed && parser.isSet("version")) {
-        options.request = SimulateOptions::version;
-        options.text = QCoreApplication::applicationName() + ' '
-            + QCoreApplication::applicationVersion() + '\n';
-    } else {
-        options.text = isParsed ? mistakeIn(parser, options) : parser.errorText();
-        if (!options.text.isEmpty()) {
-            options.request = SimulateOptions::nothing;
-        }
-    }
+    options.answer
+        = answerTo(arguments, parser, [&parser, &options] { return mistakeIn(parser, options); });
     return options;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "output/CommandLine.h"
 #include "simulate/Detection.h"
 #include "simulate/Sweep.h"
 #include "simulate/TrackFiles.h"
@@ -17,10 +18,7 @@ struct SimulateOptions {
     QString csvPath; ///< of the runs; empty: none
     QString summaryCsvPath; ///< empty: none
     bool isForced = false; ///< whether tables and pictures of the companions may be replaced
-
-    enum Request { simulate, help, version, nothing };
-    Request request = simulate; ///< nothing: the command line cannot be followed
-    QString text; ///< the help, the version, or what is wrong
+    std::optional<Answer> answer; ///< in place of the simulation
 };
 
 /// Reads the command line. Needs a QCoreApplication.

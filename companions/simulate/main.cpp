@@ -14,15 +14,8 @@ namespace {
 
 int answered(const SimulateOptions& options, StandardStreams& streams)
 {
-    switch (options.request) {
-    case SimulateOptions::help:
-    case SimulateOptions::version:
-        return streams.print(options.text, success);
-    case SimulateOptions::nothing:
-        streams.complain(options.text);
-        return wrongUsage;
-    case SimulateOptions::simulate:
-        break;
+    if (options.answer) {
+        return streams.say(*options.answer);
     }
     const bool isTerminal = ::isatty(STDERR_FILENO) != 0;
     SimulateProgram program(options, streams.output(), streams.errors(), isTerminal);
