@@ -30,9 +30,6 @@ constexpr double mostStartMs = 25.0;
 
 void MainWindow::makeTrialLoop()
 {
-    nSoundsPerTrial = 4;
-    soundIndex = 0;
-    nReactionTimerStarts = 0;
     stimSequence = QVector<bool>(nSoundsPerTrial, false);
     timerReaction = new QElapsedTimer;
     reactionClock = std::make_unique<ElapsedTimerClock>(*timerReaction);
