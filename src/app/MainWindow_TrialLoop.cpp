@@ -190,7 +190,7 @@ void MainWindow::judgeStart(double latenessMs, bool wasBlocked)
     if (wasBlocked) {
         restartPeriod();
     }
-    if (latenessMs > SoundPacing::mostLatenessMs) {
+    if (SoundPacing::isTooMuch(latenessMs)) {
         noteLateSound(latenessMs);
     }
 }
@@ -200,7 +200,7 @@ void MainWindow::judgeOnset(double delayMs)
 {
     constexpr double usualDelayMs = 20.0;
     const double latenessMs = delayMs - usualDelayMs;
-    if (latenessMs <= SoundPacing::mostLatenessMs || currentProgress.interval == 0) {
+    if (!SoundPacing::isTooMuch(latenessMs) || currentProgress.interval == 0) {
         return;
     }
     noteLateSound(latenessMs);

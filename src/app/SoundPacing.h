@@ -21,7 +21,9 @@ public:
     int periodMs() const { return m_periodMs; }
     /// How long ago the next sound was due; negative before that.
     double latenessMs(double nowMs) const { return nowMs - m_dueMs; }
-    bool isLate(double nowMs) const { return latenessMs(nowMs) > mostLatenessMs; }
+    bool isLate(double nowMs) const { return isTooMuch(latenessMs(nowMs)); }
+    /// Whether a sound that comes so much after it was due is a late one.
+    static constexpr bool isTooMuch(double latenessMs) { return latenessMs > mostLatenessMs; }
 
 private:
     int m_periodMs = 1;
