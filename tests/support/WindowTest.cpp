@@ -2,14 +2,17 @@
 // What the windows may say on a machine without a sound device.
 #include "support/WindowTest.h"
 
+#include <QAudioDeviceInfo>
+
 void WindowTest::init()
 {
     QuietTest::init();
     tolerateWarning(QRegularExpression("^PulseAudioService: pa_context_connect\\(\\) failed$"));
     tolerateWarning(QRegularExpression("^using null output device, none available$"));
-    tolerateWarning(
-        QRegularExpression("^Raw audio format not supported by backend, cannot play audio\\.$"));
-    tolerateWarning(QRegularExpression("^using null output device, none available$"));
+    if (QAudioDeviceInfo::defaultOutputDevice().isNull()) {
+        tolerateWarning(QRegularExpression(
+            "^Raw audio format not supported by backend, cannot play audio\\.$"));
+    }
 }
 
 void WindowTest::tolerateUndefinedChartValues()

@@ -5,8 +5,8 @@
 #include "support/QuietTest.h"
 #include "support/WindowWidgets.h"
 
-/// Base of test classes that make a MainWindow on a machine that may have no sound device: what the
-/// program and Qt say of its absence is allowed, every other warning still fails the test.
+/// Base of test classes that make a MainWindow. On a machine without a sound device, what program
+/// and Qt say of that is allowed; every other warning fails the test.
 class WindowTest : public QuietTest {
     Q_OBJECT
 
