@@ -25,7 +25,7 @@ void fillFolder(const QTemporaryDir& folder)
         data.subCode = QString("S%1").arg(i % 100);
         data.sesNum = i / 100;
         fillFile(folder.filePath(composedFileName(data)),
-            resultsFile(simulatedRun(modulationDepthParameter, static_cast<unsigned>(i))));
+            resultsBytes(simulatedRun(modulationDepthParameter, static_cast<unsigned>(i))));
     }
 }
 
@@ -55,7 +55,7 @@ BENCHMARK(tenThousandFiles)
 
 void readOneFile(benchmark::State& state)
 {
-    const QByteArray file = resultsFile(simulatedRun(modulationDepthParameter, 1));
+    const QByteArray file = resultsBytes(simulatedRun(modulationDepthParameter, 1));
     qint64 nTrials = 0;
     for (auto _ : state) {
         nTrials += readResults(file).records.size();

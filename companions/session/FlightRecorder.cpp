@@ -15,7 +15,6 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QPushButton>
-#include <QTextStream>
 
 #include <algorithm>
 #include <cmath>
@@ -26,15 +25,6 @@ using namespace quorin;
 namespace {
 
 const char* const endOfProgram = "the program was ended";
-
-QByteArray resultsBytes(const Data& data)
-{
-    QByteArray bytes;
-    QTextStream stream(&bytes);
-    writeResults(stream, data);
-    stream.flush();
-    return bytes;
-}
 
 // Microseconds are enough, and keep the lines short.
 double inWholeUs(double ms)

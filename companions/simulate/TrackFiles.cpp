@@ -8,22 +8,8 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QTextStream>
 
 #include <cmath>
-
-namespace {
-
-QString writeTrack(const QString& path, const Data& data)
-{
-    QByteArray content;
-    QTextStream stream(&content);
-    writeResults(stream, data);
-    stream.flush();
-    return writeOutput({path, OutputFile::Kind::unmarked, {}, false}, content);
-}
-
-} // namespace
 
 QStringList writeTracks(
     const TrackTarget& target, const Simulation& simulation, const RunsDone& runsDone)
@@ -39,8 +25,10 @@ QStringList writeTracks(
             continue;
         }
         data.sesNum = i + 1;
-        const QString error = writeTrack(
-            isFolder ? QDir(target.path).filePath(composedFileName(data)) : target.path, data);
+        const QString path
+            = isFolder ? QDir(target.path).filePath(composedFileName(data)) : target.path;
+        const QString error
+            = writeOutput({path, OutputFile::Kind::unmarked, {}, false}, resultsBytes(data));
         if (!error.isEmpty()) {
             errors.append(error);
         }

@@ -5,6 +5,7 @@
 #include "session/AdaptedParameter.h"
 #include "session/Data.h"
 
+#include <QByteArray>
 #include <QTextStream>
 
 using namespace quorin;
@@ -42,4 +43,13 @@ void writeResults(QTextStream& stream, const Data& data)
                << record.stimulusPosition << tab << record.responsePosition << tab
                << (record.correctness ? 1 : 0) << tab << record.reactionTime << lineEnd;
     }
+}
+
+QByteArray resultsBytes(const Data& data)
+{
+    QByteArray bytes;
+    QTextStream stream(&bytes);
+    writeResults(stream, data);
+    stream.flush();
+    return bytes;
 }

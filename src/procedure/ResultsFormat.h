@@ -4,6 +4,7 @@
 #include <QString>
 
 class Data;
+class QByteArray;
 class QTextStream;
 
 /// The header line of a results file without its line end: five names parted by tabs. Empty for a
@@ -18,3 +19,6 @@ QString resultsNumber(double shown);
 /// records, or for a main parameter other than the two. Reaction times are in ms in the stream's
 /// own format for doubles, up to 6 significant digits.
 void writeResults(QTextStream& stream, const Data& data);
+
+/// The bytes of the results file that writeResults makes of a run: empty where it writes nothing.
+QByteArray resultsBytes(const Data& data);

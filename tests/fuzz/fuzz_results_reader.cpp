@@ -6,8 +6,6 @@
 #include "report/ResultsReader.h"
 #include "report/Run.h"
 
-#include <QTextStream>
-
 #include <cstddef>
 #include <cstdint>
 
@@ -30,11 +28,7 @@ QByteArray rewritten(const ResultsReading& reading)
     data.mainParameter = carrierFrequencyParameter;
     data.cf[standard] = 1.0;
     data.records = reading.records;
-    QByteArray bytes;
-    QTextStream stream(&bytes);
-    writeResults(stream, data);
-    stream.flush();
-    return bytes;
+    return resultsBytes(data);
 }
 
 void judge(const ResultsReading& reading)

@@ -7,7 +7,6 @@
 
 #include <QLocale>
 #include <QTest>
-#include <QTextStream>
 
 #include <cmath>
 
@@ -20,15 +19,6 @@ constexpr auto differenceHeader
       "(ms)";
 constexpr auto depthHeader
     = "modulation depth (%)\tstimulus position\tresponse position\tcorrectness\treaction time (ms)";
-
-QByteArray written(const Data& data)
-{
-    QByteArray bytes;
-    QTextStream stream(&bytes);
-    writeResults(stream, data);
-    stream.flush();
-    return bytes;
-}
 
 Data dataWith(int mainParameter, const QVector<Record>& records)
 {
@@ -93,7 +83,7 @@ private slots:
         QFETCH(QString, expected);
         Data data = dataWith(mainParameter, {answered(true, value)});
         data.cf[standard] = carrier;
-        QCOMPARE(QString(written(data)).section("\r\n", 1, 1).section('\t', 0, 0), expected);
+        QCOMPARE(QString(resultsBytes(data)).section("\r\n", 1, 1).section('\t', 0, 0), expected);
     }
 
     void reactionTime_hasUpToSixDigits_data()
@@ -114,7 +104,7 @@ private slots:
         QFETCH(double, reactionTime);
         QFETCH(QByteArray, expected);
         const Data data = dataWith(modulationDepthParameter, {answered(true, 0.5, reactionTime)});
-        QCOMPARE(written(data),
+        QCOMPARE(resultsBytes(data),
             depthHeader + QByteArray("\r\n50.000000\t2\t2\t1\t") + expected + "\r\n");
     }
 
@@ -125,21 +115,21 @@ private slots:
         records[1].responsePosition = 4;
         Data data = dataWith(carrierFrequencyParameter, records);
         data.cf = {2000.0, 7.0};
-        QCOMPARE(written(data),
+        QCOMPARE(resultsBytes(data),
             differenceHeader
                 + QByteArray("\r\n100.000000\t2\t2\t1\t734\r\n80.000000\t3\t4\t0\t65\r\n"));
     }
 
     void nothingIsWritten_withoutRecords()
     {
-        QCOMPARE(written(dataWith(carrierFrequencyParameter, {})), QByteArray());
-        QCOMPARE(written(dataWith(modulationDepthParameter, {})), QByteArray());
+        QCOMPARE(resultsBytes(dataWith(carrierFrequencyParameter, {})), QByteArray());
+        QCOMPARE(resultsBytes(dataWith(modulationDepthParameter, {})), QByteArray());
     }
 
     void nothingIsWritten_forAnyOtherParameter()
     {
-        QCOMPARE(written(dataWith(2, {answered(true, 0.5, 734)})), QByteArray());
-        QCOMPARE(written(dataWith(-1, {answered(true, 0.5, 734)})), QByteArray());
+        QCOMPARE(resultsBytes(dataWith(2, {answered(true, 0.5, 734)})), QByteArray());
+        QCOMPARE(resultsBytes(dataWith(-1, {answered(true, 0.5, 734)})), QByteArray());
     }
 
     void numbers_areTheSame_inEveryLocale()
@@ -147,8 +137,8 @@ private slots:
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
         Data data = dataWith(carrierFrequencyParameter, {answered(true, 1.0, 7340.5)});
         data.cf[standard] = 12345.5;
-        QCOMPARE(
-            written(data), differenceHeader + QByteArray("\r\n12345.500000\t2\t2\t1\t7340.5\r\n"));
+        QCOMPARE(resultsBytes(data),
+            differenceHeader + QByteArray("\r\n12345.500000\t2\t2\t1\t7340.5\r\n"));
     }
 };
 

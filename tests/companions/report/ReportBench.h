@@ -25,7 +25,7 @@ public:
     void addRun(const QString& name, int mainParameter, unsigned seed, int nReversals = 14) const
     {
         QDir(path()).mkpath(QFileInfo(path(name)).path());
-        fillFile(path(name), resultsFile(simulatedRun(mainParameter, seed, nReversals)));
+        fillFile(path(name), resultsBytes(simulatedRun(mainParameter, seed, nReversals)));
     }
 
     Outcome report(

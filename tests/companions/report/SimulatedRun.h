@@ -9,7 +9,6 @@
 
 #include <QByteArray>
 #include <QFile>
-#include <QTextStream>
 
 #include <random>
 
@@ -35,16 +34,6 @@ inline Data simulatedRun(int mainParameter, unsigned seed, int nReversals = 14)
         }
         stepDeviant(data);
     }
-}
-
-/// The results file that the application writes for a run.
-inline QByteArray resultsFile(const Data& data)
-{
-    QByteArray bytes;
-    QTextStream stream(&bytes);
-    writeResults(stream, data);
-    stream.flush();
-    return bytes;
 }
 
 /// Puts bytes into a file, which is made.

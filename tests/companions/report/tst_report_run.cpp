@@ -50,7 +50,7 @@ ReadRun readBack(const QByteArray& bytes, const QString& name = "run.txt", const
 
 QByteArray depthFile(unsigned seed, int nReversals = 14)
 {
-    return resultsFile(simulatedRun(modulationDepthParameter, seed, nReversals));
+    return resultsBytes(simulatedRun(modulationDepthParameter, seed, nReversals));
 }
 
 bool isRight(const QByteArray& line)
@@ -157,7 +157,7 @@ private slots:
         constexpr double filePrecision = 0.5e-6 + 1e-12;
         for (unsigned seed = 1; seed <= 50; ++seed) {
             const Data data = simulatedRun(mainParameter, seed, nReversals);
-            const auto [run, complaint] = readBack(resultsFile(data));
+            const auto [run, complaint] = readBack(resultsBytes(data));
             QCOMPARE(complaint.text, QString());
             QCOMPARE(run.data.nTrials, data.nTrials);
             QCOMPARE(run.data.reversalCount, nReversals);
@@ -217,7 +217,7 @@ private slots:
     void subject_isUnknown_whenTheNameDoesNotFollowThePattern()
     {
         const auto [run, complaint]
-            = readBack(resultsFile(simulatedRun(carrierFrequencyParameter, 1)), "first try.txt");
+            = readBack(resultsBytes(simulatedRun(carrierFrequencyParameter, 1)), "first try.txt");
         QCOMPARE(complaint.text, QString());
         QVERIFY(!run.isNamed);
         QCOMPARE(run.fileName, QString("first try.txt"));

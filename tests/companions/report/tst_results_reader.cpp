@@ -90,13 +90,13 @@ private slots:
         data.mainParameter = carrierFrequencyParameter;
         data.cf[standard] = 1.0; // values are written as they are
         data.records = {answered(false, value, reactionTime), answered(true, value, reactionTime)};
-        const QByteArray written = resultsFile(data);
+        const QByteArray written = resultsBytes(data);
         const ResultsReading reading = readResults(written);
         QCOMPARE(reading.complaint.text, QString());
 
         data.records = reading.records;
         // -0.000000 is read as 0, which has no sign
-        QCOMPARE(resultsFile(data).replace("-0.000000", "0.000000"),
+        QCOMPARE(resultsBytes(data).replace("-0.000000", "0.000000"),
             QByteArray(written).replace("-0.000000", "0.000000"));
     }
 
