@@ -3,11 +3,16 @@
 #include "record/JsonFields.h"
 
 #include "record/DataFields.h"
+#include "session/AdaptedParameter.h"
 #include "session/Data.h"
 
+#include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <limits>
 #include <utility>
+
+using namespace quorin;
 
 namespace {
 
@@ -42,6 +47,28 @@ bool isWhole(const QJsonValue& json, double lowest, double highest)
 {
     const double number = json.toDouble();
     return json.isDouble() && number == std::floor(number) && number >= lowest && number <= highest;
+}
+
+template <typename List> bool areOfTheTwoSounds(std::initializer_list<const List*> lists)
+{
+    return std::all_of(
+        lists.begin(), lists.end(), [](const List* list) { return list->size() == deviant + 1; });
+}
+
+// The rules look into these lists, and multiply steps, without asking.
+bool isUsable(const Data& data)
+{
+    constexpr int largestStep = 1000;
+    const auto isSmall = [](int number) { return number >= -largestStep && number <= largestStep; };
+    return areOfTheTwoSounds({&data.dur, &data.durToPlot, &data.freqToPlot, &data.amp, &data.mf,
+               &data.md, &data.fd, &data.cf, &data.cfPhaseDeg, &data.mfPhaseDeg, &data.cfPhase,
+               &data.mfPhase})
+        && areOfTheTwoSounds({&data.nSamples, &data.nPointsToPlot, &data.nFreqPointsToPlot})
+        && areOfTheTwoSounds({&data.wavNames}) && adaptedParameter(data.mainParameter) != nullptr
+        && !data.stepSizes.isEmpty()
+        && std::all_of(data.stepSizes.cbegin(), data.stepSizes.cend(), isSmall)
+        && isSmall(data.stepFactor) && isSmall(data.stepFactorCorrect)
+        && isSmall(data.stepFactorIncorrect);
 }
 
 } // namespace
@@ -213,7 +240,7 @@ bool readJson(const QJsonValue& json, Data& value)
     Data read;
     FieldReader reader(json.toObject());
     eachSetting(read, reader);
-    if (!reader.badKey().isEmpty()) {
+    if (!reader.badKey().isEmpty() || !isUsable(read)) {
         return false;
     }
     value = read;

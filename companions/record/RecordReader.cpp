@@ -27,6 +27,7 @@ public:
                                                            : "is no JSON: " + error.errorString();
         }
         m_object = document.object();
+        ++m_run.nLines;
         const QString event = m_object.value("event").toString();
         if (m_hasBegun && !std::holds_alternative<std::monostate>(m_run.end)) {
             return "stands after the end of the run";
@@ -63,16 +64,16 @@ private:
             return addTrial();
         }
         if (event == SoundStarted::event) {
-            return addTo(&RecordedTrial::sounds);
+            return addSound();
         }
         if (event == SoundEnded::event) {
             return addEnd();
         }
         if (event == AnswerAllowed::event) {
-            return addOnce(&RecordedTrial::allowed);
+            return addOnce(&RecordedTrial::allowed, &RecordedTrial::allowedLine);
         }
         if (event == AnswerGiven::event) {
-            return addOnce(&RecordedTrial::answer);
+            return addOnce(&RecordedTrial::answer, &RecordedTrial::answerLine);
         }
         return addLast(event);
     }
@@ -94,6 +95,7 @@ private:
     QString addTrial()
     {
         RecordedTrial trial;
+        trial.begunLine = m_run.nLines;
         QString error = read(trial.begun);
         const bool isNext = trial.begun.trial == m_run.trials.size() + 1;
         const bool isDue = m_run.trials.isEmpty() || m_run.trials.constLast().answer;
@@ -114,17 +116,19 @@ private:
             : error;
     }
 
-    template <typename Line> QString addTo(QVector<Line> RecordedTrial::*list)
+    QString addSound()
     {
-        Line line;
+        SoundStarted line;
         QString error = readOfLastTrial(line);
         if (error.isEmpty()) {
-            (m_run.trials.last().*list).append(line);
+            m_run.trials.last().sounds.append(line);
+            m_run.trials.last().soundLines.append(m_run.nLines);
         }
         return error;
     }
 
-    template <typename Line> QString addOnce(std::optional<Line> RecordedTrial::*once)
+    template <typename Line>
+    QString addOnce(std::optional<Line> RecordedTrial::*once, int RecordedTrial::*number)
     {
         Line line;
         QString error = readOfLastTrial(line);
@@ -136,6 +140,7 @@ private:
             return QString("\"%1\": stands twice in trial %2").arg(Line::event).arg(line.trial);
         }
         place = line;
+        m_run.trials.last().*number = m_run.nLines;
         return {};
     }
 

@@ -16,6 +16,12 @@ struct RecordedTrial {
     QVector<SoundEnded> ends; ///< in the order of the file; sounds may overlap
     std::optional<AnswerAllowed> allowed;
     std::optional<AnswerGiven> answer;
+
+    // Their lines in the file, counted from 1; 0 for what is not there.
+    int begunLine = 0;
+    QVector<int> soundLines;
+    int allowedLine = 0;
+    int answerLine = 0;
 };
 
 /// A run as its record tells it.
@@ -25,6 +31,7 @@ struct RunRecord {
     /// The last line; none where the program was stopped by force.
     std::variant<std::monostate, RunSaved, RunUnsaved, RunAbandoned> end;
     bool isCut = false; ///< whether the file ends within a line, which is left out
+    int nLines = 0; ///< complete ones; the last line's number
 };
 
 /// What was read of a record's file: all of it, or the lines up to the first that is wrong.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Records of programs that were killed at random moments.
+#include "record/RecordCheck.h"
 #include "record/RecordReader.h"
 #include "session/Recomputation.h"
 #include "support/QuietTest.h"
@@ -38,6 +39,7 @@ private slots:
             QVERIFY(nWritten >= step[1].toInt());
             QVERIFY(nWritten <= step[1].toInt() + mostLinesOfAStep);
             QCOMPARE(differencesOf(read.run), QStringList());
+            QCOMPARE(contradictionOf(read.run).text, QString());
             nLines += nWritten;
         }
         qInfo("%d kills, %d lines, %d cut", nKills, nLines, nCut);

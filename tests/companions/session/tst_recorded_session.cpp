@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A run on a real sound server: what the record says of each sound is what was heard.
 #include "app/MainWindow.h"
+#include "record/RecordCheck.h"
 #include "record/RecordReader.h"
 #include "session/FlightRecorder.h"
 #include "session/Recomputation.h"
@@ -91,6 +92,7 @@ private slots:
         QCOMPARE(digestsOf(recording), digests);
         QCOMPARE(recordedSounds(recording, shortestSilence)[0].length, soundSamples);
         QCOMPARE(differencesOf(read.run), QStringList());
+        QCOMPARE(contradictionOf(read.run).text, QString());
         QCOMPARE(read.run.begun.audio["server"].toObject()["sink"].toString(), QString("lab"));
     }
 };

@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Whether the lines of a record fit each other, and the run that they make.
+#include "record/RecordCheck.h"
+
+#include "procedure/RunResults.h"
+#include "procedure/StaircaseRule.h"
+#include "record/RecordReader.h"
+#include "session/AdaptedParameter.h"
+
+#include <cmath>
+#include <limits>
+
+using namespace quorin;
+
+namespace {
+
+constexpr int nSounds = 4;
+
+QString textOf(double number)
+{
+    return QString::number(number, 'g', QLocale::FloatingPointShortest);
+}
+
+QString textOf(int number)
+{
+    return QString::number(number);
+}
+
+QString textOf(const std::optional<double>& number)
+{
+    return number ? textOf(*number) : "none";
+}
+
+bool isSame(double a, double b)
+{
+    constexpr double share = 4 * std::numeric_limits<double>::epsilon();
+    return a == b || (std::isnan(a) && std::isnan(b)) || std::abs(a - b) <= share * std::abs(b);
+}
+
+bool isSame(int a, int b)
+{
+    return a == b;
+}
+
+bool isSame(const std::optional<double>& a, const std::optional<double>& b)
+{
+    return a.has_value() == b.has_value() && (!a || isSame(*a, *b));
+}
+
+bool isAnInterval(int position)
+{
+    return position == 2 || position == 3;
+}
+
+void addAnswer(Data& data, const RecordedTrial& trial)
+{
+    const AnswerGiven& answer = *trial.answer;
+    Record record
+        = answeredTrial(answer.value, trial.begun.position, answer.response, answer.reactionMs);
+    record.correctness = answer.isCorrect;
+    data.records.append(record);
+    data.nTrials = data.records.size();
+    judgeTrial(data, data.nTrials - 1);
+}
+
+/// Follows a run line by line until two of its lines contradict each other.
+class Walk {
+public:
+    explicit Walk(const RunRecord& run)
+        : m_run(run)
+        , m_data(run.begun.go)
+        , m_value(adaptedValue(m_data))
+    {
+        clearRun(m_data);
+    }
+
+    Contradiction firstContradiction()
+    {
+        checkChoices();
+        for (const RecordedTrial& trial : m_run.trials) {
+            checkBegin(trial);
+            checkSounds(trial);
+            if (trial.answer) {
+                checkAnswer(trial, *trial.answer);
+            }
+            if (!m_found.text.isEmpty()) {
+                return m_found;
+            }
+        }
+        m_line = m_run.nLines;
+        std::visit([this](const auto& end) { checkEnd(end); }, m_run.end);
+        return m_found;
+    }
+
+private:
+    void checkChoices()
+    {
+        const Data known;
+        const RunBegun& begun = m_run.begun;
+        m_line = 1;
+        demand(begun.sessionType == known.sesTypes.value(begun.go.sesType),
+            "the type of session has another name than number");
+        demand(begun.soundType == known.soundTypes.value(begun.go.soundType),
+            "the type of sound has another name than number");
+        demand(begun.mainParameter == known.mainParameters.value(begun.go.mainParameter),
+            "the main parameter has another name than number");
+    }
+
+    void checkBegin(const RecordedTrial& trial)
+    {
+        m_line = trial.begunLine;
+        demand(!m_hasEnded, "a trial begins after the run had all its reversals");
+        demand(isAnInterval(trial.begun.position),
+            QString("the position is %1, not 2 or 3").arg(trial.begun.position));
+        compare("the value", trial.begun.value, m_value);
+        checkTime(trial.begun.atMs);
+    }
+
+    // The interval that holds the deviant is the only one that may sound otherwise.
+    void checkSounds(const RecordedTrial& trial)
+    {
+        for (int i = 0; i < trial.sounds.size(); ++i) {
+            const SoundStarted& sound = trial.sounds[i];
+            m_line = trial.soundLines[i];
+            compare("the interval", sound.interval, i + 1);
+            checkTime(sound.atMs);
+            const bool isStandard = i < nSounds && sound.interval != trial.begun.position;
+            demand(!isStandard || sound.sha256 == trial.sounds[0].sha256,
+                QString("the samples are not those of the first interval, and the deviant is in %1")
+                    .arg(trial.begun.position));
+        }
+        if (trial.allowed) {
+            m_line = trial.allowedLine;
+            demand(trial.sounds.size() >= nSounds, "the answer is allowed before four sounds");
+            checkTime(trial.allowed->atMs);
+        }
+    }
+
+    void checkAnswer(const RecordedTrial& trial, const AnswerGiven& answer)
+    {
+        m_line = trial.answerLine;
+        demand(trial.allowed.has_value(), "the answer comes before it is allowed");
+        checkTime(answer.atMs);
+        demand(isAnInterval(answer.response),
+            QString("the response is %1, not 2 or 3").arg(answer.response));
+        demand(answer.isCorrect == (answer.response == trial.begun.position),
+            QString("the answer %1 is judged as %2, and the deviant is in %3")
+                .arg(answer.response)
+                .arg(answer.isCorrect ? "correct" : "wrong")
+                .arg(trial.begun.position));
+        compare("the value", answer.value, trial.begun.value);
+        const int reversalsBefore = m_data.reversalCount;
+        addAnswer(m_data, trial);
+        m_hasEnded = enoughReversals(m_data);
+        demand(answer.isReversal == (m_data.reversalCount > reversalsBefore),
+            answer.isReversal ? "is called a reversal and is none"
+                              : "is a reversal and is not called so");
+        compare("the count of reversals", answer.reversals, m_data.reversalCount);
+        compare("the value after the answer", answer.valueAfter, valueAfter(answer.value));
+        m_value = answer.valueAfter.value_or(m_value);
+    }
+
+    std::optional<double> valueAfter(double value) const
+    {
+        const double ceiling = adaptedParameter(m_data.mainParameter)->ceiling;
+        return m_hasEnded ? std::optional<double>()
+                          : steppedValue(value, nextStepDb(m_data), ceiling);
+    }
+
+    void checkEnd(const std::monostate& /*none*/) { }
+
+    void checkEnd(const RunFigures& figures)
+    {
+        computeRunResults(m_data);
+        demand(m_hasEnded, "the run is finished without all its reversals");
+        compare("the number of trials", figures.trials, m_data.nTrials);
+        compare("the threshold", figures.threshold, m_data.threshold);
+        compare("the mean reaction time", figures.reactionMs, m_data.meanReactionTime);
+        compare("the mean reaction time of correct answers", figures.reactionCorrectMs,
+            m_data.meanReactionTimeCorrect);
+        compare("the mean reaction time of wrong answers", figures.reactionWrongMs,
+            m_data.meanReactionTimeIncorrect);
+        checkTime(figures.atMs);
+    }
+
+    void checkEnd(const RunAbandoned& end)
+    {
+        demand(!m_hasEnded, "the run is abandoned with all its reversals");
+        compare("the number of trials", end.trials, m_data.nTrials);
+        checkTime(end.atMs);
+    }
+
+    void checkTime(double atMs)
+    {
+        demand(atMs >= m_lastMs, "the time is before that of an earlier line");
+        m_lastMs = atMs;
+    }
+
+    template <typename Figure>
+    void compare(const char* name, const Figure& recorded, const Figure& expected)
+    {
+        demand(isSame(recorded, expected),
+            QString("%1 is %2, and %3 follows from the lines before")
+                .arg(name, textOf(recorded), textOf(expected)));
+    }
+
+    void demand(bool isMet, const QString& otherwise)
+    {
+        if (!isMet && m_found.text.isEmpty()) {
+            m_found = {m_line, otherwise};
+        }
+    }
+
+    const RunRecord& m_run;
+    Data m_data;
+    double m_value; ///< that the next trial has
+    double m_lastMs = 0.0;
+    bool m_hasEnded = false;
+    int m_line = 0; ///< that is looked at
+    Contradiction m_found;
+};
+
+} // namespace
+
+Contradiction contradictionOf(const RunRecord& run)
+{
+    return Walk(run).firstContradiction();
+}
+
+Data answeredRun(const RunRecord& run)
+{
+    Data data = run.begun.go;
+    clearRun(data);
+    for (const RecordedTrial& trial : run.trials) {
+        if (trial.answer) {
+            addAnswer(data, trial);
+        }
+    }
+    return data;
+}
