@@ -24,6 +24,7 @@ namespace {
 struct PageFigure {
     QString title;
     QByteArray svg;
+    QString remark = {};
 };
 
 constexpr QSize figureSize(440, 400);
@@ -63,6 +64,13 @@ svg [stroke="#e2e2e2"] { stroke: var(--line); } svg [stroke="#3c3c3c"] { stroke:
   figure.wide svg { min-width: 0; } a { color: inherit; } }
 )";
 
+QByteArray remarkOf(const PageFigure& figure)
+{
+    return figure.remark.isEmpty()
+        ? QByteArray()
+        : "<p class=\"faint\">" + figure.remark.toHtmlEscaped().toUtf8() + "</p>";
+}
+
 QByteArray figureOf(const PageFigure& figure, const char* kind)
 {
     QByteArray svg = figure.svg;
@@ -70,7 +78,7 @@ QByteArray figureOf(const PageFigure& figure, const char* kind)
     const QByteArray label = figure.title.toHtmlEscaped().toUtf8();
     svg.replace(0, 4, R"(<svg role="img" aria-label=")" + label + "\"");
     return QByteArray("<figure class=\"scroll ") + kind + "\"><figcaption>" + label
-        + "</figcaption>" + svg + "</figure>\n";
+        + "</figcaption>" + svg + remarkOf(figure) + "</figure>\n";
 }
 
 QByteArray section(const QString& title, const QByteArray& content)
@@ -137,7 +145,7 @@ QByteArray picturesOf(const QVector<Run>& runs, const PageParts& parts)
             [&run](QPainter& painter, const QSize& size) { drawPlainRun(painter, size, run); });
         const QString title = QString("%1: threshold %2\u00a0%3")
                                   .arg(run.fileName, shown(run.data.threshold), unitOf(run.data));
-        figures += figureOf({title, svg}, "small");
+        figures += figureOf({title, svg, settingsOf(run)}, "small");
     }
     return "<p class=\"faint\">\u2022 correct, \u00d7 wrong, \u25cb reversal used, \u25a1 reversal "
            "not used, - - threshold; below, the reaction times.</p>\n<div class=\"grid\">\n"

@@ -38,7 +38,12 @@ QString firstLine(const QString& text)
 
 QString pictureName(const QString& fileName)
 {
-    return fileName.endsWith(".txt") ? fileName.chopped(4) : fileName;
+    for (const char* ending : {".txt", ".jsonl"}) {
+        if (fileName.endsWith(ending)) {
+            return fileName.chopped(static_cast<int>(qstrlen(ending)));
+        }
+    }
+    return fileName;
 }
 
 } // namespace

@@ -12,6 +12,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
+bool isOfARun(const QString& name)
+{
+    return name.endsWith(".txt", Qt::CaseInsensitive)
+        || name.endsWith(".jsonl", Qt::CaseInsensitive);
+}
+
 /// The search of one folder and all below it.
 class Search {
 public:
@@ -52,7 +58,7 @@ private:
         const bool isHidden = entry.path().filename().native().front() == '.';
         if (entry.is_directory(ignored)) {
             takeFolder(entry, name, isHidden);
-        } else if (!name.endsWith(".txt", Qt::CaseInsensitive)) {
+        } else if (!isOfARun(name)) {
             return;
         } else if (isHidden) {
             note(name, "a hidden file, left out");
@@ -100,7 +106,8 @@ ResultsFiles resultsFiles(const QStringList& arguments)
         const QStringList found
             = isFolder ? Search(files).filesBelow(argument) : QStringList(argument);
         if (found.isEmpty()) {
-            files.complaints.append(argument + ": there is no results file (*.txt) in the folder");
+            files.complaints.append(argument
+                + ": there is no results file (*.txt) and no record (*.jsonl) in the folder");
         }
         for (const QString& path : found) {
             const QString canonical = QFileInfo(path).canonicalFilePath();

@@ -12,10 +12,11 @@ struct ResultsFiles {
 };
 
 /// An argument that is no folder is taken as it is, whether or not it exists. A folder stands for
-/// all files in it and below whose name ends in .txt, sorted by path. Links to files are followed,
-/// links to folders below the argument are not, so that a search cannot go round in circles. A file
-/// that is reached more than once, by whatever name, comes only once. There is a note of each file
-/// that is left out: hidden, reached before, a link to nowhere, no regular file; and of each folder
-/// that is hidden or a link. There is a complaint of each folder that cannot be read, of each
-/// argument without a results file, and of each name that is not UTF-8, which Qt cannot open.
+/// all files in it and below whose name ends in .txt or .jsonl, sorted by path. Links to files are
+/// followed, links to folders below the argument are not, so that a search cannot go round in
+/// circles. A file that is reached more than once, by whatever name, comes only once. There is a
+/// note of each file that is left out: hidden, reached before, a link to nowhere, no regular file;
+/// and of each folder that is hidden or a link. There is a complaint of each folder that cannot be
+/// read, of each argument without results files and records, and of each name that is not UTF-8,
+/// which Qt cannot open.
 ResultsFiles resultsFiles(const QStringList& arguments);

@@ -3,15 +3,19 @@
 #include "report/Run.h"
 
 #include "procedure/RunResults.h"
-#include "report/RunCheck.h"
+#include "report/Texts.h"
 #include "session/AdaptedParameter.h"
 #include "session/OutputFileName.h"
+#include "session/Units.h"
 #include "statistics/Spread.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
+
+using namespace quorin;
 
 namespace {
 
@@ -36,6 +40,26 @@ double percentCorrect(const QVector<Record>& records)
     const auto nCorrect = std::count_if(
         records.cbegin(), records.cend(), [](const Record& record) { return record.correctness; });
     return 100.0 * static_cast<double>(nCorrect) / records.size();
+}
+
+QString ofBoth(double ofStandard, double ofDeviant)
+{
+    const QString first = shown(ofStandard);
+    const QString second = shown(ofDeviant);
+    return first == second ? first : first + " and " + second;
+}
+
+// The sizes in their order; of those that repeat at the end, the first.
+QString stepsOf(const Data& data)
+{
+    QStringList sizes;
+    for (const int size : data.stepSizes) {
+        sizes.append(QString::number(size));
+    }
+    while (sizes.size() > 1 && sizes[sizes.size() - 2] == sizes.constLast()) {
+        sizes.removeLast();
+    }
+    return sizes.join(", ");
 }
 
 QString lackOf(const Data& data)
@@ -71,6 +95,9 @@ Complaint readTrials(Run& run, const QByteArray& bytes)
     }
     data.mainParameter = reading.mainParameter;
     data.records = std::move(reading.records);
+    run.trialLines.resize(data.records.size());
+    constexpr int firstLine = 2; // after the header
+    std::iota(run.trialLines.begin(), run.trialLines.end(), firstLine);
     return {};
 }
 
@@ -89,7 +116,7 @@ bool isUsed(const Data& data, int reversal)
     return reversal < data.nReversals && reversal >= data.nReversals - data.nReversalsToCalculate;
 }
 
-Complaint judgeRun(Run& run, const RunRule& rule)
+TrialFault judgeRun(Run& run, const RunRule& rule)
 {
     const Replay replay = replayOf(run.data);
     takeReversals(run, replay);
@@ -103,18 +130,27 @@ Complaint judgeRun(Run& run, const RunRule& rule)
     return departureOf(run.data, replay);
 }
 
+Complaint judgeReadRun(Run& run, const RunRule& rule, bool isUnchecked, const Complaint& earlier)
+{
+    const TrialFault fault = judgeRun(run, rule);
+    run.departure = earlier;
+    if (earlier.text.isEmpty() && !fault.text.isEmpty()) {
+        run.departure = {run.trialLines[fault.trial], fault.text};
+    }
+    if (!run.departure.text.isEmpty() && !isUnchecked) {
+        return run.departure;
+    }
+    const QString lack = lackOf(run.data);
+    return lack.isEmpty() ? Complaint() : Complaint {run.trialLines.constLast(), lack};
+}
+
 Complaint readRun(Run& run, const QByteArray& bytes, const RunRule& rule, bool isUnchecked)
 {
     Complaint damage = readTrials(run, bytes);
     if (!damage.text.isEmpty()) {
         return damage;
     }
-    run.departure = judgeRun(run, rule);
-    if (!run.departure.text.isEmpty() && !isUnchecked) {
-        return run.departure;
-    }
-    const QString lack = lackOf(run.data);
-    return lack.isEmpty() ? Complaint() : Complaint {1 + run.data.records.size(), lack};
+    return judgeReadRun(run, rule, isUnchecked);
 }
 
 QString unitOf(const Data& data)
@@ -150,6 +186,30 @@ QString soundOf(const Run& run)
 QString parameterOf(const Run& run)
 {
     return run.data.mainParameters[run.data.mainParameter];
+}
+
+std::optional<double> carrierOf(const Run& run)
+{
+    return run.isRecorded ? run.data.cf[standard] : std::optional<double>();
+}
+
+QString settingsOf(const Run& run)
+{
+    if (!run.isRecorded) {
+        return {};
+    }
+    const Data& data = run.data;
+    return QString("duration %1 ms, silence %2 ms, amplitude %3, carrier %4, modulation %5 Hz, "
+                   "standard's depth %6 %, sampling rate %7 Hz; ")
+               .arg(ofBoth(inMs(data.dur[standard]), inMs(data.dur[deviant])),
+                   shown(inMs(data.silentInterval)), ofBoth(data.amp[standard], data.amp[deviant]),
+                   data.soundType == noiseCarrier ? QString("noise")
+                                                  : shown(data.cf[standard]) + " Hz",
+                   ofBoth(data.mf[standard], data.mf[deviant]), shown(inPercent(data.md[standard])),
+                   shown(data.fs))
+        + QString("steps %1 dB, times %2 after correct and %3 after wrong answers; %4")
+              .arg(stepsOf(data), QString::number(data.stepFactorCorrect),
+                  QString::number(data.stepFactorIncorrect), ruleOf(data));
 }
 
 QString ruleOf(const Data& data)

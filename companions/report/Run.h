@@ -2,7 +2,9 @@
 #pragma once
 
 #include "report/ResultsReader.h"
+#include "report/RunCheck.h"
 #include "session/Data.h"
+#include "session/Disturbances.h"
 
 #include <QDateTime>
 #include <QString>
@@ -23,18 +25,21 @@ struct Flag {
     QString meaning; ///< why it matters
 };
 
-/// A run as its results file tells it.
+/// A run as its results file or its record tells it.
 struct Run {
     QString path; ///< as it was given
     QString fileName; ///< of the real file, behind all links
-    QDateTime written; ///< when the file was last changed
-    bool isNamed = false; ///< whether data has subject, session and sound from the file's name
+    QDateTime written; ///< when the file was last changed; Go of a recorded run
+    bool isNamed = false; ///< whether data has subject, session and sound
+    bool isRecorded = false; ///< whether data has all settings at Go
     Complaint departure; ///< where the file departs from the rule, if it was read unchecked
-    /// The trials, reversals and results. Values and threshold are in the shown unit, not
-    /// fractions: the file does not tell the standard's carrier. nReversals and
-    /// nReversalsToCalculate are those of the threshold; everything else that the file does not
-    /// tell is at its default.
+    /// The trials, reversals and results. Values and threshold are in the shown unit with the
+    /// decimals of a results file, not fractions: such a file does not tell the standard's carrier.
+    /// nReversals and nReversalsToCalculate are those of the threshold; everything else that the
+    /// file does not tell is at its default.
     Data data;
+    QVector<int> trialLines; ///< the line of each trial in the file
+    QVector<Disturbances> disturbances; ///< of each trial; empty where no record tells
     QVector<int> reversalTrials; ///< indices of the trials that are reversals
     double standardDeviation = 0.0; ///< of the reversals that the threshold averages, over n - 1
     double geometricMean = 0.0; ///< of the same; NaN when a value is negative
@@ -44,8 +49,14 @@ struct Run {
 
 /// Judges the trials with the staircase's own rules and fills the reversals and all results.
 /// Needs at least one trial.
-/// @return the first line that does not follow from those before; without text if all do
-Complaint judgeRun(Run& run, const RunRule& rule = {});
+/// @return the first trial that does not follow from those before; without text if all do
+TrialFault judgeRun(Run& run, const RunRule& rule = {});
+
+/// Judges a run that was read, and keeps what departs from the rule.
+/// @param earlier what was found to depart before; without text if nothing was
+/// @return the reason why the run cannot be used, as readRun
+Complaint judgeReadRun(
+    Run& run, const RunRule& rule, bool isUnchecked, const Complaint& earlier = {});
 
 /// The reversals that the threshold averages. Empty when there are fewer than the rule needs.
 QVector<double> usedReversals(const Data& data);
@@ -64,7 +75,7 @@ Complaint readRun(
 /// Hz or %.
 QString unitOf(const Data& data);
 
-/// The subject's code; "unknown" for a file whose name does not tell it.
+/// The subject's code; "unknown" for a results file whose name does not tell it.
 QString subjectOf(const Run& run);
 
 /// The same, with the file's name for an unknown subject: two of them may be different people.
@@ -82,6 +93,12 @@ QString soundOf(const Run& run);
 
 /// What the run adapts: "modulation depth" or "carrier frequency".
 QString parameterOf(const Run& run);
+
+/// The standard's carrier frequency in Hz, if the run's record tells it.
+std::optional<double> carrierOf(const Run& run);
+
+/// The settings of a recorded run on a line; empty for any other.
+QString settingsOf(const Run& run);
 
 /// What the threshold is: "threshold: mean of the last 8 of 14 reversals".
 QString ruleOf(const Data& data);

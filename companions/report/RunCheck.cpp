@@ -52,21 +52,20 @@ Replay replayOf(const Data& data)
     return replay(run, resultsFileValues(run.mainParameter));
 }
 
-Complaint departureOf(const Data& data, const Replay& replay)
+TrialFault departureOf(const Data& data, const Replay& replay)
 {
-    constexpr int linesBefore = 2; // the header, and lines count from 1
     for (int i = 0; i < data.records.size(); ++i) {
         const Record& record = data.records[i];
         if (!isPossible(record.value)) {
-            return {i + linesBefore, resultsNumber(record.value) + " is no value of a run"};
+            return {i, resultsNumber(record.value) + " is no value of a run"};
         }
         const QString text = textOf(record, replay.trials[i]);
         if (!text.isEmpty()) {
-            return {i + linesBefore, text};
+            return {i, text};
         }
     }
     const int last = data.records.size() - 1;
     return replay.trials[last].isReversal
-        ? Complaint()
-        : Complaint {last + linesBefore, "the run does not end with a reversal: lines are missing"};
+        ? TrialFault()
+        : TrialFault {last, "the run does not end with a reversal: lines are missing"};
 }

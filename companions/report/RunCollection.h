@@ -15,7 +15,8 @@ struct RunDemand {
     bool isUnchecked = false; ///< whether runs that depart from the rule are taken too
 };
 
-/// Reads the runs of all files that the inputs stand for, in their order. What is wrong with a file
-/// becomes a complaint, "file:line: what", and the file is left out; a file with the content of one
-/// read before is counted once, with a note.
+/// Reads the runs of all files that the inputs stand for, results files and records, in their
+/// order. What is wrong with a file becomes a complaint, "file:line: what", and the file is left
+/// out. A file with the content of one read before, and a record with the results file of the same
+/// run, are counted once, with a note; so is told which recorded runs were not finished.
 QVector<Run> readRuns(const RunDemand& demand, Messages& messages);

@@ -7,13 +7,23 @@
 #include "report/RunFlags.h"
 #include "report/Units.h"
 
+#include <algorithm>
+
 namespace {
+
+template <typename Test> QString countOf(const Run& run, const Test& isDisturbed)
+{
+    return run.isRecorded ? QString::number(
+               std::count_if(run.disturbances.cbegin(), run.disturbances.cend(), isDisturbed))
+                          : QString();
+}
 
 QStringList csvRow(
     const Run& run, const ThresholdEstimate& estimate, const std::optional<double>& carrier)
 {
     const Data& data = run.data;
-    const LevelOrShare relative = levelOrShare(data, data.threshold, carrier);
+    const LevelOrShare relative
+        = levelOrShare(data, data.threshold, run.isRecorded ? carrierOf(run) : carrier);
     return {run.path, subjectOf(run), sessionTypeOf(run),
         run.isNamed ? QString::number(data.sesNum) : "", soundOf(run), parameterOf(run),
         unitOf(data), QString::number(data.nTrials), QString::number(data.reversalCount),
@@ -23,7 +33,9 @@ QStringList csvRow(
         csvNumber(run.standardDeviation), QString::number(estimate.inUnit.n),
         csvNumber(estimate.inUnit.error), csvNumber(data.meanReactionTime),
         csvNumber(data.meanReactionTimeCorrect), csvNumber(data.meanReactionTimeIncorrect),
-        csvNumber(run.percentCorrect), flagNames(run), run.departure.text.isEmpty() ? "1" : "0"};
+        csvNumber(run.percentCorrect), flagNames(run), run.departure.text.isEmpty() ? "1" : "0",
+        countOf(run, [](const Disturbances& trial) { return trial.interruptedSounds > 0; }),
+        countOf(run, [](const Disturbances& trial) { return trial.lateSounds > 0; })};
 }
 
 } // namespace
@@ -33,7 +45,7 @@ QString runCsv(const QVector<Run>& runs, std::optional<double> carrier)
     QString csv("file,subject,session_type,session,sound,main_parameter,unit,trials,reversals,"
                 "rule_reversals,rule_last,threshold,threshold_db,threshold_percent_of_carrier,"
                 "geometric_mean,sd_of_reversals,condition_runs,condition_se,rt_ms,rt_correct_ms,"
-                "rt_wrong_ms,percent_correct,flags,checked\n");
+                "rt_wrong_ms,percent_correct,flags,checked,interrupted_trials,late_trials\n");
     QVector<ThresholdEstimate> estimates(runs.size());
     const QVector<QVector<int>> conditions = byCondition(runs);
     for (const QVector<int>& condition : conditions) {

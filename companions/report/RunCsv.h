@@ -9,5 +9,6 @@
 #include <optional>
 
 /// The runs as comma-separated values with a line of headings. What a run does not have is empty.
-/// @param carrier of the standard, Hz: differences are given as a share of it, if it is known
+/// @param carrier of the standard, Hz, where no record tells it: differences are given as a share
+/// of it
 QString runCsv(const QVector<Run>& runs, std::optional<double> carrier = {});

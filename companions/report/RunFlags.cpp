@@ -147,6 +147,59 @@ void flagReactionTimes(Run& run)
     }
 }
 
+struct Disturbed {
+    int nTrials = 0;
+    int first = 0; ///< counted from 1
+};
+
+template <typename Test> Disturbed disturbedTrials(const Run& run, const Test& isDisturbed)
+{
+    Disturbed disturbed;
+    for (int i = 0; i < run.disturbances.size(); ++i) {
+        if (isDisturbed(run.disturbances[i])) {
+            disturbed.first = disturbed.nTrials == 0 ? i + 1 : disturbed.first;
+            ++disturbed.nTrials;
+        }
+    }
+    return disturbed;
+}
+
+QString shareOf(const Run& run, const Disturbed& disturbed, const QString& what)
+{
+    return QString("%1 in %2 of %3 trials, the first is trial %4")
+        .arg(what)
+        .arg(disturbed.nTrials)
+        .arg(run.disturbances.size())
+        .arg(disturbed.first);
+}
+
+void flagDisturbances(Run& run)
+{
+    int worstMs = 0;
+    for (const Disturbances& trial : run.disturbances) {
+        worstMs = std::max(worstMs, trial.worstLatenessMs);
+    }
+    const Disturbed interrupted = disturbedTrials(
+        run, [](const Disturbances& trial) { return trial.interruptedSounds > 0; });
+    const Disturbed late
+        = disturbedTrials(run, [](const Disturbances& trial) { return trial.lateSounds > 0; });
+    const Disturbed failed
+        = disturbedTrials(run, [](const Disturbances& trial) { return trial.hasOutputFailed; });
+    if (interrupted.nTrials > 0) {
+        run.flags.append({"interrupted", shareOf(run, interrupted, "interrupted sounds"),
+            "there was a gap in what the listener heard"});
+    }
+    if (late.nTrials > 0) {
+        run.flags.append(
+            {"late", shareOf(run, late, QString("sounds up to %1 ms late").arg(worstMs)),
+                "the silent intervals were not all as long as set"});
+    }
+    if (failed.nTrials > 0) {
+        run.flags.append({"output failed", shareOf(run, failed, "a failed sound output"),
+            "the listener may have heard nothing"});
+    }
+}
+
 void flagAlone(Run& run)
 {
     run.flags.clear();
@@ -155,6 +208,7 @@ void flagAlone(Run& run)
             {"unchecked", QString("line %1: %2").arg(run.departure.line).arg(run.departure.text),
                 "the file is not as the application wrote it"});
     }
+    flagDisturbances(run);
     flagCeiling(run);
     flagGuessing(run);
     flagDrift(run);

@@ -24,7 +24,8 @@ QStringList trialFields(
     const Run& run, int trial, int reversal, const std::optional<double>& carrier)
 {
     const Record& record = run.data.records[trial];
-    const LevelOrShare relative = levelOrShare(run.data, record.value, carrier);
+    const LevelOrShare relative
+        = levelOrShare(run.data, record.value, run.isRecorded ? carrierOf(run) : carrier);
     const bool isReversal
         = reversal < run.reversalTrials.size() && run.reversalTrials[reversal] == trial;
     return {QString::number(trial + 1), resultsNumber(record.value), csvNumber(relative.decibels),
@@ -34,13 +35,24 @@ QStringList trialFields(
         yesOrNo(isReversal && isUsed(run.data, reversal)), yesOrNo(run.departure.text.isEmpty())};
 }
 
+QStringList disturbanceFields(const Run& run, int trial)
+{
+    if (!run.isRecorded) {
+        return {"", "", "", ""};
+    }
+    const Disturbances& seen = run.disturbances[trial];
+    return {QString::number(seen.interruptedSounds), QString::number(seen.lateSounds),
+        QString::number(seen.worstLatenessMs), yesOrNo(seen.hasOutputFailed)};
+}
+
 } // namespace
 
 QString trialsCsv(const QVector<Run>& runs, const std::optional<double>& carrier)
 {
     QString csv("file,subject,session_type,session,sound,main_parameter,unit,trial,value,value_db,"
                 "value_percent_of_carrier,stimulus_position,response_position,correct,rt_ms,"
-                "reversal,used,checked\n");
+                "reversal,used,checked,interrupted_sounds,late_sounds,worst_lateness_ms,"
+                "output_failed\n");
     for (const Run& run : runs) {
         const QStringList fields = runFields(run);
         int reversal = 0;
@@ -48,7 +60,8 @@ QString trialsCsv(const QVector<Run>& runs, const std::optional<double>& carrier
             while (reversal < run.reversalTrials.size() && run.reversalTrials[reversal] < trial) {
                 ++reversal;
             }
-            csv += csvLine(fields + trialFields(run, trial, reversal, carrier));
+            csv += csvLine(fields + trialFields(run, trial, reversal, carrier)
+                + disturbanceFields(run, trial));
         }
     }
     return csv;

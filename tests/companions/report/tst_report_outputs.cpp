@@ -221,7 +221,9 @@ private slots:
     {
         const Bench bench;
         const Outcome outcome = bench.report({"--csv", "all.csv", "."});
-        QCOMPARE(outcome.errors, QStringList(".: there is no results file (*.txt) in the folder"));
+        QCOMPARE(outcome.errors,
+            QStringList(
+                ".: there is no results file (*.txt) and no record (*.jsonl) in the folder"));
         QCOMPARE(outcome.output, QString());
         QCOMPARE(bench.names(), QStringList());
         QCOMPARE(outcome.status, 1);

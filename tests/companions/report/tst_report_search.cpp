@@ -55,13 +55,13 @@ private slots:
         QCOMPARE(resultsFiles(given).complaints, QStringList());
     }
 
-    void folder_standsForItsTextFiles_atAnyDepth()
+    void folder_standsForItsResultsFilesAndRecords_atAnyDepth()
     {
-        const Tree tree({"z.txt", "b/c/d.txt", "b/a.TXT", "b/a.csv", "b/.hidden.txt",
+        const Tree tree({"z.txt", "b/c/d.txt", "b/a.TXT", "b/a.csv", "b/.hidden.txt", "b/a.jsonl",
             ".hidden/a.txt", QString::fromUtf8("m\u00fc/\u96ea \"x\".txt"), "txt"});
         QCOMPARE(resultsFiles({tree.path()}).paths,
-            tree.paths(
-                {"b/a.TXT", "b/c/d.txt", QString::fromUtf8("m\u00fc/\u96ea \"x\".txt"), "z.txt"}));
+            tree.paths({"b/a.TXT", "b/a.jsonl", "b/c/d.txt",
+                QString::fromUtf8("m\u00fc/\u96ea \"x\".txt"), "z.txt"}));
     }
 
     void folder_isReported_whenItHasNoResults()
@@ -69,7 +69,8 @@ private slots:
         const Tree tree({"empty/a.csv", "full/a.txt"});
         const ResultsFiles files = resultsFiles(tree.paths({"empty", "full"}));
         QCOMPARE(files.complaints,
-            QStringList(tree.path("empty") + ": there is no results file (*.txt) in the folder"));
+            QStringList(tree.path("empty")
+                + ": there is no results file (*.txt) and no record (*.jsonl) in the folder"));
         QCOMPARE(files.paths, tree.paths({"full/a.txt"}));
     }
 

@@ -113,20 +113,21 @@ private slots:
                                "reversals,rule_reversals,rule_last,threshold,threshold_db,"
                                "threshold_percent_of_carrier,geometric_mean,sd_of_reversals,"
                                "condition_runs,condition_se,rt_ms,rt_correct_ms,rt_wrong_ms,"
-                               "percent_correct,flags,checked\n");
+                               "percent_correct,flags,checked,interrupted_trials,"
+                               "late_trials\n");
         Run unchecked = unnamedRun("x/a, \"b\"\n.txt");
         unchecked.departure = {3, "the correctness contradicts the positions"};
         unchecked.flags = {{"unchecked", "", ""}};
         QCOMPARE(runCsv({depthRun("A", 0, 12, 10), depthRun("A", 0, 13, 8), unchecked}, 1000.0),
             headings
                 + "folder/A.txt,A,practice,12,noise,modulation depth,%,40,14,14,8,10,-20,,9.75,1.5,"
-                  "2,1,700,650.125,,66.66666667,,1\n"
+                  "2,1,700,650.125,,66.66666667,,1,,\n"
                   "folder/A.txt,A,practice,13,noise,modulation depth,%,40,14,14,8,8,-21.93820026,,"
-                  "7.75,1.5,2,1,700,650.125,,66.66666667,,1\n"
+                  "7.75,1.5,2,1,700,650.125,,66.66666667,,1,,\n"
                   "\"x/a, \"\"b\"\"\n.txt\",unknown,unknown,,unknown,carrier frequency,Hz,40,14,14,"
-                  "8,2,,0.2,1.75,1.5,1,,700,650.125,,66.66666667,unchecked,0\n");
+                  "8,2,,0.2,1.75,1.5,1,,700,650.125,,66.66666667,unchecked,0,,\n");
         QVERIFY(
-            runCsv({unnamedRun("a")}).endsWith(",2,,,1.75,1.5,1,,700,650.125,,66.66666667,,1\n"));
+            runCsv({unnamedRun("a")}).endsWith(",2,,,1.75,1.5,1,,700,650.125,,66.66666667,,1,,\n"));
     }
 
     void trialsCsv_hasARowATrial()
@@ -142,15 +143,16 @@ private slots:
         QCOMPARE(lines.takeFirst(),
             QString("file,subject,session_type,session,sound,main_parameter,unit,trial,value,"
                     "value_db,value_percent_of_carrier,stimulus_position,response_position,correct,"
-                    "rt_ms,reversal,used,checked"));
+                    "rt_ms,reversal,used,checked,interrupted_sounds,late_sounds,"
+                    "worst_lateness_ms,output_failed"));
         const auto positions = [&run](int i) {
             const Record& record = run.data.records[i];
             return QString("%1,%2,").arg(record.stimulusPosition).arg(record.responsePosition);
         };
-        QCOMPARE(lines[0], trial + "1,50.000000,-6.020599913,," + positions(0) + "1,700,0,0,1");
-        QCOMPARE(lines[1], trial + "2,10.000000,-20,," + positions(1) + "0,65.5,1,0,1");
-        QVERIFY(lines[2].endsWith(positions(2) + "1,9,1,0,1"));
-        QCOMPARE(lines[3], trial + "4,0.000000,,," + positions(3) + "0,1000000,1,1,1");
+        QCOMPARE(lines[0], trial + "1,50.000000,-6.020599913,," + positions(0) + "1,700,0,0,1,,,,");
+        QCOMPARE(lines[1], trial + "2,10.000000,-20,," + positions(1) + "0,65.5,1,0,1,,,,");
+        QVERIFY(lines[2].endsWith(positions(2) + "1,9,1,0,1,,,,"));
+        QCOMPARE(lines[3], trial + "4,0.000000,,," + positions(3) + "0,1000000,1,1,1,,,,");
         QCOMPARE(lines.size(), 5);
 
         run.data.mainParameter = carrierFrequencyParameter;

@@ -1,0 +1,439 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Reports of recorded runs: their figures, their results files, and what is not counted.
+#include "ReportBench.h"
+#include "companions/session/RecordedRun.h"
+#include "record/RecordReader.h"
+#include "record/RecordWriter.h"
+#include "report/HtmlPage.h"
+#include "report/RunCollection.h"
+#include "report/RunCsv.h"
+#include "report/TrialsCsv.h"
+#include "support/ModalBoxes.h"
+#include "support/TestProgram.h"
+#include "support/WindowTest.h"
+
+#include <QTextStream>
+
+using namespace quorin;
+
+namespace {
+
+// A run's files in a folder of their own.
+struct RunFiles {
+    QString name; ///< without its ending
+    QByteArray record;
+    QByteArray results;
+};
+
+// Six reversals, of which the threshold averages four.
+RunFiles recordedRun(const QString& answers)
+{
+    RecordedRun run;
+    type(*run.window, "lineEditNReversals", "6");
+    type(*run.window, "lineEditNReversalsToCalc", "4");
+    run.play(answers);
+    run.recorder.flush();
+    const QString name = run.recorder.recordName().chopped(int(qstrlen(".jsonl")));
+    return {name, run.content(), RecordedRun::contentOf(run.path(name + ".txt"))};
+}
+
+const RunFiles& recordedRun()
+{
+    static const RunFiles files = recordedRun("ccwwccwcwc");
+    return files;
+}
+
+RunFiles abandonedRun()
+{
+    RecordedRun run;
+    run.play("cw");
+    ModalBoxes boxes;
+    boxes.answerNext(QMessageBox::Yes);
+    Probe::subjectWindow(*run.window)->close();
+    const QString name = run.recorder.recordName().chopped(int(qstrlen(".jsonl")));
+    return {name, run.content(), {}};
+}
+
+QByteArray upToLine(const QByteArray& bytes, int nLines)
+{
+    int end = 0;
+    for (int i = 0; i < nLines; ++i)
+        end = bytes.indexOf('\n', end) + 1;
+    return bytes.left(end);
+}
+
+// The record with another value in a field of an answer's line.
+QByteArray withAnswer(
+    const QByteArray& record, int trial, const QString& key, const QJsonValue& value)
+{
+    QByteArray changed;
+    for (const QByteArray& line : record.split('\n')) {
+        QJsonObject object = QJsonDocument::fromJson(line).object();
+        if (object["event"] == "answer" && object["trial"] == trial)
+            object.insert(key, value);
+        changed += line.isEmpty() ? QByteArray() : lineBytes(object);
+    }
+    return changed;
+}
+
+/// What readRuns makes of files.
+struct Reading {
+    QVector<Run> runs;
+    QStringList told;
+    bool isGood;
+};
+
+class Folder {
+public:
+    QString put(const QString& name, const QByteArray& bytes) const
+    {
+        QDir(m_folder.path()).mkpath(QFileInfo(name).path());
+        fillFile(path(name), bytes);
+        return path(name);
+    }
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+
+    Reading read(
+        const QStringList& names = {"."}, bool isUnchecked = false, const RunRule& rule = {}) const
+    {
+        RunDemand demand;
+        for (const QString& name : names)
+            demand.inputs.append(path(name));
+        demand.isUnchecked = isUnchecked;
+        demand.rule = rule;
+        QString text;
+        QTextStream stream(&text);
+        Messages messages(stream, false);
+        Reading reading {readRuns(demand, messages), {}, messages.isGood()};
+        flagRuns(reading.runs);
+        reading.told = told(text);
+        return reading;
+    }
+
+private:
+    // The folder's name is left out.
+    QStringList told(QString text) const
+    {
+        return text.replace(m_folder.path() + "/./", "")
+            .replace(m_folder.path() + '/', "")
+            .split('\n', Qt::SkipEmptyParts);
+    }
+
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+class TestRecordedReports : public WindowTest {
+    Q_OBJECT
+
+private slots:
+    void record_hasTheFiguresOfItsResultsFile_byItsOwnRule()
+    {
+        const RunFiles& files = recordedRun();
+        const Folder folder;
+        folder.put("a.jsonl", files.record);
+        folder.put("b.txt", files.results);
+        const Reading record = folder.read({"a.jsonl"});
+        const Reading results = folder.read({"b.txt"}, false, {6, 4});
+        QCOMPARE(record.told + results.told, QStringList());
+        QCOMPARE(record.runs.size(), 1);
+        const Run& run = record.runs[0];
+        const Run& other = results.runs[0];
+        QCOMPARE(ruleOf(run.data), QString("threshold: mean of the last 4 of 6 reversals"));
+        QCOMPARE(run.data.threshold, other.data.threshold);
+        QCOMPARE(run.standardDeviation, other.standardDeviation);
+        QCOMPARE(run.geometricMean, other.geometricMean);
+        QCOMPARE(run.data.meanReactionTime, other.data.meanReactionTime);
+        QCOMPARE(run.percentCorrect, other.percentCorrect);
+        QCOMPARE(run.data.nTrials, other.data.nTrials);
+        QCOMPARE(run.reversalTrials, other.reversalTrials);
+        const ReadRecord read = readRecord(files.record);
+        constexpr double halfOfLastDecimal = 0.5e-6;
+        QVERIFY(qAbs(run.data.threshold - 100 * std::get<RunSaved>(read.run.end).threshold)
+            < halfOfLastDecimal);
+    }
+
+    void record_tellsWhoAndWhatItWas()
+    {
+        const RunFiles& files = recordedRun();
+        const Folder folder;
+        folder.put("a.jsonl", files.record);
+        const Run run = folder.read().runs.value(0);
+        QCOMPARE(subjectOf(run), QString("S/07"));
+        QCOMPARE(sessionOf(run), QString("test001"));
+        QCOMPARE(soundOf(run), QString("noise"));
+        QCOMPARE(parameterOf(run), QString("modulation depth"));
+        QCOMPARE(carrierOf(run), std::optional<double>(1000.0));
+        QCOMPARE(run.fileName, QString("a.jsonl"));
+        const QString time = readRecord(files.record).run.begun.time;
+        QCOMPARE(run.written, QDateTime::fromString(time, Qt::ISODateWithMs));
+        QCOMPARE(settingsOf(run),
+            QString("duration 10 ms, silence 3.6e+06 ms, amplitude 1, carrier noise, modulation "
+                    "40 Hz, standard's depth 0 %, sampling rate 40000 Hz; steps 2, 2, 1 dB, times "
+                    "-1 after correct and 2 after wrong answers; threshold: mean of the last 4 of "
+                    "6 reversals"));
+        QVERIFY(htmlPage({run}, {}).contains(settingsOf(run).toHtmlEscaped().toUtf8()));
+        Run unrecorded = run;
+        unrecorded.isRecorded = false;
+        QCOMPARE(settingsOf(unrecorded), QString());
+        QCOMPARE(carrierOf(unrecorded), std::optional<double>());
+    }
+
+    void rule_isTheUsers_whereItIsGiven()
+    {
+        const Folder folder;
+        folder.put("a.jsonl", recordedRun().record);
+        QCOMPARE(ruleOf(folder.read({"a.jsonl"}, false, {{}, 6}).runs.value(0).data),
+            QString("threshold: mean of the last 6 of 6 reversals"));
+        const Reading shorter = folder.read({"a.jsonl"}, false, {3, {}});
+        QCOMPARE(ruleOf(shorter.runs.value(0).data),
+            QString("threshold: mean of the last 3 of 3 reversals"));
+        QCOMPARE(shorter.told.size(), 1);
+        QVERIFY(shorter.told[0].endsWith(": note: the run goes on after reversal 3, to 6"));
+        QVERIFY(!folder.read({"a.jsonl"}, false, {7, {}}).isGood);
+    }
+
+    void thresholdOfNothing_isRefused()
+    {
+        RecordedRun run;
+        type(*run.window, "lineEditNReversalsToCalc", "0");
+        run.play("cwc");
+        const Folder folder;
+        folder.put("a.jsonl", run.content());
+        QCOMPARE(folder.read().told,
+            QStringList("a.jsonl:1: the threshold is that of the last 0 of 2 reversals: there is "
+                        "none"));
+    }
+
+    void pair_isCountedOnce_whateverTheResultsFileIsCalled()
+    {
+        const RunFiles& files = recordedRun();
+        const Folder folder;
+        const QString record = files.name + ".jsonl";
+        folder.put(record, files.record);
+        folder.put(files.name + ".txt", files.results);
+        folder.put("0.txt", files.results);
+        folder.put("z/lines.txt", QByteArray(files.results).replace("\r\n", "\n"));
+        const Reading reading = folder.read();
+        QVERIFY(reading.isGood);
+        QCOMPARE(reading.runs.size(), 1);
+        QVERIFY(reading.runs[0].isRecorded);
+        const QString note(": note: the same trials as " + record + ", counted once");
+        QCOMPARE(reading.told,
+            QStringList({"0.txt" + note, files.name + ".txt" + note, "z/lines.txt" + note}));
+    }
+
+    void resultsFile_isARunByItself_withoutItsRecord()
+    {
+        const RunFiles& files = recordedRun();
+        const Folder folder;
+        folder.put(files.name + ".txt", files.results);
+        const Reading reading = folder.read();
+        QCOMPARE(reading.told, QStringList());
+        QCOMPARE(subjectOf(reading.runs.value(0)), QString("unknown"));
+    }
+
+    void unfinishedResultsFile_isLeftOut_atEachLine()
+    {
+        const RunFiles& files = recordedRun();
+        const QString record = files.name + ".jsonl";
+        for (int nLines = 0; nLines < files.results.count('\n'); ++nLines) {
+            const Folder folder;
+            folder.put(record, files.record);
+            folder.put(files.name + ".txt", upToLine(files.results, nLines));
+            folder.put("other.txt", upToLine(files.results, nLines));
+            const Reading reading = folder.read();
+            QCOMPARE(reading.runs.size(), 1);
+            const QString note(": note: not all of the trials of " + record + ", left out");
+            QVERIFY(reading.told.contains(files.name + ".txt" + note));
+            QCOMPARE(reading.told.contains("other.txt" + note), nLines >= 3);
+        }
+    }
+
+    void resultsFile_isRefused_whenItHasOtherTrialsThanItsRecord()
+    {
+        const RunFiles& files = recordedRun();
+        const Folder folder;
+        folder.put(files.name + ".jsonl", files.record);
+        folder.put(files.name + ".txt", resultsBytes(simulatedRun(modulationDepthParameter, 1)));
+        const Reading reading = folder.read();
+        QCOMPARE(reading.runs.size(), 1);
+        QVERIFY(!reading.isGood);
+        QCOMPARE(reading.told,
+            QStringList(files.name + ".txt: the trials are not those of its record " + files.name
+                + ".jsonl"));
+    }
+
+    void unfinishedRecord_isCountedOnce_atEachLine()
+    {
+        const RunFiles files = recordedRun("cwcwcwc");
+        for (int nLines = 1; nLines <= files.record.count('\n'); ++nLines) {
+            const QByteArray part = upToLine(files.record, nLines);
+            const bool isAll = part == files.record;
+            for (const bool isFirst : {true, false}) {
+                const Folder folder;
+                folder.put(isFirst ? "1.jsonl" : "2.jsonl", part);
+                folder.put(isFirst ? "2.jsonl" : "1.jsonl", files.record);
+                const Reading reading = folder.read();
+                QVERIFY(reading.isGood);
+                QCOMPARE(reading.runs.size(), 1);
+                const QString copy = isFirst && !isAll ? "1.jsonl" : "2.jsonl";
+                const QString whole = copy == "1.jsonl" ? "2.jsonl" : "1.jsonl";
+                QCOMPARE(reading.runs[0].fileName, isAll ? QString("1.jsonl") : whole);
+                QCOMPARE(reading.told,
+                    QStringList(copy + ": note: "
+                        + (isAll ? "the same content as " + whole + ", counted once"
+                                 : "an unfinished copy of " + whole + ", left out")));
+            }
+        }
+    }
+
+    void twoRecords_areToldApart_whenOneWasChanged()
+    {
+        const RunFiles& files = recordedRun();
+        const Folder folder;
+        folder.put("1.jsonl", files.record);
+        folder.put("2.jsonl", withAnswer(files.record, 3, "worst_lateness_ms", 3));
+        const Reading reading = folder.read();
+        QCOMPARE(reading.runs.size(), 1);
+        QVERIFY(!reading.isGood);
+        QVERIFY(reading.told[0].endsWith(
+            "1.jsonl does and goes on otherwise: one of them was changed"));
+    }
+
+    void abandonedRun_isNoted_andTakenUnchecked()
+    {
+        const RunFiles files = abandonedRun();
+        const Folder folder;
+        folder.put("a.jsonl", files.record);
+        const Reading reading = folder.read();
+        QVERIFY(reading.isGood);
+        QCOMPARE(reading.runs.size(), 0);
+        QCOMPARE(reading.told,
+            QStringList("a.jsonl: note: abandoned after trial 2: the listener's window was closed, "
+                        "left out"));
+        const Reading unchecked = folder.read({"a.jsonl"}, true);
+        QVERIFY(unchecked.isGood);
+        QCOMPARE(unchecked.runs.size(), 1);
+        QCOMPARE(flagNames(unchecked.runs[0]).section(';', 0, 0), QString("unchecked"));
+        QCOMPARE(unchecked.told,
+            QStringList(QString("a.jsonl:%1: note: unchecked: abandoned after trial 2: the "
+                                "listener's window was closed")
+                            .arg(files.record.count('\n'))));
+    }
+
+    void runThatWasKilled_isNoted_atEachLine()
+    {
+        const RunFiles& files = recordedRun();
+        const int nLines = files.record.count('\n');
+        for (int n = 1; n < nLines - 1; ++n) {
+            const Folder folder;
+            const QByteArray part = upToLine(files.record, n);
+            folder.put("a.jsonl", part + "{\"at_");
+            const int nAnswers = part.count("\"event\":\"answer\"");
+            const Reading reading = folder.read();
+            QVERIFY(reading.isGood);
+            QCOMPARE(reading.told,
+                QStringList(nAnswers == 0
+                        ? QString("a.jsonl: note: cut short before the first answer, left out")
+                        : QString("a.jsonl: note: cut short after trial %1, left out")
+                              .arg(nAnswers)));
+            QCOMPARE(folder.read({"a.jsonl"}, true).runs.size(), nAnswers == 0 ? 0 : 1);
+        }
+    }
+
+    void runWithAllItsReversals_isWhole_withoutItsLastLine()
+    {
+        const RunFiles& files = recordedRun();
+        const Folder folder;
+        folder.put("a.jsonl", upToLine(files.record, files.record.count('\n') - 1));
+        const Reading reading = folder.read();
+        QCOMPARE(reading.told, QStringList());
+        QCOMPARE(reading.runs.size(), 1);
+    }
+
+    void resultsFile_isReadInstead_whenTheRecordWasCut()
+    {
+        const RunFiles& files = recordedRun();
+        const QByteArray part = upToLine(files.record, files.record.count('\n') - 20);
+        for (const bool isUnchecked : {false, true}) {
+            const Folder folder;
+            folder.put("a.jsonl", part);
+            folder.put("b.txt", files.results);
+            const Reading reading = folder.read({"."}, isUnchecked);
+            QCOMPARE(reading.runs.size(), 1);
+            QCOMPARE(reading.runs[0].fileName, QString("b.txt"));
+            QVERIFY(
+                reading.told.contains("a.jsonl: note: goes on in b.txt, which is read instead"));
+        }
+    }
+
+    void contradiction_isRefusedWithItsLine_andReadUnchecked()
+    {
+        const RunFiles& files = recordedRun();
+        const QByteArray changed = withAnswer(files.record, 3, "reversals", 5);
+        const int line = 1 + 3 * 11;
+        const QString what("the count of reversals is 5, and 1 follows from the lines before");
+        const Folder folder;
+        folder.put("a.jsonl", changed);
+        folder.put("b.txt", files.results);
+        const Reading reading = folder.read();
+        QVERIFY(!reading.isGood);
+        QCOMPARE(reading.runs.size(), 0);
+        QCOMPARE(reading.told,
+            QStringList({QString("a.jsonl:%1: ").arg(line) + what,
+                "b.txt: note: the same trials as a.jsonl, left out too"}));
+        const Reading unchecked = folder.read({"a.jsonl"}, true);
+        QVERIFY(unchecked.isGood);
+        QCOMPARE(
+            unchecked.told, QStringList(QString("a.jsonl:%1: note: unchecked: ").arg(line) + what));
+        QCOMPARE(unchecked.runs.value(0).data.nTrials, 10);
+        QVERIFY(runCsv(unchecked.runs).endsWith(",0,0,0\n"));
+    }
+
+    void damage_isRefusedWithItsLine_evenUnchecked()
+    {
+        const RunFiles& files = recordedRun();
+        const Folder folder;
+        folder.put("a.jsonl", upToLine(files.record, 5) + "x\n");
+        folder.put("b.jsonl", withAnswer(recordedRun("cwcwcwc").record, 2, "response", 9));
+        folder.put("c.jsonl", {});
+        QCOMPARE(folder.read({"."}, true).told,
+            QStringList({"a.jsonl:6: is no JSON: illegal value",
+                "b.jsonl:23: \"9\" is not a position from 1 to 4", "c.jsonl: the file is empty"}));
+    }
+
+    void disturbedTrials_areFlagged()
+    {
+        QByteArray record = recordedRun().record;
+        for (int trial = 1; trial <= 10; ++trial) // the silent driver's output fails
+            record = withAnswer(record, trial, "output_failed", trial == 7);
+        record = withAnswer(record, 2, "interrupted_sounds", 1);
+        record = withAnswer(record, 4, "late_sounds", 2);
+        record = withAnswer(record, 4, "worst_lateness_ms", 31);
+        record = withAnswer(record, 9, "late_sounds", 1);
+        record = withAnswer(record, 9, "worst_lateness_ms", 12);
+        const Folder folder;
+        folder.put("a.jsonl", record);
+        const Reading reading = folder.read();
+        const Run run = reading.runs.value(0);
+        QVERIFY(flagNames(run).startsWith("interrupted; late; output failed"));
+        QCOMPARE(run.flags[0].seen,
+            QString("interrupted sounds in 1 of 10 trials, the first is trial 2"));
+        QCOMPARE(run.flags[1].seen,
+            QString("sounds up to 31 ms late in 2 of 10 trials, the first is trial 4"));
+        QCOMPARE(run.flags[2].seen,
+            QString("a failed sound output in 1 of 10 trials, the first is trial 7"));
+        QVERIFY(runCsv({run}).endsWith(",1,1,2\n"));
+        const QStringList trials = trialsCsv({run}, {}).split('\n');
+        QVERIFY(trials[1].endsWith(",1,0,0,0,0"));
+        QVERIFY(trials[2].endsWith(",1,1,0,0,0"));
+        QVERIFY(trials[4].endsWith(",1,0,2,31,0"));
+        QVERIFY(trials[7].endsWith(",1,0,0,0,1"));
+        QVERIFY(htmlPage(reading.runs, {}).contains("sounds up to 31 ms late in 2 of 10 trials"));
+    }
+};
+
+QUORIN_TEST(TestRecordedReports);
+#include "tst_recorded_reports.moc"
