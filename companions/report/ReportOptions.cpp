@@ -26,6 +26,7 @@ void addOptions(QCommandLineParser& parser)
             "fewer.",
             "n"},
         {"carrier", "The standard's carrier frequency, of which differences are a share.", "Hz"},
+        {"rescue", "Make a results file of the answered trials of each record, beside it."},
         {"unchecked", "Read files too that depart from the rule; their rows are marked."},
         {"csv", "Write a row a run to <file>; - is standard output, then without the tables.",
             "file"},
@@ -44,8 +45,9 @@ void addOptions(QCommandLineParser& parser)
         {"html", "Write a page with all tables and pictures to <file>.", "file"},
     });
     addFitOptions(parser);
-    parser.addPositionalArgument(
-        "inputs", "Results files, or folders that are searched for *.txt.", "file|folder...");
+    parser.addPositionalArgument("inputs",
+        "Results files, records of runs, or folders that are searched for *.txt and *.jsonl.",
+        "file|folder...");
 }
 
 QString countError(
@@ -126,6 +128,20 @@ QString curveError(const QCommandLineParser& parser, CurveAxis& over)
                                                : "--over is session or date, not \"" + axis + '"';
 }
 
+QString rescueError(const QCommandLineParser& parser)
+{
+    if (!parser.isSet("rescue")) {
+        return {};
+    }
+    const QStringList options = parser.optionNames();
+    for (const QString& option : options) {
+        if (option != "rescue" && option != "unchecked") {
+            return QString("--rescue goes with --unchecked alone, not with --%1").arg(option);
+        }
+    }
+    return {};
+}
+
 QString inputError(const QCommandLineParser& parser)
 {
     return parser.positionalArguments().isEmpty() ? "no files or folders are given" : QString();
@@ -140,6 +156,7 @@ QString mistakeIn(const QCommandLineParser& parser, ReportOptions& options)
     options.format = parser.value("format");
     options.isForced = parser.isSet("force");
     options.hasSummary = parser.isSet("summary");
+    options.isRescue = parser.isSet("rescue");
     options.runs.isUnchecked = parser.isSet("unchecked");
     options.runs.inputs = parser.positionalArguments();
     RunRule& rule = options.runs.rule;
@@ -147,7 +164,7 @@ QString mistakeIn(const QCommandLineParser& parser, ReportOptions& options)
         {countError(parser, "reversals", rule.nReversals), countError(parser, "last", rule.nLast),
             ruleError(rule), carrierError(parser, options.carrier), outputError(parser),
             groupError(parser, options.groupKeys), curveError(parser, options.curves),
-            readFitOptions(parser, options.fits), inputError(parser)}) {
+            readFitOptions(parser, options.fits), rescueError(parser), inputError(parser)}) {
         if (!error.isEmpty()) {
             return error;
         }

@@ -25,6 +25,7 @@ struct ReportOptions {
     CurveAxis curves = CurveAxis::session;
     FitOptions fits;
     QString htmlPath; ///< empty: no page
+    bool isRescue = false; ///< whether the inputs are records to rescue, and nothing else is asked
     std::optional<Answer> answer; ///< in place of the report
 };
 

@@ -3,6 +3,7 @@
 #include "output/CommandLine.h"
 #include "plots/PictureFile.h"
 #include "report/Report.h"
+#include "report/Rescue.h"
 
 #include <QGuiApplication>
 #include <QLoggingCategory>
@@ -19,6 +20,13 @@ int answered(const ReportOptions& options, StandardStreams& streams)
         return streams.say(*options.answer);
     }
     const bool isTerminal = ::isatty(STDERR_FILENO) != 0;
+    if (options.isRescue) {
+        Messages messages(streams.errors(), isTerminal);
+        return rescueRecords(
+                   options.runs.inputs, options.runs.isUnchecked, streams.output(), messages)
+            ? success
+            : somethingIsWrong;
+    }
     Report report(options, streams.output(), streams.errors(), isTerminal);
     return report.make() ? success : somethingIsWrong;
 }
