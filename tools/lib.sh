@@ -20,6 +20,7 @@ test_packages=(
     pulseaudio pulseaudio-utils # a sound server without a sound card, and its recorder
     xvfb xauth # a display without a screen
     openbox xdotool # a window manager for it, and what presses keys and buttons
+    xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils # a display with two screens
     python3-jsonschema # holds the records of runs against their schema
 )
 timing_packages=(

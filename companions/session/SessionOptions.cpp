@@ -24,6 +24,10 @@ void addOptions(QCommandLineParser& parser)
             "positions, values, results and every sample are the same. The status is 0 if they "
             "are, else 1.",
             "file"},
+        {"subject-screen",
+            "Open the listener's window on this screen: its name, or 1, 2 and so on.", "screen"},
+        {"subject-fullscreen", "Let the listener's window fill its screen."},
+        {"cover", "Hide what else is on the listener's screen behind a plain window."},
     });
     parser.addPositionalArgument("folder", "Where the records go; it must exist.");
 }
@@ -55,12 +59,17 @@ QString mistakeIn(const QCommandLineParser& parser, SessionOptions& options)
 {
     const QStringList folders = parser.positionalArguments();
     const QString mistake = seedError(parser, options.seed);
+    options.listener = {
+        parser.value("subject-screen"), parser.isSet("subject-fullscreen"), parser.isSet("cover")};
+    if (parser.isSet("subject-screen") && options.listener.screen.isEmpty()) {
+        return "--subject-screen needs a name or a number";
+    }
     if (!parser.isSet("replay")) {
         options.folder = folders.value(0);
         return mistake.isEmpty() ? folderError(folders) : mistake;
     }
     options.replayed = parser.value("replay");
-    if (!folders.isEmpty() || parser.isSet("seed")) {
+    if (!folders.isEmpty() || parser.optionNames().size() > 1) {
         return "--replay goes with nothing else";
     }
     return options.replayed.isEmpty() ? QString("--replay needs a name") : QString();

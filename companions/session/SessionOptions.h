@@ -2,6 +2,7 @@
 #pragma once
 
 #include "output/CommandLine.h"
+#include "session/ListenerScreen.h"
 
 #include <QString>
 #include <QStringList>
@@ -13,6 +14,7 @@ struct SessionOptions {
     QString folder; ///< that the records go to
     QString replayed; ///< a record to compute again; empty: none
     std::optional<qint64> seed; ///< none: one from the system
+    ListenerPlace listener; ///< its screen as it was told, not yet looked for
     std::optional<Answer> answer; ///< in place of recording and replaying
 };
 

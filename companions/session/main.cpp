@@ -3,6 +3,7 @@
 #include "app/MainWindow.h"
 #include "output/CommandLine.h"
 #include "session/FlightRecorder.h"
+#include "session/ListenerScreen.h"
 #include "session/Recomputation.h"
 #include "session/SessionOptions.h"
 
@@ -80,8 +81,25 @@ QString lockError(const QLockFile& lock, const QString& folder)
     return folder + ": cannot be written to";
 }
 
+// The screens are known only now.
+bool findScreen(ListenerPlace& place, StandardStreams& streams)
+{
+    const std::optional<QString> name
+        = place.screen.isEmpty() ? QString() : screenNameOf(place.screen);
+    if (!name) {
+        streams.complain(QString("--subject-screen must be one of %1, not \"%2\"")
+                             .arg(screenList(), place.screen));
+    }
+    place.screen = name.value_or(QString());
+    return name.has_value();
+}
+
 int record(const SessionOptions& options, StandardStreams& streams)
 {
+    ListenerPlace place = options.listener;
+    if (!findScreen(place, streams)) {
+        return wrongUsage;
+    }
     QLockFile lock(QDir(options.folder).filePath(".quorin-session.lock"));
     lock.setStaleLockTime(0); // only a process that is gone gives its lock up, however old it is
     if (!lock.tryLock()) {
@@ -102,6 +120,12 @@ int record(const SessionOptions& options, StandardStreams& streams)
     });
     QObject::connect(
         &recorder, &FlightRecorder::recovered, [&streams] { streams.complain("recording again"); });
+    ListenerScreen listenerScreen(window, place);
+    QObject::connect(&listenerScreen, &ListenerScreen::moved,
+        [&streams](const QString& missing, const QString& instead) {
+            streams.complain(QString("the screen %1 is not there; the listener's window is on %2")
+                                 .arg(missing, instead));
+        });
     window.show();
     const int status = QApplication::exec();
     const QStringList rescued = recorder.rescue(QDir::homePath());

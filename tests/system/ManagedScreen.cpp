@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Starts Xvfb and openbox, waits until both are ready, and passes on what xdotool does and sees.
+// Starts an X server and openbox, waits until both are ready, and passes on what xdotool does and
+// sees.
 #include "system/ManagedScreen.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QImage>
 #include <QPixmap>
 #include <QScreen>
@@ -12,6 +14,30 @@
 namespace {
 
 constexpr int patienceMs = 20000;
+
+constexpr auto firstScreen = "DUMMY0";
+constexpr auto secondScreen = "DUMMY1";
+constexpr auto dummySettings = R"(
+Section "ServerFlags"
+    Option "AutoAddDevices" "false"
+EndSection
+Section "Device"
+    Identifier "card"
+    Driver "dummy"
+    VideoRam 64000
+EndSection
+Section "Monitor"
+    Identifier "monitor"
+    HorizSync 5-1000
+    VertRefresh 5-200
+EndSection
+Section "Screen"
+    Identifier "screen"
+    Device "card"
+    Monitor "monitor"
+    DefaultDepth 24
+EndSection
+)";
 
 QStringList coordinates(const QPoint& place)
 {
@@ -33,7 +59,41 @@ QImage shown(const QRect& place)
 
 bool ManagedScreen::start()
 {
-    m_screen.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1366x768x24", "-nolisten", "tcp"});
+    return startServer(
+        "Xvfb", {"-displayfd", "1", "-screen", "0", "1366x768x24", "-nolisten", "tcp"});
+}
+
+bool ManagedScreen::startTwo()
+{
+    const QString settings = m_folder.filePath("xorg.conf");
+    QFile file(settings);
+    if (!file.open(QIODevice::WriteOnly) || file.write(dummySettings) < 0) {
+        m_whatFailed = file.errorString();
+        return false;
+    }
+    file.close();
+    return startServer("Xorg",
+               {"-displayfd", "1", "-config", settings, "-logfile", m_folder.filePath("xorg.log"),
+                   "-nolisten", "tcp", "-noreset"})
+        && xrandr({"--output", firstScreen, "--mode", "1280x800"})
+        && xrandr({"--addmode", secondScreen, "1024x768"}) && connectSecond();
+}
+
+bool ManagedScreen::connectSecond()
+{
+    // The server looks at its outputs, and sees that one has come, when it is asked for them.
+    return xrandr({"--output", secondScreen, "--mode", "1024x768", "--right-of", firstScreen})
+        && xrandr({"--query"});
+}
+
+bool ManagedScreen::disconnectSecond()
+{
+    return xrandr({"--output", secondScreen, "--off"}) && xrandr({"--query"});
+}
+
+bool ManagedScreen::startServer(const QString& program, const QStringList& arguments)
+{
+    m_screen.start(program, arguments);
     if (!m_screen.waitForReadyRead(patienceMs)) {
         return !failed(m_screen);
     }
@@ -134,15 +194,25 @@ bool ManagedScreen::failed(ChildProcess& process)
 
 bool ManagedScreen::use(const QStringList& arguments, QString* output)
 {
-    ChildProcess xdotool;
-    xdotool.start("xdotool", arguments);
-    const bool isDone = xdotool.waitForFinished(patienceMs)
-        && xdotool.exitStatus() == QProcess::NormalExit && xdotool.exitCode() == 0;
+    return run("xdotool", arguments, output);
+}
+
+bool ManagedScreen::xrandr(const QStringList& arguments)
+{
+    return run("xrandr", arguments, nullptr);
+}
+
+bool ManagedScreen::run(const QString& name, const QStringList& arguments, QString* output)
+{
+    ChildProcess program;
+    program.start(name, arguments);
+    const bool isDone = program.waitForFinished(patienceMs)
+        && program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0;
     if (!isDone) {
-        return !failed(xdotool);
+        return !failed(program);
     }
     if (output != nullptr) {
-        *output = QString::fromLatin1(xdotool.readAllStandardOutput());
+        *output = QString::fromLatin1(program.readAllStandardOutput());
     }
     return true;
 }

@@ -7,6 +7,7 @@
 #include <QPoint>
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
 
 class QWidget;
 
@@ -18,6 +19,12 @@ public:
     /// the application is made.
     /// @return false when a program is missing or did not start; whatFailed tells which
     bool start();
+    /// The same with a second screen to the right of it, which the calls below take away and bring
+    /// back: DUMMY0 of 1280 x 800 pixels and DUMMY1 of 1024 x 768. Needs Xorg with its driver that
+    /// has no screen, and xrandr, beside openbox and xdotool. Only root may start it.
+    bool startTwo();
+    bool disconnectSecond();
+    bool connectSecond();
     /// For a message when start() or a call below did not work.
     QString whatFailed() const { return m_whatFailed; }
 
@@ -47,9 +54,13 @@ public:
 
 private:
     bool hasKeyboard(const QWidget& window);
+    bool startServer(const QString& program, const QStringList& arguments);
     bool failed(ChildProcess& process);
     bool use(const QStringList& arguments, QString* output = nullptr);
+    bool xrandr(const QStringList& arguments);
+    bool run(const QString& name, const QStringList& arguments, QString* output);
 
+    QTemporaryDir m_folder;
     ChildProcess m_screen;
     ChildProcess m_windowManager;
     QString m_whatFailed;

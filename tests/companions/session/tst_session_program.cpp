@@ -76,6 +76,13 @@ private slots:
                 << QStringList({"/tmp", "--seed=" + seed})
                 << "--seed must be 1 to 2147483646, not \"" + seed + '"';
         }
+        QTest::newRow("no name of a screen") << QStringList({"/tmp", "--subject-screen", ""})
+                                             << "--subject-screen needs a name or a number";
+        QTest::newRow("no such screen")
+            << QStringList({"/tmp", "--subject-screen", "HDMI-7"})
+            << "--subject-screen must be one of 1 800x600, not \"HDMI-7\"";
+        QTest::newRow("replay and cover")
+            << QStringList({"--replay", "a", "--cover"}) << "--replay goes with nothing else";
         QTest::newRow("replay of nothing")
             << QStringList({"--replay", ""}) << "--replay needs a name";
         QTest::newRow("replay and folder")
