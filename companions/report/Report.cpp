@@ -235,12 +235,14 @@ void Report::plot(const QString& name, const QSize& size,
     }
 }
 
-// Files of the same name in different folders, and subjects, get pictures of their own.
+// Files of the same name in different folders, and subjects, get pictures of their own. A subject's
+// code in a record may have slashes, which must not lead into other folders.
 QString Report::picturePath(const QString& name)
 {
-    QString unique = name;
+    const QString plain = QString(name).replace('/', '_');
+    QString unique = plain;
     for (int i = 2; m_pictureNames.contains(unique); ++i) {
-        unique = name + '-' + QString::number(i);
+        unique = plain + '-' + QString::number(i);
     }
     m_pictureNames.insert(unique);
     return m_options.plotFolder + '/' + unique + '.' + m_options.format;

@@ -53,7 +53,7 @@ QString resultsThatAreThere(const QString& path, const RunRecord& run, const QBy
 Complaint rescue(const QString& path, bool isUnchecked, QString& told)
 {
     RunRecord run;
-    const Complaint complaint = readRecordAt(path, isUnchecked, run);
+    Complaint complaint = readRecordAt(path, isUnchecked, run);
     if (!complaint.text.isEmpty()) {
         return complaint;
     }

@@ -536,10 +536,11 @@ private slots:
             QStringList("quorin-report: --rescue goes with --unchecked alone, not with --csv"));
         const RunFiles& whole = recordedRun();
         fillFile(bench.path("b.jsonl"), whole.record);
-        const Outcome report = bench.report({"--plot", "pictures", "b.jsonl"});
+        const Outcome report = bench.report({"--summary", "--plot", "pictures", "b.jsonl"});
         QCOMPARE(report.status, 0);
         QVERIFY(report.output.startsWith("threshold: mean of the last 4 of 6 reversals;"));
-        QCOMPARE(bench.names("pictures"), QStringList("b.png"));
+        QCOMPARE(bench.names("pictures"),
+            QStringList({"b.png", "S_07_learning.png", "S_07_summary.png"}));
     }
 };
 
