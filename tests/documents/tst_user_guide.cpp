@@ -73,13 +73,18 @@ double spreadOfLevelFactor(double seconds)
     return Distribution(factors).standardDeviation();
 }
 
+struct Reversals {
+    int all;
+    int averaged;
+};
+
 std::vector<RunOutcome> runsOf(
-    const PsychometricFunction& listener, int mainParameter, int nReversals, int nRuns)
+    const PsychometricFunction& listener, int mainParameter, Reversals reversals, int nRuns)
 {
     Simulation simulation = defaultSimulation(mainParameter);
     simulation.listener = listener;
-    simulation.nReversals = nReversals;
-    simulation.nReversalsToCalculate = std::min(nReversals, simulation.nReversalsToCalculate);
+    simulation.nReversals = reversals.all;
+    simulation.nReversalsToCalculate = reversals.averaged;
     simulation.nRuns = nRuns;
     return simulatedRuns(simulation, QThread::idealThreadCount(), [](int) {});
 }
@@ -88,7 +93,7 @@ std::vector<RunOutcome> runsOf(
 std::vector<RunOutcome> controlRuns(double probability, int nReversals)
 {
     constexpr int nRuns = 50000;
-    return runsOf(constantListener(probability), modulationDepthParameter, nReversals, nRuns);
+    return runsOf(constantListener(probability), modulationDepthParameter, {nReversals, 8}, nRuns);
 }
 
 /// What the guide's table says of the runs of a listener.
@@ -99,11 +104,11 @@ struct TableColumn {
     QString trials;
 };
 
-TableColumn tableColumn(const PsychometricFunction& listener, int mainParameter)
+TableColumn tableColumn(
+    const PsychometricFunction& listener, int mainParameter, Reversals reversals = {14, 8})
 {
-    constexpr int nReversals = 14;
     constexpr int nRuns = 20000;
-    const RunStatistics runs = runStatistics(runsOf(listener, mainParameter, nReversals, nRuns));
+    const RunStatistics runs = runStatistics(runsOf(listener, mainParameter, reversals, nRuns));
     const double mean = runs.thresholds.mean();
     const double spread = runs.thresholds.standardDeviation() / mean * percent;
     return {decimals(listener.probabilityRight(mean) * percent, 0), decimals(spread, 0),
@@ -179,6 +184,19 @@ private slots:
             = tableColumn(weibullListener(0.056234, 1.5), modulationDepthParameter);
         GUIDE_SAYS(QString("an exponent of 1.5) gives %1 % and %2 % there")
                        .arg(shallow.correct, shallow.spread));
+    }
+
+    void runs_spreadLess_whenMoreReversalsAreAveraged()
+    {
+        constexpr Reversals many = {30, 24};
+        const TableColumn depth
+            = tableColumn(logisticListener(0.056234, 2.5), modulationDepthParameter, many);
+        const TableColumn frequency
+            = tableColumn(gaussianListener(0.002, 1.0), carrierFrequencyParameter, many);
+        GUIDE_SAYS(QString("(the last %1 of %2: %3 and %4 % for one run, of %5 and %6 trials)")
+                       .arg(many.averaged)
+                       .arg(many.all)
+                       .arg(depth.spread, frequency.spread, depth.trials, frequency.trials));
     }
 
     void controlRun_tellsSoMuch_whenSoLong()
