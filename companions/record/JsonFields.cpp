@@ -4,7 +4,6 @@
 
 #include "record/DataFields.h"
 #include "session/AdaptedParameter.h"
-#include "session/Data.h"
 
 #include <algorithm>
 #include <cmath>
@@ -143,6 +142,17 @@ QJsonValue asJson(const Data& value)
     return writer.object();
 }
 
+// A value that is undefined leaves no key in an object.
+QJsonValue asJson(const std::optional<ProtocolPlace>& value)
+{
+    if (!value) {
+        return {QJsonValue::Undefined};
+    }
+    FieldWriter writer;
+    ProtocolPlace::eachField(*value, writer);
+    return writer.object();
+}
+
 bool readJson(const QJsonValue& json, bool& value)
 {
     value = json.toBool(value);
@@ -241,6 +251,22 @@ bool readJson(const QJsonValue& json, Data& value)
     FieldReader reader(json.toObject());
     eachSetting(read, reader);
     if (!reader.badKey().isEmpty() || !isUsable(read)) {
+        return false;
+    }
+    value = read;
+    return true;
+}
+
+bool readJson(const QJsonValue& json, std::optional<ProtocolPlace>& value)
+{
+    if (json.isUndefined()) {
+        value.reset();
+        return true;
+    }
+    ProtocolPlace read;
+    FieldReader reader(json.toObject());
+    ProtocolPlace::eachField(read, reader);
+    if (!reader.badKey().isEmpty()) {
         return false;
     }
     value = read;

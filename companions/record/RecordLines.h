@@ -12,6 +12,32 @@
 // The lines of a run's record, one struct a kind. Each names its event, and its fields with their
 // keys; docs/session-records.md says what they mean. Times atMs are in ms since Go.
 
+/// Which of a protocol's runs a run is.
+struct ProtocolPlace {
+    QString file; ///< the protocol's name, without its folder
+    QString sha256; ///< of the protocol's bytes, in hexadecimal digits
+    QString subject; ///< the code that the order is for
+    QString order; ///< its name
+    qint64 orderSeed = 0; ///< that the order follows from if it is shuffled
+    int row = 0; ///< counted from 1, without the line of headings
+    int repeat = 0; ///< of the row, counted from 1
+    int place = 0; ///< in the order, counted from 1
+    int runs = 0; ///< of the whole protocol
+
+    template <typename Self, typename Visit> static void eachField(Self& self, Visit& visit)
+    {
+        visit("file", self.file);
+        visit("sha256", self.sha256);
+        visit("subject", self.subject);
+        visit("order", self.order);
+        visit("order_seed", self.orderSeed);
+        visit("row", self.row);
+        visit("repeat", self.repeat);
+        visit("place", self.place);
+        visit("runs", self.runs);
+    }
+};
+
 /// The first line: all that the run depends on.
 struct RunBegun {
     static constexpr auto event = "run";
@@ -30,6 +56,7 @@ struct RunBegun {
     QString sessionType; ///< the three choices in words
     QString soundType;
     QString mainParameter;
+    std::optional<ProtocolPlace> protocol; ///< none: the run is of no protocol
     Data view; ///< the session record at that View
     Data go; ///< and at Go
 
@@ -48,6 +75,7 @@ struct RunBegun {
         visit("session_type", self.sessionType);
         visit("sound_type", self.soundType);
         visit("main_parameter", self.mainParameter);
+        visit("protocol", self.protocol);
         visit("view", self.view);
         visit("go", self.go);
     }

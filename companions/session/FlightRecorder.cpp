@@ -63,6 +63,11 @@ FlightRecorder::~FlightRecorder()
     abandon(endOfProgram);
 }
 
+void FlightRecorder::askForPlace(std::function<std::optional<ProtocolPlace>()> place)
+{
+    m_place = std::move(place);
+}
+
 QString FlightRecorder::recordName() const
 {
     return m_files.empty() ? QString() : file().recordName();
@@ -89,6 +94,7 @@ void FlightRecorder::begin()
     RunBegun line = runSettings(m_window);
     line.seed = m_seed;
     line.drawsBefore = m_drawsBeforeView;
+    line.protocol = m_place ? m_place() : std::nullopt;
     line.view = m_view;
     line.go = m_window.sessionRecord();
     m_files.erase(std::remove_if(m_files.begin(), m_files.end(),

@@ -9,7 +9,9 @@
 #include <QTimer>
 #include <QVector>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class MainWindow;
@@ -29,6 +31,9 @@ public:
     /// A run under way is recorded as abandoned.
     ~FlightRecorder() override;
 
+    /// Each run is recorded as what the function then says it is. Without one, runs are of no
+    /// protocol.
+    void askForPlace(std::function<std::optional<ProtocolPlace>()> place);
     /// Brings to the disk what waits in memory.
     /// @return whether all is there
     bool flush();
@@ -74,6 +79,7 @@ private:
     MainWindow& m_window;
     QString m_folder;
     qint64 m_seed;
+    std::function<std::optional<ProtocolPlace>()> m_place;
     qint64 m_draws; ///< from the generator since it was seeded
     qint64 m_drawsBeforeView = 0;
     Data m_view; ///< the session record at the last View

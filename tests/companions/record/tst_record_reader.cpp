@@ -81,6 +81,27 @@ private slots:
         QCOMPARE(bytesOf(read.run.begun), bytes.left(bytes.indexOf('\n') + 1));
     }
 
+    void protocolOfARun_isReadAsItWasWritten_orIsMissing()
+    {
+        RunBegun begun;
+        QVERIFY(!bytesOf(begun).contains("\"protocol\":"));
+        QVERIFY(!readRecord(bytesOf(begun)).run.begun.protocol.has_value());
+        begun.protocol
+            = ProtocolPlace {"study.csv", "ab", "S07", "shuffled", 2147483646, 2, 3, 4, 12};
+        const ReadRecord read = readRecord(bytesOf(begun));
+        QCOMPARE(read.error, QString());
+        QCOMPARE(bytesOf(read.run.begun), bytesOf(begun));
+        QCOMPARE(read.run.begun.protocol->orderSeed, 2147483646);
+        QCOMPARE(read.run.begun.protocol->place, 4);
+        for (const char* const damaged : {"null", "7", "{}"}) {
+            QByteArray bytes = bytesOf(begun);
+            const int start = bytes.indexOf("{\"file\"");
+            bytes.replace(start, bytes.indexOf('}', start) + 1 - start, damaged);
+            QCOMPARE(readRecord(bytes).error,
+                QString(R"("run": "protocol" is missing or of a wrong kind)"));
+        }
+    }
+
     void cutLine_isLeftOutAndTold_whereverItIsCut()
     {
         const QByteArray bytes = runBytes();

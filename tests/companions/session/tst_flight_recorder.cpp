@@ -21,6 +21,11 @@ QString digestOf(const QByteArray& bytes)
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
 }
 
+ProtocolPlace placeInAProtocol()
+{
+    return {"study.csv", digestOf("session\n1\n"), "S07", "latin", 1, 2, 3, 4, 12};
+}
+
 } // namespace
 
 class TestFlightRecorder : public WindowTest {
@@ -70,9 +75,12 @@ private slots:
         run.play("c");
         boxes.answerNext(QMessageBox::Yes);
         Probe::subjectWindow(*run.window)->close();
+        const QByteArray abandoned = run.content();
+        run.recorder.askForPlace([] { return placeInAProtocol(); });
+        run.play({});
         QFile all(run.path("all"));
         QVERIFY(all.open(QIODevice::WriteOnly));
-        all.write(finished + run.content());
+        all.write(finished + abandoned + run.content());
         all.write(R"({"event":"save failed","trials":0,"threshold":"nan","mean_reaction_ms":"nan",)"
                   R"("mean_reaction_correct_ms":"nan","mean_reaction_wrong_ms":"nan","at_ms":1,)"
                   R"("reason":"full"})");
@@ -85,7 +93,7 @@ private slots:
                                   "for line in map(json.loads, open(sys.argv[2])):\n"
                                   "    validator.validate(line)\n"
                                   "    seen.add(line['event'])\n"
-                                  "    for key in line:\n"
+                                  "    for key in line.keys() - {'protocol'}:\n"
                                   "        less = dict(line)\n"
                                   "        del less[key]\n"
                                   "        assert not validator.is_valid(less), key\n"
@@ -115,6 +123,23 @@ private slots:
         QCOMPARE(line["locale"].toString(), QLocale().name());
         QCOMPARE(line["qt_version"].toString(), QString(qVersion()));
         QVERIFY(line["audio"].toObject().contains("device"));
+    }
+
+    void firstLine_hasThePlaceInTheProtocol_ifThereIsOne()
+    {
+        RecordedRun run;
+        std::optional<ProtocolPlace> place;
+        run.recorder.askForPlace([&place] { return place; });
+        run.driver.open();
+        QVERIFY(!run.lines().first().contains("protocol"));
+        ModalBoxes boxes;
+        boxes.answerNext(QMessageBox::Yes);
+        Probe::subjectWindow(*run.window)->close();
+        place = placeInAProtocol();
+        run.driver.open();
+        const QJsonObject protocol = run.lines().first()["protocol"].toObject();
+        QCOMPARE(protocol["file"].toString(), QString("study.csv"));
+        QCOMPARE(protocol["place"].toInt(), 4);
     }
 
     void soundServer_isWhatItTellsOfItself()
