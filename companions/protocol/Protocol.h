@@ -19,6 +19,7 @@ struct ProtocolRow {
     QString breakText; ///< what the listener reads in the break before it; empty: there is none
     QString instruction; ///< what the listener reads before each of its runs; may be empty
     QVector<QString> texts; ///< of all columns, by ProtocolColumnIndex, empty cells filled in
+    QVector<bool> isWritten; ///< whether the cell was not empty, likewise
 };
 
 /// The rows of a protocol, or all that keeps it from being used.

@@ -185,6 +185,9 @@ ProtocolRow protocolRow(
     row.isPractice = row.texts[practiceColumn] == "yes";
     row.breakText = breakText(row.texts[breakColumn]);
     row.instruction = row.texts[instructionColumn];
+    for (const CsvCell& cell : cells) {
+        row.isWritten.append(!cell.text.isEmpty());
+    }
     return row;
 }
 

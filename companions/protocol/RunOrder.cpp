@@ -15,7 +15,7 @@ namespace {
 void appendRuns(QVector<ProtocolRun>& runs, const QVector<ProtocolRow>& rows, int i)
 {
     for (int repeat = 1; repeat <= rows[i].repeat; ++repeat) {
-        runs.append({QString("row %1, repeat %2").arg(i + 1).arg(repeat), i, repeat,
+        runs.append({runId(i + 1, repeat), i, repeat,
             repeat == 1 ? rows[i].breakText : QString()});
     }
 }
@@ -88,6 +88,11 @@ std::optional<RunOrder> orderOfName(const QString& name)
         }
     }
     return std::nullopt;
+}
+
+QString runId(int row, int repeat)
+{
+    return QString("row %1, repeat %2").arg(row).arg(repeat);
 }
 
 QString orderObstacle(const Protocol& protocol, RunOrder order)

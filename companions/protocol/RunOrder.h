@@ -28,6 +28,10 @@ struct ProtocolRun {
     QString breakText; ///< what the listener reads in the break before it; empty: there is none
 };
 
+/// The identifier of a run.
+/// @param row, repeat counted from 1
+QString runId(int row, int repeat);
+
 /// What keeps the rows from being ordered so; empty: nothing. In a Latin square all rows that are
 /// no practice need the same number of repeats.
 QString orderObstacle(const Protocol& protocol, RunOrder order);

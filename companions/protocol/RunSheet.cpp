@@ -23,7 +23,9 @@ QVector<int> differingSettings(const QVector<ProtocolRow>& rows)
 {
     QVector<int> columns;
     for (int column = 0; column < nProtocolColumns; ++column) {
-        if (protocolColumn(column).widget != nullptr && !isTheSameInAll(rows, column)) {
+        const bool isShown
+            = protocolColumn(column).widget != nullptr && column != sessionTypeColumn;
+        if (isShown && !isTheSameInAll(rows, column)) {
             columns.append(column);
         }
     }
@@ -33,8 +35,15 @@ QVector<int> differingSettings(const QVector<ProtocolRow>& rows)
 QString settingsText(const ProtocolRow& row, const QVector<int>& columns)
 {
     QStringList settings;
+    if (row.isPractice) {
+        settings.append("practice");
+    }
     for (const int column : columns) {
-        settings.append(QString(protocolColumn(column).name) + ' ' + row.texts[column]);
+        const bool isChoice = protocolColumn(column).kind == CellKind::choice;
+        const QString name = isChoice ? QString() : QString(protocolColumn(column).name) + ' ';
+        if (row.isWritten[column]) {
+            settings.append(name + row.texts[column]);
+        }
     }
     return settings.join(", ");
 }
@@ -55,8 +64,7 @@ QString sheetLine(const QString& run, const QString& row, const QString& repeat,
     constexpr int stateWidth = 7; // as wide as its heading, with a gap
     const QString numbers = run.rightJustified(numberWidth) + row.rightJustified(numberWidth)
         + repeat.rightJustified(repeatWidth) + "  ";
-    const QString line = settings.isEmpty() ? state : state.leftJustified(stateWidth) + settings;
-    return numbers + line + '\n';
+    return numbers + (state.leftJustified(stateWidth) + settings).trimmed() + '\n';
 }
 
 } // namespace
@@ -65,7 +73,7 @@ QString runSheet(
     const Protocol& protocol, const QVector<ProtocolRun>& runs, const QStringList& completed)
 {
     const QVector<int> columns = differingSettings(protocol.rows);
-    QString sheet = sheetLine("run", "row", "repeat", "state", columns.isEmpty() ? "" : "settings");
+    QString sheet = sheetLine("run", "row", "repeat", "state", "settings");
     const QSet<QString> done(completed.cbegin(), completed.cend());
     bool isNextKnown = false;
     for (int i = 0; i < runs.size(); ++i) {

@@ -3,9 +3,9 @@
 
 #include "protocol/RunOrder.h"
 
-/// A table of the runs for the terminal: number, row, repeat, state, and what of their settings is
-/// not the same in all rows of the protocol; a line of its own for each break. The first run that
-/// is not completed is the next one.
+/// A table of the runs for the terminal: number, row, repeat, state, and those of the row's cells
+/// that are not the same in all rows; a line of its own for each break. The first run that is not
+/// completed is the next one.
 /// @param runs      in the order of the session
 /// @param completed identifiers of runs
 QString runSheet(

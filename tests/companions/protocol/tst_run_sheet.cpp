@@ -13,15 +13,16 @@ class TestRunSheet : public QuietTest {
 private slots:
     void sheet_tellsStateAndSettings()
     {
-        const Protocol protocol = readProtocol("practice,sound type,repeat,break,session\n"
-                                               "yes,noise,1,,4\n"
-                                               "no,,2,,4\n"
-                                               "no,sinusoid,1,Have a rest,4\n");
+        const Protocol protocol
+            = readProtocol("practice,sound type,repeat,break,session,number of reversals\n"
+                           "yes,noise,1,,4,6\n"
+                           "no,,2,,5,6\n"
+                           "no,sinusoid,1,Have a rest,5,6\n");
         const QVector<ProtocolRun> runs = orderedRuns(protocol, RunOrder::asWritten, 1, 0);
         const QString heading = "  run  row  repeat  state  settings\n";
-        const QString practice = "session type practice, sound type noise\n";
-        const QString noise = "session type test, sound type noise\n";
-        const QString sinusoid = "session type test, sound type sinusoid\n";
+        const QString practice = "practice, noise, session 4\n";
+        const QString noise = "session 5\n";
+        const QString sinusoid = "sinusoid, session 5\n";
         const QString rest = "      (break)\n";
         QCOMPARE(runSheet(protocol, runs, {}),
             heading + "    1    1       1  next   " + practice + "    2    2       1  open   "
@@ -38,13 +39,13 @@ private slots:
                 + "    4    3       1  done   " + sinusoid);
     }
 
-    void sheet_hasNoSettings_whenAllAreTheSame()
+    void sheet_hasNoSettings_whereAllAreTheSameOrEmpty()
     {
         const Protocol protocol = readProtocol("repeat\n10000\n");
-        QCOMPARE(runSheet(protocol, {}, {}), QString("  run  row  repeat  state\n"));
+        QCOMPARE(runSheet(protocol, {}, {}), QString("  run  row  repeat  state  settings\n"));
         const Protocol two = readProtocol("repeat,instruction\n1,a\n1,b\n");
         QCOMPARE(runSheet(two, orderedRuns(two, RunOrder::asWritten, 1, 0), {"row 1, repeat 1"}),
-            QString("  run  row  repeat  state\n"
+            QString("  run  row  repeat  state  settings\n"
                     "    1    1       1  done\n"
                     "    2    2       1  next\n"));
     }
