@@ -12,7 +12,8 @@ quorin_install_man_page(quorin-lab)
 install(FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/CITATION.cff"
     "${packaging}/copyright" "${packaging}/changelog"
   DESTINATION "${CMAKE_INSTALL_DOCDIR}")
-install(FILES "${docs}/session-records.md" "${docs}/session-record.schema.json"
+install(FILES "${docs}/protocols.md" "${docs}/session-records.md"
+    "${docs}/session-record.schema.json"
   DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 install(DIRECTORY "${docs}/examples" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 

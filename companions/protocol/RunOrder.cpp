@@ -15,8 +15,7 @@ namespace {
 void appendRuns(QVector<ProtocolRun>& runs, const QVector<ProtocolRow>& rows, int i)
 {
     for (int repeat = 1; repeat <= rows[i].repeat; ++repeat) {
-        runs.append({runId(i + 1, repeat), i, repeat,
-            repeat == 1 ? rows[i].breakText : QString()});
+        runs.append({runId(i + 1, repeat), i, repeat, repeat == 1 ? rows[i].breakText : QString()});
     }
 }
 

@@ -5,6 +5,8 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 void addOptions(QCommandLineParser& parser)
@@ -28,6 +30,18 @@ void addOptions(QCommandLineParser& parser)
             "Open the listener's window on this screen: its name, or 1, 2 and so on.", "screen"},
         {"subject-fullscreen", "Let the listener's window fill its screen."},
         {"cover", "Hide what else is on the listener's screen behind a plain window."},
+        {"protocol",
+            "Go through the runs of this file, a CSV with a condition a row: before each the panel "
+            "is filled and View is pressed. Needs --subject.",
+            "file"},
+        {"subject", "Code of the subject that goes through the protocol.", "code"},
+        {"order",
+            "Order of the runs: as-written, shuffled, or latin, a Latin square by the number at "
+            "the end of the subject's code. Default: as-written, with --resume that of the "
+            "records.",
+            "order"},
+        {"auto-go", "Press Go too, unless a run is offered again."},
+        {"resume", "Take the protocol up at the first run that the folder has no result of."},
     });
     parser.addPositionalArgument("folder", "Where the records go; it must exist.");
 }
@@ -44,6 +58,42 @@ QString seedError(const QCommandLineParser& parser, std::optional<qint64>& seed)
         : QString("--seed must be 1 to %1, not \"%2\"").arg(largestSeed).arg(parser.value("seed"));
 }
 
+QString subjectError(const QString& subject)
+{
+    const bool isPrintable = std::all_of(subject.cbegin(), subject.cend(),
+        [](const QChar& character) { return character.isPrint(); });
+    return isPrintable && !subject.isEmpty() && subject.trimmed() == subject
+        ? QString()
+        : "--subject needs a code without blanks around it, not \"" + subject + '"';
+}
+
+QString studyError(const QCommandLineParser& parser, StudyRequest& study)
+{
+    study.protocol = parser.value("protocol");
+    study.subject = parser.value("subject");
+    study.resumes = parser.isSet("resume");
+    study.pressesGo = parser.isSet("auto-go");
+    if (!parser.isSet("protocol")) {
+        for (const char* const option : {"subject", "order", "auto-go", "resume"}) {
+            if (parser.isSet(option)) {
+                return QString("--%1 needs --protocol").arg(option);
+            }
+        }
+        return {};
+    }
+    if (study.protocol.isEmpty() || !parser.isSet("subject")) {
+        return study.protocol.isEmpty() ? "--protocol needs a name" : "--protocol needs --subject";
+    }
+    if (parser.isSet("order")) {
+        study.order = orderOfName(parser.value("order"));
+        if (!study.order) {
+            return "--order must be as-written, shuffled or latin, not \"" + parser.value("order")
+                + '"';
+        }
+    }
+    return subjectError(study.subject);
+}
+
 QString folderError(const QStringList& folders)
 {
     if (folders.isEmpty()) {
@@ -58,7 +108,8 @@ QString folderError(const QStringList& folders)
 QString mistakeIn(const QCommandLineParser& parser, SessionOptions& options)
 {
     const QStringList folders = parser.positionalArguments();
-    const QString mistake = seedError(parser, options.seed);
+    QString mistake = seedError(parser, options.seed);
+    mistake = mistake.isEmpty() ? studyError(parser, options.study) : mistake;
     options.listener = {
         parser.value("subject-screen"), parser.isSet("subject-fullscreen"), parser.isSet("cover")};
     if (parser.isSet("subject-screen") && options.listener.screen.isEmpty()) {

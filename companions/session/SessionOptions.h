@@ -3,6 +3,7 @@
 
 #include "output/CommandLine.h"
 #include "session/ListenerScreen.h"
+#include "session/Study.h"
 
 #include <QString>
 #include <QStringList>
@@ -15,6 +16,7 @@ struct SessionOptions {
     QString replayed; ///< a record to compute again; empty: none
     std::optional<qint64> seed; ///< none: one from the system
     ListenerPlace listener; ///< its screen as it was told, not yet looked for
+    StudyRequest study; ///< without a protocol: runs as the experimenter sets them
     std::optional<Answer> answer; ///< in place of recording and replaying
 };
 

@@ -4,15 +4,18 @@
 #include "output/CommandLine.h"
 #include "session/FlightRecorder.h"
 #include "session/ListenerScreen.h"
+#include "session/PreparedSession.h"
 #include "session/Recomputation.h"
 #include "session/SessionOptions.h"
+#include "session/StudyCourse.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QLockFile>
 #include <QMessageBox>
-#include <QRandomGenerator>
 #include <QScreen>
+
+#include <csignal>
+#include <memory>
 
 using namespace quorin;
 
@@ -67,18 +70,26 @@ void show(const QString& fault, const QString& consequence, StandardStreams& str
     box->show();
 }
 
-QString lockError(const QLockFile& lock, const QString& folder)
+void tellFaults(FlightRecorder& recorder, StandardStreams& streams)
 {
-    qint64 pid = 0;
-    QString host;
-    QString program;
-    if (lock.error() == QLockFile::LockFailedError && lock.getLockInfo(&pid, &host, &program)) {
-        return QString("%1: another session records here: process %2 on %3")
-            .arg(folder)
-            .arg(pid)
-            .arg(host);
-    }
-    return folder + ": cannot be written to";
+    QObject::connect(&recorder, &FlightRecorder::failed, [&streams](const QString& fault) {
+        show(fault, "The run goes on. What is not written is kept and tried again.", streams);
+    });
+    QObject::connect(&recorder, &FlightRecorder::soundFailed, [&streams](int trial) {
+        show(QString("The sound output failed in trial %1.").arg(trial),
+            "The run goes on. The record tells which trials are concerned.", streams);
+    });
+    QObject::connect(
+        &recorder, &FlightRecorder::recovered, [&streams] { streams.complain("recording again"); });
+}
+
+void accompany(
+    StudyCourse& course, FlightRecorder& recorder, MainWindow& window, StandardStreams& streams)
+{
+    recorder.askForPlace([&course] { return course.place(); });
+    QObject::connect(&course, &StudyCourse::told,
+        [&streams](const QString& text) { streams.print(text, success); });
+    QObject::connect(&course, &StudyCourse::finished, &window, &QWidget::close);
 }
 
 // The screens are known only now.
@@ -94,45 +105,56 @@ bool findScreen(ListenerPlace& place, StandardStreams& streams)
     return name.has_value();
 }
 
-int record(const SessionOptions& options, StandardStreams& streams)
+int record(const SessionOptions& options, const PreparedSession& session, StandardStreams& streams)
 {
     ListenerPlace place = options.listener;
     if (!findScreen(place, streams)) {
         return wrongUsage;
     }
-    QLockFile lock(QDir(options.folder).filePath(".quorin-session.lock"));
-    lock.setStaleLockTime(0); // only a process that is gone gives its lock up, however old it is
-    if (!lock.tryLock()) {
-        streams.complain(lockError(lock, options.folder));
-        return somethingIsWrong;
-    }
-    const qint64 seed = options.seed.value_or(
-        QRandomGenerator::system()->bounded(1, static_cast<int>(largestSeed) + 1));
-    qsrand(static_cast<uint>(seed));
+    qsrand(static_cast<uint>(session.seed));
     MainWindow window;
-    FlightRecorder recorder(window, options.folder, seed);
-    QObject::connect(&recorder, &FlightRecorder::failed, [&streams](const QString& fault) {
-        show(fault, "The run goes on. What is not written is kept and tried again.", streams);
-    });
-    QObject::connect(&recorder, &FlightRecorder::soundFailed, [&streams](int trial) {
-        show(QString("The sound output failed in trial %1.").arg(trial),
-            "The run goes on. The record tells which trials are concerned.", streams);
-    });
-    QObject::connect(
-        &recorder, &FlightRecorder::recovered, [&streams] { streams.complain("recording again"); });
+    FlightRecorder recorder(window, options.folder, session.seed);
+    tellFaults(recorder, streams);
     ListenerScreen listenerScreen(window, place);
     QObject::connect(&listenerScreen, &ListenerScreen::moved,
         [&streams](const QString& missing, const QString& instead) {
             streams.complain(QString("the screen %1 is not there; the listener's window is on %2")
                                  .arg(missing, instead));
         });
+    std::unique_ptr<StudyCourse> course;
+    if (session.study) {
+        course = std::make_unique<StudyCourse>(window, *session.study, options.study.pressesGo);
+        accompany(*course, recorder, window, streams);
+    }
     window.show();
+    if (course) {
+        course->start();
+    }
     const int status = QApplication::exec();
     const QStringList rescued = recorder.rescue(QDir::homePath());
     for (const QString& text : rescued) {
         streams.complain(text);
     }
     return rescued.isEmpty() ? status : somethingIsWrong;
+}
+
+/// Tells what keeps the session from beginning, or that nothing is left to do; no status if it is
+/// to begin.
+std::optional<int> statusOf(const PreparedSession& session, StandardStreams& streams)
+{
+    for (const QString& note : session.notes) {
+        streams.complain("note: " + note);
+    }
+    for (const QString& error : session.errors) {
+        streams.complain(error);
+    }
+    if (!session.errors.isEmpty()) {
+        return somethingIsWrong;
+    }
+    const bool isDone
+        = session.study && runsLeft(session.study->runs, session.study->completed).isEmpty();
+    return isDone ? std::optional(streams.print(progressOf(*session.study), success))
+                  : std::nullopt;
 }
 
 /// Help, mistakes and replays need no display.
@@ -149,16 +171,22 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationName("quorin-session");
     QCoreApplication::setApplicationVersion(QUORIN_VERSION);
     int nNames = 1; // Qt takes options of its own from a command line: it gets none
+    std::signal(SIGPIPE, SIG_IGN); // a run must not end with the reader of its run sheet
     StandardStreams streams;
     SessionOptions options;
+    PreparedSession session;
     {
         const QCoreApplication application(nNames, argv);
         options = sessionOptions(arguments);
         if (options.answer || !options.replayed.isEmpty()) {
             return answered(options, streams);
         }
+        session = preparedSession(options);
+        if (const std::optional<int> status = statusOf(session, streams)) {
+            return *status;
+        }
     }
     QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
     const QApplication application(nNames, argv);
-    return record(options, streams);
+    return record(options, session, streams);
 }

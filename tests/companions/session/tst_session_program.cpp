@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // quorin-session from its command line: options, replays, and two sessions in one folder.
 #include "RecordedRun.h"
+#include "StudyTexts.h"
+#include "record/RecordWriter.h"
+#include "session/Study.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
@@ -83,6 +86,25 @@ private slots:
             << "--subject-screen must be one of 1 800x600, not \"HDMI-7\"";
         QTest::newRow("replay and cover")
             << QStringList({"--replay", "a", "--cover"}) << "--replay goes with nothing else";
+        const QString study = "/nowhere/study.csv";
+        QTest::newRow("no subject")
+            << QStringList({"/tmp", "--protocol", study}) << "--protocol needs --subject";
+        QTest::newRow("no protocol's name")
+            << QStringList({"/tmp", "--protocol", "", "--subject", "S1"})
+            << "--protocol needs a name";
+        QTest::newRow("blanks around the subject")
+            << QStringList({"/tmp", "--protocol", study, "--subject", "S1 "})
+            << "--subject needs a code without blanks around it, not \"S1 \"";
+        QTest::newRow("unknown order")
+            << QStringList({"/tmp", "--protocol", study, "--subject", "S1", "--order", "Latin"})
+            << "--order must be as-written, shuffled or latin, not \"Latin\"";
+        for (const QString option : {"--subject=S1", "--order=latin", "--auto-go", "--resume"}) {
+            QTest::newRow(qPrintable(option + " alone"))
+                << QStringList({"/tmp", option}) << option.section('=', 0, 0) + " needs --protocol";
+        }
+        QTest::newRow("replay and protocol")
+            << QStringList({"--replay", "a", "--protocol", study, "--subject", "S1"})
+            << "--replay goes with nothing else";
         QTest::newRow("replay of nothing")
             << QStringList({"--replay", ""}) << "--replay needs a name";
         QTest::newRow("replay and folder")
@@ -166,6 +188,70 @@ private slots:
         const Outcome outcome = session({"/proc"});
         QCOMPARE(outcome.errors, QString("quorin-session: /proc: cannot be written to\n"));
         QCOMPARE(outcome.status, 1);
+    }
+
+    void wrongProtocol_isRefusedWithLineAndColumn_beforeAnythingIsShown()
+    {
+        const QTemporaryDir folder;
+        const QString path = writtenFile(folder, "study.csv", "session,break\nx,\n1,\n,,\n");
+        const Outcome outcome = session({folder.path(), "--protocol", path, "--subject", "S07"});
+        QCOMPARE(outcome.errors,
+            QString("quorin-session: %1: line 2, column \"session\": \"x\" is not a whole number\n"
+                    "quorin-session: %1: line 4: 2 cells are needed, not 3: there may be a decimal "
+                    "comma, or a comma in a text without quotation marks\n")
+                .arg(path));
+        QCOMPARE(outcome.output, QString());
+        QCOMPARE(outcome.status, 1);
+    }
+
+    void runSheet_isPrinted_andTheSessionGoesOn()
+    {
+        const QTemporaryDir folder;
+        const QString path = writtenFile(folder, "study.csv", "session\n1\n2\n");
+        QProcess program;
+        program.start(SESSION_PROGRAM,
+            {folder.path(), "--protocol", path, "--subject", "S02", "--order", "latin",
+                "--resume"});
+        QTRY_VERIFY(program.bytesAvailable() > 0 || program.state() == QProcess::NotRunning);
+        QCOMPARE(QString(program.readAllStandardOutput()),
+            QString("S02, study.csv, order latin: 0 of 2 runs completed\n"
+                    "  run  row  repeat  state  settings\n"
+                    "    1    2       1  next   session 2\n"
+                    "    2    1       1  open   session 1\n"));
+        QCOMPARE(program.state(), QProcess::Running);
+        QVERIFY(
+            QString(program.readAllStandardError())
+                .startsWith("quorin-session: note: there is no run of S02 with this protocol: it "
+                            "begins with the first\n"));
+        program.kill();
+        QVERIFY(program.waitForFinished());
+    }
+
+    void completedProtocol_isTold_andNothingOpens()
+    {
+        const QTemporaryDir folder;
+        StudyRequest request;
+        request.protocol = writtenFile(folder, "study.csv", "session\n1\n");
+        request.subject = "S07";
+        const Study study = plannedStudy(request, studyProtocol(request.protocol), {}, 1);
+        RunBegun begun;
+        begun.protocol = placeIn(study, study.runs[0]);
+        writtenFile(
+            folder, "1.jsonl", lineBytes(lineObject(begun)) + lineBytes(lineObject(RunSaved())));
+        const QStringList arguments
+            = {folder.path(), "--protocol", request.protocol, "--subject", "S07"};
+        const Outcome again = session(arguments);
+        QCOMPARE(again.errors,
+            QString("quorin-session: S07 has runs of this protocol in the folder: --resume takes "
+                    "them up\n"));
+        QCOMPARE(again.status, 1);
+        const Outcome resumed = session(arguments + QStringList("--resume"));
+        QCOMPARE(resumed.errors, QString());
+        QCOMPARE(resumed.output,
+            QString("S07, study.csv, order as-written: 1 of 1 runs completed\n"
+                    "  run  row  repeat  state  settings\n"
+                    "    1    1       1  done\n"));
+        QCOMPARE(resumed.status, 0);
     }
 
     void secondSession_isRefused_untilTheFirstIsGone()

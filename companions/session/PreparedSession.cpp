@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// All that can keep a session from beginning, before anything is shown or played.
+#include "session/PreparedSession.h"
+
+#include <QDir>
+#include <QRandomGenerator>
+
+namespace {
+
+QString lockError(const QLockFile& lock, const QString& folder)
+{
+    qint64 pid = 0;
+    QString host;
+    QString program;
+    if (lock.error() == QLockFile::LockFailedError && lock.getLockInfo(&pid, &host, &program)) {
+        return QString("%1: another session records here: process %2 on %3")
+            .arg(folder)
+            .arg(pid)
+            .arg(host);
+    }
+    return folder + ": cannot be written to";
+}
+
+QStringList notesOn(const SessionOptions& options, const EarlierRuns& earlier)
+{
+    QStringList notes = earlier.notes;
+    if (earlier.ofOtherProtocols > 0) {
+        notes.append(QString("%1 runs of %2 are of another protocol, or of this one as it was "
+                             "before it was changed")
+                         .arg(earlier.ofOtherProtocols)
+                         .arg(options.study.subject));
+    }
+    if (options.study.resumes && !earlier.areThere) {
+        notes.append(QString("there is no run of %1 with this protocol: it begins with the first")
+                         .arg(options.study.subject));
+    }
+    return notes;
+}
+
+void planStudy(const SessionOptions& options, PreparedSession& session)
+{
+    const StudyProtocol protocol = studyProtocol(options.study.protocol);
+    session.errors = protocol.errors;
+    if (!session.errors.isEmpty()) {
+        return;
+    }
+    const EarlierRuns earlier = earlierRuns(options.folder, protocol.sha256, options.study.subject);
+    session.notes = notesOn(options, earlier);
+    session.study = plannedStudy(options.study, protocol, earlier, session.seed);
+    if (!session.study->error.isEmpty()) {
+        session.errors.append(session.study->error);
+    }
+}
+
+} // namespace
+
+PreparedSession preparedSession(const SessionOptions& options)
+{
+    PreparedSession session;
+    session.seed = options.seed.value_or(
+        QRandomGenerator::system()->bounded(1, static_cast<int>(largestSeed) + 1));
+    session.lock
+        = std::make_unique<QLockFile>(QDir(options.folder).filePath(".quorin-session.lock"));
+    session.lock->setStaleLockTime(0); // only a process that is gone gives its lock up, however old
+    if (!session.lock->tryLock()) {
+        session.errors.append(lockError(*session.lock, options.folder));
+    } else if (!options.study.protocol.isEmpty()) {
+        planStudy(options, session);
+    }
+    return session;
+}

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "session/SessionOptions.h"
+
+#include <QLockFile>
+
+#include <memory>
+
+/// What a session needs before it has windows.
+struct PreparedSession {
+    std::unique_ptr<QLockFile> lock; ///< on the folder, until the end of the session
+    qint64 seed = 1; ///< of the generator
+    std::optional<Study> study; ///< none without a protocol
+    QStringList notes; ///< what the experimenter should know
+    QStringList errors; ///< why the session cannot begin
+};
+
+/// Reads and checks the protocol, locks the folder and looks for the runs that are there.
+PreparedSession preparedSession(const SessionOptions& options);
