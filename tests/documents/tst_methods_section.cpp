@@ -110,11 +110,11 @@ private slots:
     {
         MainWindow window;
         const Data& data = Probe::data(window);
-        for (const QString sound : {"Tones", "Noises"}) {
+        for (const char* sound : {"Tones", "Noises"}) {
             QCOMPARE(occurrences(QString("%1 lasted %2 ms, began and ended without ramps, and were "
                                          "separated by %3 ms of silence; they were synthesised at "
                                          "%4 Hz")
-                                     .arg(sound, whole(data.dur[standard] * msPerSecond),
+                                     .arg(QString(sound), whole(data.dur[standard] * msPerSecond),
                                          whole(data.silentInterval * msPerSecond), whole(data.fs))),
                 1);
         }

@@ -222,9 +222,9 @@ private slots:
         MainWindow window;
         chooseToneFrequency(window);
         checkBoxOf(window, "checkBoxResetMdFd")->setChecked(false);
-        for (const QString column : {"Std", "Dev"}) {
-            type(window, "lineEdit" + column + "ModFreq", "1.6667");
-            type(window, "lineEdit" + column + "ModDepth", "100");
+        for (const char* column : {"lineEditStd", "lineEditDev"}) {
+            type(window, QString(column) + "ModFreq", "1.6667");
+            type(window, QString(column) + "ModDepth", "100");
         }
         GUIDE_SAYS("a modulation frequency of 1.6667 Hz and a modulation depth of 100 %");
         type(window, "lineEditDevFreqDiff", "50");

@@ -42,8 +42,9 @@ Data runOf(int mainParameter, double start, int percentRight, unsigned seed, int
 }
 
 /// The run with its values as the results file has them.
-Data asInTheFile(Data data)
+Data asInTheFile(const Data& run)
 {
+    Data data = run;
     const AdaptedParameter* const adapted = adaptedParameter(data.mainParameter);
     for (Record& record : data.records) {
         record.value = resultsNumber(adapted->shown(record.value, data.cf[standard])).toDouble();

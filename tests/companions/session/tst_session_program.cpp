@@ -74,7 +74,8 @@ private slots:
             << QStringList({"/tmp", "/var"}) << R"(one folder is wanted, not also "/var")";
         QTest::newRow("unknown option")
             << QStringList({"/tmp", "--sed", "1"}) << "Unknown option 'sed'.";
-        for (const QString seed : {"0", "2147483647", "-1", "x", "1.5", ""}) {
+        const QStringList seeds {"0", "2147483647", "-1", "x", "1.5", ""};
+        for (const QString& seed : seeds) {
             QTest::newRow(qPrintable("seed " + seed))
                 << QStringList({"/tmp", "--seed=" + seed})
                 << "--seed must be 1 to 2147483646, not \"" + seed + '"';
