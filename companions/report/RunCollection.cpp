@@ -67,7 +67,7 @@ public:
             done(nDone++, nAll);
             takeResultsOf(input);
         }
-        return m_runs.values().toVector();
+        return {m_runs.cbegin(), m_runs.cend()};
     }
 
     /// What there is to tell, in the order of the inputs.
@@ -145,12 +145,14 @@ private:
         const RecordPairs::Relation relation = m_pairs.relationOf(input.path, input.bytes);
         switch (relation.kinship) {
         case RecordPairs::Kinship::same:
-            return note(input,
+            note(input,
                 "the same trials as " + relation.record
                     + (m_takenRecords.contains(relation.record) ? ", counted once"
                                                                 : ", left out too"));
+            return;
         case RecordPairs::Kinship::beginning:
-            return note(input, "not all of the trials of " + relation.record + ", left out");
+            note(input, "not all of the trials of " + relation.record + ", left out");
+            return;
         case RecordPairs::Kinship::longer:
             readInstead(relation.record, input);
             break;

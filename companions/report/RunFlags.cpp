@@ -176,7 +176,7 @@ QString shareOf(const Run& run, const Disturbed& disturbed, const QString& what)
 void flagDisturbances(Run& run)
 {
     int worstMs = 0;
-    for (const Disturbances& trial : run.disturbances) {
+    for (const Disturbances& trial : qAsConst(run.disturbances)) {
         worstMs = std::max(worstMs, trial.worstLatenessMs);
     }
     const Disturbed interrupted = disturbedTrials(
