@@ -42,11 +42,17 @@ void drawThresholds(QPainter& painter, const QRectF& outer, const QVector<Run>& 
         area.drawLine(spreads[i], penOf(runs[i]));
         area.drawMarks({spreads[i][1]}, markOf(runs[i]), penOf(runs[i]).color());
     }
-    drawKey(painter, area.inside(),
-        keyOfRuns()
-            + QVector<QPair<QString, QColor>> {
-                {"| \u00b1 SD of the reversals (" + unitOf(runs.constFirst().data) + ')',
-                    reversalColor}});
+    drawKey(painter, area.inside(), keyOfRuns());
+}
+
+// Above the plots: beside the key it has no room when there are two plots in a row.
+QString keyOfBars(const QVector<QVector<Run>>& columns)
+{
+    QStringList units;
+    for (const QVector<Run>& column : columns) {
+        units.append(unitOf(column.constFirst().data));
+    }
+    return "| \u00b1 SD of the reversals (" + units.join(", ") + ')';
 }
 
 void drawMeanTimes(QPainter& painter, const QRectF& outer, const QVector<Run>& runs)
@@ -65,9 +71,10 @@ void drawMeanTimes(QPainter& painter, const QRectF& outer, const QVector<Run>& r
 void drawSubject(QPainter& painter, const QSize& size, const Subject& subject)
 {
     constexpr qreal shareOfThresholds = 0.6;
-    const QRectF below = drawHeading(painter, size, "Subject " + onOneLine(subject.name),
-        QString("runs: %1;   %2").arg(QString::number(subject.runs.size()), ruleOf(subject.runs)));
     const QVector<QVector<Run>> columns = byParameter(subject.runs);
+    const QRectF below = drawHeading(painter, size, "Subject " + onOneLine(subject.name),
+        QString("runs: %1;   %2;   %3")
+            .arg(QString::number(subject.runs.size()), ruleOf(subject.runs), keyOfBars(columns)));
     const qreal width = below.width() / columns.size();
     const qreal height = below.height() * shareOfThresholds;
     for (int i = 0; i < columns.size(); ++i) {

@@ -244,6 +244,7 @@ private slots:
         QVERIFY(svg.contains(">Subject A<"));
         QVERIFY(svg.contains("threshold: modulation depth (%)"));
         QVERIFY(svg.contains("threshold: frequency difference (Hz)"));
+        QVERIFY(svg.contains("of 14 reversals;   | \u00b1 SD of the reversals (Hz, %)<"));
     }
 };
 
