@@ -107,7 +107,7 @@ Detection detection(
     // Listeners with one threshold: their runs vary as those of a single listener.
     const Listeners alike = simulatedListeners(simulation, {comparison.ratio, 0.0},
         [&](double share) { shareDone((1.0 + share) * shareOfListeners); });
-    Detection result = {{0, 0.0}, {}, 0.0, 0.0};
+    Detection result = {{0, std::nan("")}, {}, 0.0, 0.0};
     const int nRuns = listeners.nRuns + alike.nRuns;
     result.trialsPerRun
         = static_cast<double>(listeners.nTrials + alike.nTrials) / static_cast<double>(nRuns);

@@ -23,7 +23,8 @@ struct StudySize {
 
 /// How large studies must be to show a difference, and how many trials they take.
 struct Detection {
-    SampleSize runs; ///< runs in each condition, of one listener alone
+    SampleSize runs; ///< runs in each condition, of one listener alone; the power is NaN when
+                     ///< too few listeners had no run that was cut
     QVector<StudySize> studies; ///< for 1, 2, 3, 4, 6 and 8 runs
     double trialsPerRun; ///< mean over both conditions
     double shareCut; ///< of the runs; those are left out with their listeners

@@ -98,10 +98,12 @@ void drawDistribution(QPainter& painter, const QRectF& outer, const Simulation& 
     const double mean = statistics.thresholds.mean() * unit;
     const QColor meanColor(20, 60, 130);
     plot.drawLineAtX(mean, QPen(meanColor, lineWidth));
-    QVector<QPair<QString, QColor>> legend {{"mean " + QString::number(mean, 'g', 4), meanColor}};
+    QVector<QPair<QString, QColor>> legend {
+        {"\u2014 mean " + QString::number(mean, 'g', 4), meanColor}};
     if (!std::isnan(target)) {
         plot.drawLineAtX(target * unit, dashed(Qt::red));
-        legend.append({"listener's threshold " + QString::number(target * unit, 'g', 4), Qt::red});
+        legend.append(
+            {"- - listener's threshold " + QString::number(target * unit, 'g', 4), Qt::red});
     }
     plot.drawLegend(legend);
 }

@@ -110,6 +110,9 @@ QString reactionText(const Simulation& simulation)
 
 QString sizeText(const SampleSize& size)
 {
+    if (std::isnan(size.power)) {
+        return "-";
+    }
     return size.n > 0 ? QString::number(size.n) : QString("> %1").arg(mostSampled);
 }
 
@@ -238,10 +241,11 @@ void writeDetection(QTextStream& stream, const Simulation& simulation, const Com
     const double second = simulation.listener.threshold * comparison.ratio;
     FigureLines(stream, {}).heading("rule", ruleText(simulation));
     stream << QString("\nthresholds of %1 and %2 (%3 dB) in two conditions; Student's t tests of "
-                      "dB,\ntwo-sided at 5 %, power 80 %; a run takes %4 trials, %5 minutes\n\n")
+                      "dB,\ntwo-sided at 5 %, power 80 %; a run takes %4 trials, %5 minutes%6\n\n")
                   .arg(significant(simulation.listener.threshold), significant(second),
                       signedDb(20.0 * std::log10(comparison.ratio)),
-                      fixed(detection.trialsPerRun, 1), fixed(minutes, 1));
+                      fixed(detection.trialsPerRun, 1), fixed(minutes, 1),
+                      warning.isEmpty() ? QString() : "   " + warning);
     stream << "one listener: runs in each condition, power (%), minutes in all\n"
            << column(sizeText(detection.runs)) << column(fixed(inPercent(detection.runs.power), 1))
            << column(fixed(detection.runs.n > 0 ? 2 * detection.runs.n * minutes : std::nan(""), 1))

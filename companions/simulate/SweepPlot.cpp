@@ -4,6 +4,7 @@
 
 #include "plots/PictureFile.h"
 #include "plots/PlotArea.h"
+#include "session/Units.h"
 #include "simulate/PlotHeading.h"
 #include "simulate/SimulationReport.h"
 
@@ -24,6 +25,19 @@ struct Line {
     QStringList labels; // of each point
 };
 
+QString cutText(double shareCut)
+{
+    constexpr int digits = 3;
+    return QString::number(inPercent(shareCut), 'g', digits) + " % cut";
+}
+
+// What stands beside a point.
+QString labelOf(const QStringList& values, const SweepPoint& point)
+{
+    const QString label = values.join(", ");
+    return point.shareCut > 0.0 ? label + " (" + cutText(point.shareCut) + ')' : label;
+}
+
 QVector<Line> linesOf(const Sweep& sweep, const QVector<SweepPoint>& points)
 {
     const bool hasLines = sweep.options.size() > 1;
@@ -35,17 +49,28 @@ QVector<Line> linesOf(const Sweep& sweep, const QVector<SweepPoint>& points)
             lines.append({name, {}, {}});
         }
         lines.last().points.append(points[i]);
-        lines.last().labels.append(values.mid(hasLines ? 1 : 0).join(", "));
+        lines.last().labels.append(labelOf(values.mid(hasLines ? 1 : 0), points[i]));
     }
     return lines;
+}
+
+double mostCut(const QVector<Line>& lines)
+{
+    double most = 0.0;
+    for (const Line& line : lines) {
+        for (const SweepPoint& point : line.points) {
+            most = std::max(most, point.shareCut);
+        }
+    }
+    return most;
 }
 
 using Figure = double SweepPoint::*;
 
 // An axis with room for the labels, which stand above and to the right of their points.
-Axis axisOf(const QString& title, const QVector<Line>& lines, Figure figure)
+// room is a share of the range.
+Axis axisOf(const QString& title, const QVector<Line>& lines, Figure figure, double room)
 {
-    constexpr double room = 0.12; // of the range
     QVector<double> values;
     for (const Line& line : lines) {
         for (const SweepPoint& point : line.points) {
@@ -103,8 +128,11 @@ struct Panel {
 void drawPanel(
     QPainter& painter, const QRectF& outer, const QVector<Line>& lines, const Panel& panel)
 {
-    PlotArea area(
-        painter, outer, axisOf(panel.xTitle, lines, panel.x), axisOf(panel.yTitle, lines, panel.y));
+    constexpr double room = 0.12;
+    constexpr double roomForShares = 0.35; // beside the points
+    PlotArea area(painter, outer,
+        axisOf(panel.xTitle, lines, panel.x, mostCut(lines) > 0.0 ? roomForShares : room),
+        axisOf(panel.yTitle, lines, panel.y, room));
     area.drawFrame(panel.title);
     int nPoints = 0;
     for (int i = 0; i < lines.size(); ++i) {
@@ -112,7 +140,7 @@ void drawPanel(
         QVector<QPointF> biased;
         for (const SweepPoint& point : lines[i].points) {
             points.append({point.*panel.x, point.*panel.y});
-            if (point.isBiased) {
+            if (point.shareCut > 0.0) {
                 biased.append(points.constLast());
             }
         }
@@ -134,16 +162,13 @@ void drawKey(QPainter& painter, const QRectF& row, const Sweep& sweep, const QVe
     constexpr qreal gap = 16;
     constexpr qreal sampleLength = 28;
     const bool hasLines = sweep.options.size() > 1;
-    const bool isBiased = std::any_of(lines.cbegin(), lines.cend(), [](const Line& line) {
-        return std::any_of(line.points.cbegin(), line.points.cend(),
-            [](const SweepPoint& point) { return point.isBiased; });
-    });
+    const double most = mostCut(lines);
     painter.save();
     setTextFont(painter);
     QRectF drawn;
     painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter,
         "Labels: " + sweep.options.mid(hasLines ? 1 : 0).join(", ")
-            + (isBiased ? "; rings: biased, runs were cut" : ""),
+            + (most > 0.0 ? "; rings: biased, up to " + cutText(most) : QString()),
         &drawn);
     for (int i = 0; i < lines.size() && hasLines; ++i) {
         const QPointF left(drawn.right() + gap, row.center().y());
@@ -178,7 +203,7 @@ SweepPoint sweepPoint(const Simulation& simulation, const RunStatistics& statist
 {
     const double trials = statistics.trials.mean();
     return {trials, minutesOf(simulation, trials), biasDb(statistics, simulation.listener),
-        statistics.decibels.standardDeviation(), statistics.nCut > 0};
+        statistics.decibels.standardDeviation(), statistics.shareCut()};
 }
 
 QString writeSweepPlot(

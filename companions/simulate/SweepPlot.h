@@ -10,7 +10,7 @@ struct SweepPoint {
     double minutes; ///< mean
     double biasDb;
     double sdDb;
-    bool isBiased; ///< by runs that were cut
+    double shareCut; ///< of the runs; if there are any, the figures are biased
 };
 Q_DECLARE_TYPEINFO(SweepPoint, Q_PRIMITIVE_TYPE);
 

@@ -58,6 +58,7 @@ private slots:
         const Detection none = detection(simulation, {2.0, 3.0}, [](double) {});
         QCOMPARE(none.shareCut, 1.0);
         QCOMPARE(none.runs.n, 0);
+        QVERIFY(std::isnan(none.runs.power));
         QVERIFY(none.studies.isEmpty());
     }
 };

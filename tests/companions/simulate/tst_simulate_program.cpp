@@ -198,6 +198,23 @@ private slots:
         QVERIFY(rows[6].startsWith("8,0.3,20,"));
     }
 
+    void pictures_tellWhatRunsWereCut()
+    {
+        const QTemporaryDir folder;
+        const QString one = folder.filePath("one.svg");
+        const QString several = folder.filePath("several.svg");
+        run({"--runs", "1000", "--max-trials", "40", "--plot", one});
+        const QString ofOne = contentOf(one);
+        QVERIFY(ofOne.contains(">Thresholds of 547 runs, biased: 45.3 % cut<"));
+        QVERIFY(ofOne.contains(">\u2014 mean 6.243<"));
+        QVERIFY(ofOne.contains(">- - listener's threshold 5.623<"));
+        run({"--runs", "1000", "--max-trials", "40", "--sweep", "reversals=13,14", "--plot",
+            several});
+        const QString ofSeveral = contentOf(several);
+        QCOMPARE(ofSeveral.count(">14 (45.3 % cut)<"), 4);
+        QVERIFY(ofSeveral.contains("Labels: reversals; rings: biased, up to 45.3 % cut<"));
+    }
+
     void studies_arePlanned()
     {
         const Ended ended = run({"--detect", "2", "--runs", "50", "--listener-sd", "2"});

@@ -215,6 +215,19 @@ private slots:
         QCOMPARE(text, expected);
     }
 
+    void studies_haveAWarningBesideTheirFigures_whenRunsWereCut()
+    {
+        const Simulation simulation = simulationOf(logisticListener(0.05, 2.5));
+        const Detection found {{0, notANumber}, {{1, {20, 0.8}, {20, 0.8}}}, 40.0, 0.015};
+        const QString text = written([&](QTextStream& stream) {
+            writeDetection(stream, simulation, {2.0, 3.0}, found);
+        });
+        const QString warning = "   biased: 1.5 % cut\n";
+        QVERIFY(text.contains("a run takes 40.0 trials, 5.0 minutes" + warning));
+        QVERIFY(text.contains("           -           -           -" + warning));
+        QCOMPARE(text.count(warning), 3);
+    }
+
     void bar_isDrawn_afterASecondOnATerminal()
     {
         const QString early = written([](QTextStream& stream) {
