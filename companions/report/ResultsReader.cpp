@@ -18,6 +18,8 @@ namespace {
 constexpr int longestLine = 4096; // the longest that can be written has some 350 bytes
 constexpr int mostTrials = 100000;
 
+constexpr auto secondHeaderText = "a second header: there is more than one run in the file";
+
 enum Column { valueColumn, stimulusColumn, responseColumn, correctnessColumn, reactionTimeColumn };
 constexpr int nColumns = 5;
 
@@ -168,7 +170,7 @@ QString readReactionTime(const QByteArray& field, double& reactionTime)
 QString readRecord(const QByteArray& line, Record& record)
 {
     if (parameterOfHeader(line) >= 0) {
-        return "a second header: there is more than one run in the file";
+        return secondHeaderText;
     }
     const QList<QByteArray> fields = line.split('\t');
     if (fields.size() != nColumns) {
@@ -189,20 +191,28 @@ QString readRecord(const QByteArray& line, Record& record)
     return {};
 }
 
-QString readRecords(Lines& lines, QVector<Record>& records)
+QString readRecords(Lines& lines, ResultsReading& reading)
 {
     QByteArray line;
     while (lines.next(line)) {
+        if (parameterOfHeader(line) == reading.mainParameter) {
+            if (reading.secondHeader.text.isEmpty()) {
+                reading.secondHeader = {lines.number(), secondHeaderText};
+            }
+            continue;
+        }
         Record record;
-        QString error = records.size() < mostTrials
+        QString error = reading.records.size() < mostTrials
             ? readRecord(line, record)
             : QString("there are more than %1 trials").arg(mostTrials);
         if (!error.isEmpty()) {
             return error;
         }
-        records.append(record);
+        reading.records.append(record);
+        reading.lines.append(lines.number());
     }
-    return records.isEmpty() && lines.error().isEmpty() ? "there are no trials" : lines.error();
+    return reading.records.isEmpty() && lines.error().isEmpty() ? "there are no trials"
+                                                                : lines.error();
 }
 
 } // namespace
@@ -221,8 +231,7 @@ ResultsReading readResults(const QByteArray& bytes)
         reading.complaint = {1, changeOfHeader(header)};
         return reading;
     }
-    const QString error
-        = lines.error().isEmpty() ? readRecords(lines, reading.records) : lines.error();
+    const QString error = lines.error().isEmpty() ? readRecords(lines, reading) : lines.error();
     if (!error.isEmpty()) {
         reading.complaint = {lines.number(), error};
     }

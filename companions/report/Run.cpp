@@ -12,7 +12,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 using namespace quorin;
@@ -76,9 +75,10 @@ QString lackOf(const Data& data)
         : QString();
 }
 
-Complaint readTrials(Run& run, const QByteArray& bytes)
+Complaint readTrials(Run& run, const QByteArray& bytes, Complaint& secondHeader)
 {
     ResultsReading reading = readResults(bytes);
+    secondHeader = reading.secondHeader;
     if (!reading.complaint.text.isEmpty()) {
         return reading.complaint;
     }
@@ -95,9 +95,7 @@ Complaint readTrials(Run& run, const QByteArray& bytes)
     }
     data.mainParameter = reading.mainParameter;
     data.records = std::move(reading.records);
-    run.trialLines.resize(data.records.size());
-    constexpr int firstLine = 2; // after the header
-    std::iota(run.trialLines.begin(), run.trialLines.end(), firstLine);
+    run.trialLines = std::move(reading.lines);
     return {};
 }
 
@@ -146,11 +144,15 @@ Complaint judgeReadRun(Run& run, const RunRule& rule, bool isUnchecked, const Co
 
 Complaint readRun(Run& run, const QByteArray& bytes, const RunRule& rule, bool isUnchecked)
 {
-    Complaint damage = readTrials(run, bytes);
+    Complaint secondHeader;
+    Complaint damage = readTrials(run, bytes, secondHeader);
+    if (!secondHeader.text.isEmpty() && !isUnchecked) {
+        return secondHeader;
+    }
     if (!damage.text.isEmpty()) {
         return damage;
     }
-    return judgeReadRun(run, rule, isUnchecked);
+    return judgeReadRun(run, rule, isUnchecked, secondHeader);
 }
 
 QString unitOf(const Data& data)

@@ -317,6 +317,22 @@ private slots:
         QCOMPARE(read.run.data.records.size(), file.count('\n') - 1);
     }
 
+    void secondHeader_isRefused_andPassedOverUnchecked()
+    {
+        const QList<QByteArray> lines = linesOf(depthFile(1));
+        const QByteArray file = fileOf(lines + linesOf(depthFile(2)));
+        const QString complaint = QString("%1 a second header: there is more than one run in the "
+                                          "file")
+                                      .arg(lines.size() + 1);
+        QCOMPARE(textOf(readBack(file).complaint), complaint);
+        QCOMPARE(textOf(readBack(file + "damage\r\n").complaint), complaint);
+        const ReadRun read = readBack(file, "run.txt", {}, true);
+        QCOMPARE(textOf(read.complaint), QString("0 "));
+        QCOMPARE(textOf(read.run.departure), complaint);
+        QCOMPARE(read.run.data.records.size(), file.count('\n') - 2);
+        QCOMPARE(read.run.trialLines.constLast(), file.count('\n'));
+    }
+
     void position_isRefused_beyondTwoAndThree()
     {
         QList<QByteArray> lines = linesOf(depthFile(1));

@@ -100,6 +100,18 @@ private slots:
             QByteArray(written).replace("-0.000000", "0.000000"));
     }
 
+    void secondHeader_isTold_andTheTrialsBelowItAreRead()
+    {
+        const ResultsReading reading
+            = readResults(header + good + header + good + good + header + good);
+        QCOMPARE(reading.complaint.text, QString());
+        QCOMPARE(reading.secondHeader.line, 3);
+        QCOMPARE(reading.secondHeader.text,
+            QString("a second header: there is more than one run in the file"));
+        QCOMPARE(reading.records.size(), 4);
+        QCOMPARE(reading.lines, QVector<int>({2, 4, 5, 7}));
+    }
+
     void damagedFile_isRefused_data()
     {
         QTest::addColumn<QByteArray>("file");
@@ -141,8 +153,6 @@ private slots:
             << good << "1 not a results file: the first line is no header of one";
         QTest::newRow("last line cut short")
             << noEnd << "3 the line has no end: the file is cut short";
-        QTest::newRow("second header of its kind") << header + good + header
-                + good << "3 a second header: there is more than one run in the file";
         QTest::newRow("second header of the other kind") << header + good + otherHeader
                 + good << "3 a second header: there is more than one run in the file";
         QTest::newRow("other line end") << header + good + "25.000000\t2\t2\t1\t73\n" + good
