@@ -31,6 +31,7 @@ void addHelpOptions(QCommandLineParser& parser)
 std::optional<Answer> answerTo(const QStringList& arguments, QCommandLineParser& parser,
     const std::function<QString()>& readOptions)
 {
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     if (!parser.parse(arguments)) {
         return Answer {parser.errorText(), wrongUsage};
     }

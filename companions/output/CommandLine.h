@@ -32,7 +32,8 @@ struct Answer {
 /// Adds --help and --version to a parser.
 void addHelpOptions(QCommandLineParser& parser);
 
-/// Parses a command line. Needs a QCoreApplication, whose name and version are told.
+/// Parses a command line, on which one dash does as well as two. Needs a QCoreApplication, whose
+/// name and version are told.
 /// @param arguments   the program's name first
 /// @param readOptions called unless help or version is wanted; returns what is wrong with the
 ///                    options, or an empty text

@@ -46,7 +46,8 @@ void addOptions(QCommandLineParser& parser)
     });
     addFitOptions(parser);
     parser.addPositionalArgument("inputs",
-        "Results files, records of runs, or folders that are searched for *.txt and *.jsonl.",
+        "Results files, records of runs, or folders that are searched for *.txt and *.jsonl. Names "
+        "that begin with - come after --.",
         "file|folder...");
 }
 

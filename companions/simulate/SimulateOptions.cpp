@@ -129,7 +129,6 @@ QString mistakeIn(const QCommandLineParser& parser, SimulateOptions& options)
 SimulateOptions simulateOptions(const QStringList& arguments)
 {
     QCommandLineParser parser;
-    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.setApplicationDescription(
         "Simulates experiments with listeners drawn from a psychometric function, by the "
         "application's own staircase, and prints what thresholds they would give.");

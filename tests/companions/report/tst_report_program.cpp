@@ -140,7 +140,11 @@ private slots:
         QCOMPARE(bench.report({"--csv", "-", "--", "-run.txt"}).errors, QStringList());
         const Outcome platform = bench.report({"-platform", "foo", "--", "-run.txt"});
         QCOMPARE(platform.status, 2);
-        QCOMPARE(platform.errors.size(), 1);
+        QCOMPARE(platform.errors, QStringList("quorin-report: Unknown option 'platform'."));
+        const Outcome dash = bench.report({"-run.txt"});
+        QCOMPARE(dash.status, 2);
+        QCOMPARE(dash.errors, QStringList("quorin-report: Unknown option 'run.txt'."));
+        QVERIFY(bench.report({"-help"}).output.contains("come after --."));
         const Outcome full = bench.report({"--help"}, "/dev/full");
         QCOMPARE(full.status, 1);
         QCOMPARE(full.errors, QStringList("quorin-report: standard output: cannot be written"));
