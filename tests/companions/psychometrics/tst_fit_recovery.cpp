@@ -57,6 +57,8 @@ private slots:
         QTest::newRow("Weibull") << weibullListener(depthThreshold, 2.0) << FitShape::weibull;
         QTest::newRow("Weibull, lapses")
             << weibullListener(depthThreshold, 2.0, 0.03) << FitShape::weibull;
+        QTest::newRow("Gauss, of a logistic listener")
+            << logisticListener(depthThreshold, 2.5) << FitShape::gauss;
     }
 
     // Ten runs of 14 reversals each. The mean over the listeners may be off by 4.5 of its standard
