@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the user guide states of the program is what the program does: its levels and its
-// recipes.
+// What the user guide states of the program is what the program does: its levels, its formulas and
+// its recipes.
 #include "documents/Guide.h"
 #include "procedure/SavedRun.h"
 #include "session/Counts.h"
@@ -45,6 +45,18 @@ double toneLevel(double depth)
     QVector<double> sound;
     synthesise(sound, data, deviant);
     return decibels(rms(sound));
+}
+
+/// Level of the deviant's first samples re the standard's, by its depth of modulation.
+double levelOfOnset(double depth)
+{
+    Data data;
+    data.md[deviant] = depth;
+    data.cfPhase[deviant] = M_PI_2; // the first sample is the carrier's maximum
+    QVector<double> sound;
+    synthesise(sound, data, deviant);
+    const double standardAmplitude = M_SQRT2 * rms(sound);
+    return decibels(sound.constFirst() / standardAmplitude);
 }
 
 /// Standard deviation of the factor that brings the standard noise to the deviant's level.
@@ -92,6 +104,33 @@ private slots:
         GUIDE_SAYS(QString("%1 dB at 50 % and %2 dB at 5 %")
                        .arg(decimals(half - bare, 1), decimals(small - bare, 1)));
         GUIDE_SAYS(QString("become %1 dB louder").arg(decimals(small - half, 1)));
+    }
+
+    void deviants_beginSofter_thanTheStandards()
+    {
+        GUIDE_SAYS(QString("%1 dB at a depth of 50 % and %2 dB at 5 %")
+                       .arg(decimals(levelOfOnset(0.5), 1), decimals(levelOfOnset(0.05), 1)));
+    }
+
+    void targets_areComparedThroughD()
+    {
+        const auto shareRight = [](double d) { return std::erfc(-d / 2) / 2; };
+        GUIDE_SAYS("0.609 at 2/3, 0.771 at 70.7 %");
+        QCOMPARE(decimals(shareRight(0.609), 3), QString("0.667"));
+        QCOMPARE(decimals(shareRight(0.771), 3), QString("0.707"));
+        const double ratio = 0.771 / 0.609;
+        GUIDE_SAYS(QString("0.771 / 0.609 = %1 (%2 dB)")
+                       .arg(decimals(ratio, 2), decimals(decibels(ratio), 1)));
+        GUIDE_SAYS(QString("by \u221a1.27 = %1 (%2 dB)")
+                       .arg(decimals(std::sqrt(1.27), 2), decimals(decibels(ratio) / 2, 1)));
+    }
+
+    void spectrumLevel_isThat_ofABandUpToHalfTheRate()
+    {
+        GUIDE_SAYS(
+            QString("L - 10 log10(20000) = L - %1 dB").arg(10 * std::log10(20000.0), 0, 'f', 1));
+        GUIDE_SAYS(QString("the spectrum level is then L - %1 dB")
+                       .arg(10 * std::log10(24000.0), 0, 'f', 1));
     }
 
     void levelFactor_variesSo_fromTokenToToken()
