@@ -75,6 +75,25 @@ private slots:
                 "row 5, repeat 1", "Have a rest, and go on when you like. row 4, repeat 2",
                 "row 5, repeat 2", "row 3, repeat 2", "row 2, repeat 2"}));
     }
+
+    void guidesExample_hasTheseRuns()
+    {
+        QByteArray file;
+        for (const QByteArray& line : document("user-guide.md").split('\n')) {
+            const bool isOfProtocol
+                = line.startsWith("    ") && line.count(',') == 4 && !line.contains(", ");
+            file += isOfProtocol ? line.trimmed() + '\n' : QByteArray();
+        }
+        QCOMPARE(complaintsOf(file), QString());
+        const Protocol protocol = readProtocol(file);
+        QStringList runs;
+        for (const ProtocolRun& run : orderedRuns(protocol, RunOrder::latinSquare, 1, 0)) {
+            runs.append(run.id + ": " + protocol.rows[run.row].instruction);
+        }
+        QCOMPARE(runs.size(), 4);
+        QCOMPARE(runs[0], QString("row 1, repeat 1: One of the sounds flutters."));
+        QCOMPARE(runs[1], QString("row 2, repeat 1: One of the sounds is lower."));
+    }
 };
 
 QUORIN_APPLESS_TEST(TestProtocolPage);
