@@ -24,6 +24,7 @@ using namespace quorin;
 
 namespace {
 
+constexpr int soundsPerTrial = 4; // a tick after them means that no end was reported
 const char* const endOfProgram = "the program was ended";
 
 // Microseconds are enough, and keep the lines short.
@@ -128,6 +129,9 @@ void FlightRecorder::noteState(int state)
     } else {
         noteSound(state);
     }
+    if (state > soundsPerTrial) {
+        tellSoundFailure(m_window.trialDisturbances(), m_trials);
+    }
 }
 
 // The bytes are shared with those that are played, and digested when the line is written.
@@ -173,7 +177,7 @@ void FlightRecorder::catchUp()
     if (data.records.size() > m_answers) {
         noteAnswer();
         tellFault();
-        tellSoundFailure();
+        tellSoundFailure(m_window.runDisturbances().constLast(), m_answers);
     }
     if (data.nTrials > m_trials) {
         noteTrial();
@@ -314,12 +318,12 @@ void FlightRecorder::tellFault()
     }
 }
 
-void FlightRecorder::tellSoundFailure()
+void FlightRecorder::tellSoundFailure(const Disturbances& disturbances, int trial)
 {
     const bool hadFailed = m_hasSoundFailed;
-    m_hasSoundFailed = m_window.runDisturbances().constLast().hasOutputFailed;
+    m_hasSoundFailed = disturbances.hasOutputFailed;
     if (m_hasSoundFailed && !hadFailed) {
-        emit soundFailed(m_answers);
+        emit soundFailed(trial);
     }
 }
 

@@ -15,6 +15,7 @@
 #include <vector>
 
 class MainWindow;
+struct Disturbances;
 
 /// Records the runs of a main window, each to a file of its own, by watching the window. Must be
 /// made before the window is used, and be deleted before it.
@@ -48,7 +49,8 @@ signals:
     void failed(const QString& what);
     /// All that waited is on the disk again.
     void recovered();
-    /// The sound output failed in a trial, the first of several in a row. Comes after its answer.
+    /// The sound output failed in a trial, the first of several in a row. Comes after its answer;
+    /// where no sound ends and none can be given, seconds after the fourth sound.
     void soundFailed(int trial);
 
 private:
@@ -72,7 +74,7 @@ private:
     template <typename Line> void add(const Line& line, const QByteArray& sound = {});
     void writeLater();
     void tellFault();
-    void tellSoundFailure();
+    void tellSoundFailure(const Disturbances& disturbances, int trial);
     RecordFile& file() const { return *m_files.back(); }
     double nowMs() const;
 

@@ -77,7 +77,8 @@ void tellFaults(FlightRecorder& recorder, StandardStreams& streams)
     });
     QObject::connect(&recorder, &FlightRecorder::soundFailed, [&streams](int trial) {
         show(QString("The sound output failed in trial %1.").arg(trial),
-            "The run goes on. The record tells which trials are concerned.", streams);
+            "The run goes on once there is sound. The record tells which trials are concerned.",
+            streams);
     });
     QObject::connect(
         &recorder, &FlightRecorder::recovered, [&streams] { streams.complain("recording again"); });

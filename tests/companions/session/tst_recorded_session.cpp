@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A run on a real sound server: what the record says of each sound is what was heard.
+// Runs on a real sound server: what the record says of each sound is what was heard, and the loss
+// of the server is told.
 #include "app/MainWindow.h"
 #include "record/RecordCheck.h"
 #include "record/RecordReader.h"
@@ -16,6 +17,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 namespace {
@@ -48,20 +50,16 @@ class TestRecordedSession : public QuietTest {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { QVERIFY2(m_server.start(), qPrintable(m_server.errorText())); }
+
     void record_tellsWhatWasHeard_andIsOnTheDiskBeforeTheNextSound()
     {
-        SoundServer server;
-        QVERIFY2(server.start(), qPrintable(server.errorText()));
         const QTemporaryDir folder;
         qsrand(11);
         MainWindow window;
         FlightRecorder recorder(window, folder.path(), 11);
-        for (const char* field : {"lineEditStdDuration", "lineEditDevDuration"})
-            type(window, field, "100");
-        type(window, "lineEditSilentInterval", "150");
-        type(window, "lineEditNReversals", "2");
-        type(window, "lineEditNReversalsToCalc", "2");
-        SoundRecorder microphone(server);
+        typeShortRun(window);
+        SoundRecorder microphone(m_server);
         QVERIFY2(microphone.start(), qPrintable(microphone.errorText()));
 
         QVector<int> onDisk; // sounds whose lines are there when the next one starts
@@ -95,6 +93,49 @@ private slots:
         QCOMPARE(contradictionOf(read.run).text, QString());
         QCOMPARE(read.run.begun.audio["server"].toObject()["sink"].toString(), QString("lab"));
     }
+
+    // The last test: there is no server after it.
+    void lostServer_isTold_whereTheTrialCannotEnd()
+    {
+        tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
+        tolerateWarning(QRegularExpression("^\"Stream error: "));
+        tolerateWarning(QRegularExpression("^PulseAudioService: "));
+        const QTemporaryDir folder;
+        MainWindow window;
+        FlightRecorder recorder(window, folder.path(), 11);
+        typeShortRun(window);
+        int nTrials = 0;
+        connect(&window, &MainWindow::soundPlaying, this, [&](int state) {
+            nTrials += int(state == 1);
+            if (nTrials == 2 && state == 2)
+                m_server.kill();
+        });
+        const QSignalSpy failures(&recorder, &FlightRecorder::soundFailed);
+        ScriptedListener listener(window, "cwc");
+        listener.startRun();
+        QTRY_COMPARE_WITH_TIMEOUT(failures.size(), 1, timeoutMs);
+        QCOMPARE(failures[0][0].toInt(), 2);
+        recorder.rescue(folder.path()); // as at the program's end
+
+        const ReadRecord read = readRecordFile(folder.filePath(recorder.recordName()));
+        QCOMPARE(read.error, QString());
+        QVERIFY(std::holds_alternative<RunAbandoned>(read.run.end));
+        QCOMPARE(read.run.trials.size(), 2);
+        QVERIFY(!read.run.trials[0].answer->hasOutputFailed);
+        QVERIFY(!read.run.trials[1].answer);
+    }
+
+private:
+    static void typeShortRun(MainWindow& window)
+    {
+        for (const char* field : {"lineEditStdDuration", "lineEditDevDuration"})
+            type(window, field, "100");
+        type(window, "lineEditSilentInterval", "150");
+        type(window, "lineEditNReversals", "2");
+        type(window, "lineEditNReversalsToCalc", "2");
+    }
+
+    SoundServer m_server;
 };
 
 QUORIN_TEST(TestRecordedSession);
