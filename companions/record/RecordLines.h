@@ -119,6 +119,22 @@ struct SoundStarted {
     }
 };
 
+/// A sound ran dry before its end. It goes on when the output does.
+struct SoundInterrupted {
+    static constexpr auto event = "interrupted";
+
+    int trial = 0;
+    int interval = 0; ///< 1 to 4
+    double atMs = 0.0;
+
+    template <typename Self, typename Visit> static void eachField(Self& self, Visit& visit)
+    {
+        visit("trial", self.trial);
+        visit("interval", self.interval);
+        visit("at_ms", self.atMs);
+    }
+};
+
 /// A sound has ended, or was given up.
 struct SoundEnded {
     static constexpr auto event = "ended";

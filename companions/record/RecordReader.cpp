@@ -66,8 +66,11 @@ private:
         if (event == SoundStarted::event) {
             return addSound();
         }
+        if (event == SoundInterrupted::event) {
+            return addOfSound(&RecordedTrial::interruptions);
+        }
         if (event == SoundEnded::event) {
-            return addEnd();
+            return addOfSound(&RecordedTrial::ends);
         }
         if (event == AnswerAllowed::event) {
             return addOnce(&RecordedTrial::allowed, &RecordedTrial::allowedLine);
@@ -144,16 +147,16 @@ private:
         return {};
     }
 
-    // A sound may end after its trial has.
-    QString addEnd()
+    // A sound may run dry, and end, after its trial has ended.
+    template <typename Line> QString addOfSound(QVector<Line> RecordedTrial::*lines)
     {
-        SoundEnded line;
+        Line line;
         QString error = read(line);
         if (error.isEmpty() && (line.trial < 1 || line.trial > m_run.trials.size())) {
-            return QString("\"ended\": trial %1 has not begun").arg(line.trial);
+            return QString("\"%1\": trial %2 has not begun").arg(Line::event).arg(line.trial);
         }
         if (error.isEmpty()) {
-            m_run.trials[line.trial - 1].ends.append(line);
+            (m_run.trials[line.trial - 1].*lines).append(line);
         }
         return error;
     }

@@ -13,6 +13,7 @@ class QByteArray;
 struct RecordedTrial {
     TrialBegun begun;
     QVector<SoundStarted> sounds;
+    QVector<SoundInterrupted> interruptions;
     QVector<SoundEnded> ends; ///< in the order of the file; sounds may overlap
     std::optional<AnswerAllowed> allowed;
     std::optional<AnswerGiven> answer;

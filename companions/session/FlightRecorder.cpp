@@ -11,6 +11,7 @@
 #include "session/RunSettings.h"
 #include "subject/SubjectWindow.h"
 
+#include <QAudioOutput>
 #include <QBuffer>
 #include <QCryptographicHash>
 #include <QDir>
@@ -147,11 +148,32 @@ void FlightRecorder::noteSound(int interval)
     add(SoundStarted {trial, interval, latenessMs, {}, startMs},
         sound == nullptr ? QByteArray() : sound->data());
     if (sound != nullptr) {
-        connect(sound, &QIODevice::aboutToClose, this, [this, run = m_runs, trial, interval] {
-            if (run == m_runs) { // a sound of an abandoned run may end in the next
-                noteEnd(trial, interval);
-            }
-        });
+        watchSound(*sound, trial, interval);
+    }
+}
+
+// A sound of an abandoned run may end in the next. The window's own slots come first.
+void FlightRecorder::watchSound(const QIODevice& sound, int trial, int interval)
+{
+    const auto* const output = m_window.findChildren<QAudioOutput*>().constLast();
+    connect(output, &QAudioOutput::stateChanged, this, [this, run = m_runs, trial, interval] {
+        if (run == m_runs) {
+            noteInterruption(trial, interval);
+        }
+    });
+    connect(&sound, &QIODevice::aboutToClose, this, [this, run = m_runs, trial, interval] {
+        if (run == m_runs) {
+            noteEnd(trial, interval);
+        }
+    });
+}
+
+void FlightRecorder::noteInterruption(int trial, int interval)
+{
+    const int interruptions = m_window.trialDisturbances().interruptedSounds;
+    if (m_isRunning && interruptions > m_interruptions) {
+        m_interruptions = interruptions;
+        add(SoundInterrupted {trial, interval, nowMs()});
     }
 }
 
@@ -217,6 +239,7 @@ void FlightRecorder::noteTrial()
     const Data& data = m_window.sessionRecord();
     m_trials = data.nTrials;
     m_draws += drawsOfPosition;
+    m_interruptions = 0;
     m_interruptedTold = 0;
     m_lateTold = 0;
     m_lastStartMs = nowMs();

@@ -65,6 +65,8 @@ private:
     void watchListener();
     void noteState(int state);
     void noteSound(int interval);
+    void watchSound(const QIODevice& sound, int trial, int interval);
+    void noteInterruption(int trial, int interval);
     void noteEnd(int trial, int interval);
     void catchUp();
     void noteAnswer();
@@ -96,7 +98,8 @@ private:
     int m_answers = 0;
     int m_reversals = 0;
     double m_lastStartMs = 0.0; ///< of a sound or of the trial
-    int m_interruptedTold = 0; ///< of the trial's sounds
+    int m_interruptions = 0; ///< of the trial's sounds that have their line
+    int m_interruptedTold = 0; ///< of these at the last line of an end
     int m_lateTold = 0;
     QString m_fault; ///< told last
     bool m_hasSoundFailed = false; ///< in the run's last trial

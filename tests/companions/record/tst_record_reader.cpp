@@ -42,7 +42,7 @@ QByteArray runBytes()
     begun.go.subCode = QString::fromUtf8("\u00c4\u96ea\n");
     begun.go.fd = {-std::numeric_limits<double>::infinity(), 0.05};
     return bytesOf(begun) + bytesOf(TrialBegun {1, 2, 0.1, 1.5})
-        + bytesOf(SoundStarted {1, 1, -0.25, "ab", 2.5})
+        + bytesOf(SoundStarted {1, 1, -0.25, "ab", 2.5}) + bytesOf(SoundInterrupted {1, 1, 2.75})
         + bytesOf(SoundEnded {1, 1, true, true, 3.0}) + bytesOf(AnswerAllowed {1, 4.0})
         + bytesOf(answerOf(1));
 }
@@ -60,7 +60,7 @@ private slots:
         saved.threshold = std::nan("");
         saved.resultsFile = "a.txt";
         const QByteArray bytes = runBytes() + bytesOf(saved);
-        QCOMPARE(bytes.count('\n'), 7);
+        QCOMPARE(bytes.count('\n'), 8);
         const ReadRecord read = readRecord(bytes);
         QCOMPARE(read.error, QString());
         QVERIFY(!read.run.isCut);
@@ -71,6 +71,7 @@ private slots:
         const RecordedTrial& trial = read.run.trials[0];
         QCOMPARE(trial.begun.position, 2);
         QCOMPARE(trial.sounds[0].latenessMs, -0.25);
+        QCOMPARE(trial.interruptions[0].atMs, 2.75);
         QVERIFY(trial.ends[0].isInterrupted && trial.ends[0].isLate);
         QCOMPARE(trial.allowed->atMs, 4.0);
         QCOMPARE(lineObject(*trial.answer), lineObject(answerOf(1)));
@@ -136,6 +137,8 @@ private slots:
             << bytesOf(SoundStarted {2, 1, 0, "", 0}) << R"("sound": trial 2 is not under way)";
         QTest::newRow("end before its trial")
             << bytesOf(SoundEnded {2, 1, false, false, 0}) << R"("ended": trial 2 has not begun)";
+        QTest::newRow("interruption of an unknown trial")
+            << bytesOf(SoundInterrupted {2, 1, 0}) << R"("interrupted": trial 2 has not begun)";
         QTest::newRow("two answers")
             << bytesOf(answerOf(1)) << R"("answer": stands twice in trial 1)";
         QTest::newRow("a second first line")
@@ -148,7 +151,7 @@ private slots:
         QFETCH(QString, error);
         const ReadRecord read = readRecord(runBytes() + added + "never read\n");
         QCOMPARE(read.error, error);
-        QCOMPARE(read.line, 7);
+        QCOMPARE(read.line, 8);
         QCOMPARE(read.run.trials.size(), 1);
     }
 
@@ -166,7 +169,7 @@ private slots:
         const ReadRecord read
             = readRecord(runBytes() + bytesOf(RunAbandoned {1, "why", 0}) + bytesOf(answerOf(2)));
         QCOMPARE(read.error, QString("stands after the end of the run"));
-        QCOMPARE(read.line, 8);
+        QCOMPARE(read.line, 9);
         QCOMPARE(std::get<RunAbandoned>(read.run.end).reason, QString("why"));
     }
 

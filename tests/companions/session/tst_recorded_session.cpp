@@ -19,6 +19,8 @@
 #include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QThread>
+#include <QTimer>
 
 namespace {
 
@@ -92,6 +94,34 @@ private slots:
         QCOMPARE(differencesOf(read.run), QStringList());
         QCOMPARE(contradictionOf(read.run).text, QString());
         QCOMPARE(read.run.begun.audio["server"].toObject()["sink"].toString(), QString("lab"));
+    }
+
+    void interruptedSound_hasItsLine()
+    {
+        tolerateWarning(QRegularExpression("^Sound (interrupted|late): "));
+        const QTemporaryDir folder;
+        MainWindow window;
+        FlightRecorder recorder(window, folder.path(), 11);
+        typeShortRun(window);
+        for (const char* field : {"lineEditStdDuration", "lineEditDevDuration"})
+            type(window, field, "600");
+        connect(&window, &MainWindow::soundPlaying, this, [&](int state) {
+            if (state == 2)
+                QTimer::singleShot(100, this, [] { QThread::msleep(450); });
+        });
+        ScriptedListener listener(window, "c");
+        listener.stopAfter(1);
+        listener.startRun();
+        QTRY_VERIFY_WITH_TIMEOUT(listener.hasFinished(), timeoutMs);
+        recorder.rescue(folder.path()); // as at the program's end
+
+        const ReadRecord read = readRecordFile(folder.filePath(recorder.recordName()));
+        QCOMPARE(read.error, QString());
+        const RecordedTrial& trial = read.run.trials.constFirst();
+        QCOMPARE(trial.interruptions.size(), 1);
+        QCOMPARE(trial.interruptions[0].interval, 2);
+        QCOMPARE(trial.ends.size(), 4);
+        QVERIFY(trial.ends[1].isInterrupted);
     }
 
     // The last test: there is no server after it.
