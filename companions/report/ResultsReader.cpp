@@ -78,14 +78,15 @@ private:
     QString m_error;
 };
 
+// Every line is compared to both: they are made once.
 int parameterOfHeader(const QByteArray& line)
 {
-    for (const int parameter : {carrierFrequencyParameter, modulationDepthParameter}) {
-        if (line == resultsHeader(parameter).toLatin1()) {
-            return parameter;
-        }
+    static const QByteArray ofFrequencies = resultsHeader(carrierFrequencyParameter).toLatin1();
+    static const QByteArray ofDepths = resultsHeader(modulationDepthParameter).toLatin1();
+    if (line == ofFrequencies) {
+        return carrierFrequencyParameter;
     }
-    return -1;
+    return line == ofDepths ? modulationDepthParameter : -1;
 }
 
 int parameterOfTexts(const QByteArray& line, const QByteArray& separator)
@@ -169,9 +170,6 @@ QString readReactionTime(const QByteArray& field, double& reactionTime)
 
 QString readRecord(const QByteArray& line, Record& record)
 {
-    if (parameterOfHeader(line) >= 0) {
-        return secondHeaderText;
-    }
     const QList<QByteArray> fields = line.split('\t');
     if (fields.size() != nColumns) {
         const bool hasBlanks = fields.size() == 1 && line.simplified().count(' ') == nColumns - 1;
@@ -195,11 +193,15 @@ QString readRecords(Lines& lines, ResultsReading& reading)
 {
     QByteArray line;
     while (lines.next(line)) {
-        if (parameterOfHeader(line) == reading.mainParameter) {
+        const int parameter = parameterOfHeader(line);
+        if (parameter == reading.mainParameter) {
             if (reading.secondHeader.text.isEmpty()) {
                 reading.secondHeader = {lines.number(), secondHeaderText};
             }
             continue;
+        }
+        if (parameter >= 0) {
+            return secondHeaderText;
         }
         Record record;
         QString error = reading.records.size() < mostTrials
