@@ -23,13 +23,16 @@ void fillPanel(const QWidget& window, const QVector<PanelSetting>& settings)
 QStringList panelTexts(const QWidget& window)
 {
     QStringList texts;
-    for (const QComboBox* choice : window.findChildren<QComboBox*>()) {
+    const QList<QComboBox*> choices = window.findChildren<QComboBox*>();
+    for (const QComboBox* choice : choices) {
         texts.append(choice->currentText());
     }
-    for (const QLineEdit* field : window.findChildren<QLineEdit*>()) {
+    const QList<QLineEdit*> fields = window.findChildren<QLineEdit*>();
+    for (const QLineEdit* field : fields) {
         texts.append(field->text());
     }
-    for (const QCheckBox* box : window.findChildren<QCheckBox*>()) {
+    const QList<QCheckBox*> boxes = window.findChildren<QCheckBox*>();
+    for (const QCheckBox* box : boxes) {
         texts.append(box->isChecked() ? "yes" : "no");
     }
     return texts;
