@@ -2,6 +2,7 @@
 // What the user guide states of the program is what the program does: its levels, its formulas and
 // its recipes.
 #include "documents/Guide.h"
+#include "drivers/RunDriver.h"
 #include "procedure/SavedRun.h"
 #include "session/Counts.h"
 #include "session/PanelNumbers.h"
@@ -209,6 +210,43 @@ private slots:
         QCOMPARE(shownThreshold("8.0"), QString("nan %"));
         QCOMPARE(shownThreshold(""), QString("nan %"));
         QCOMPARE(shownThreshold("-3"), QString("0 %"));
+    }
+
+    void run_doesNotBegin_whenNoReversalIsAskedFor_data()
+    {
+        QTest::addColumn<QString>("reversals");
+        QTest::addColumn<bool>("begins");
+        for (const char* const reversals : {"0", "-1", "14.0", ""})
+            QTest::newRow(reversals) << QString(reversals) << false;
+        QTest::newRow("1") << QString("1") << true;
+    }
+
+    void run_doesNotBegin_whenNoReversalIsAskedFor()
+    {
+        GUIDE_SAYS("The number of reversals is 0 or negative, or its field does not hold a whole");
+        QFETCH(QString, reversals);
+        MainWindow window;
+        type(window, "lineEditNReversals", reversals);
+        RunDriver driver(window);
+        driver.open();
+        driver.beReady();
+        QTEST(Probe::timerPlay(window)->isActive(), "begins");
+    }
+
+    void depth_staysZero_whenTheDeviantStartedThere()
+    {
+        GUIDE_SAYS(R"(The deviant started at 0 with "Reset md/fd" off: 0 stays 0)");
+        MainWindow window;
+        checkBoxOf(window, "checkBoxResetMdFd")->setChecked(false);
+        type(window, "lineEditDevModDepth", "0");
+        RunDriver driver(window);
+        driver.open();
+        driver.beReady();
+        for (const bool isRight : {true, false, false}) {
+            QCOMPARE(Probe::data(window).md[deviant], 0.0);
+            driver.answerUnheard(isRight);
+        }
+        QCOMPARE(Probe::data(window).md[deviant], 0.0);
     }
 
     void saveDialog_opensElsewhere_whenTheFolderIsMissing()
