@@ -60,7 +60,7 @@ public:
         m_painter.setClipRect(rectangle);
     }
     ~Clipped() { m_painter.restore(); }
-    Q_DISABLE_COPY_MOVE(Clipped)
+    Q_DISABLE_COPY(Clipped)
 
 private:
     QPainter& m_painter;

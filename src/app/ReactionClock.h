@@ -11,7 +11,7 @@ class ReactionClock {
 public:
     ReactionClock() = default;
     virtual ~ReactionClock() = default;
-    Q_DISABLE_COPY_MOVE(ReactionClock)
+    Q_DISABLE_COPY(ReactionClock)
 
     /// Counts from now on, for the first time.
     virtual void start() = 0;

@@ -150,7 +150,7 @@ private slots:
         for (const std::vector<int>& order : square) {
             QCOMPARE(int(std::set<int>(order.begin(), order.end()).size()), n);
             for (size_t place = 0; place < order.size(); ++place) {
-                ++atPlace[{place, order[place]}];
+                ++atPlace[std::make_pair(place, order[place])];
                 if (place > 0) {
                     ++oneAfterAnother[{order[place - 1], order[place]}];
                 }

@@ -24,7 +24,7 @@ public:
         const rlimit small = {static_cast<rlim_t>(size), m_limit.rlim_max};
         ::setrlimit(RLIMIT_FSIZE, &small);
     }
-    Q_DISABLE_COPY_MOVE(SmallDisk)
+    Q_DISABLE_COPY(SmallDisk)
     ~SmallDisk()
     {
         ::setrlimit(RLIMIT_FSIZE, &m_limit);
