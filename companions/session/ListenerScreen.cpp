@@ -4,6 +4,7 @@
 
 #include "app/MainWindow.h"
 #include "app/WindowParts.h"
+#include "session/TextWindow.h"
 #include "subject/SubjectWindow.h"
 
 #include <QApplication>
@@ -80,9 +81,12 @@ ListenerScreen::ListenerScreen(MainWindow& window, ListenerPlace place)
     m_cover.setPalette(QPalette(Qt::darkGray));
     m_cover.installEventFilter(this);
     m_window.installEventFilter(this);
-    m_lossTimer.setSingleShot(true);
-    m_lossTimer.setInterval(0);
+    for (QTimer* const timer : {&m_lossTimer, &m_textLossTimer}) {
+        timer->setSingleShot(true);
+        timer->setInterval(0);
+    }
     connect(&m_lossTimer, &QTimer::timeout, this, &ListenerScreen::putInPlace);
+    connect(&m_textLossTimer, &QTimer::timeout, this, &ListenerScreen::putTextInPlace);
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &ListenerScreen::lose);
 }
 
@@ -91,15 +95,14 @@ bool ListenerScreen::eventFilter(QObject* watched, QEvent* event)
 {
     const bool isOurs = !event->spontaneous();
     if (watched == &m_window && event->type() == QEvent::ChildPolished) {
-        auto* const child = static_cast<QChildEvent*>(event)->child();
-        if (qobject_cast<SubjectWindow*>(child) != nullptr) {
-            child->installEventFilter(this);
-        }
+        watch(*static_cast<QChildEvent*>(event)->child());
     } else if (watched == &m_cover && event->type() == QEvent::MouseButtonPress) {
         bringListenerForward();
     } else if (isOurs && event->type() == QEvent::Show) {
         if (auto* const listener = qobject_cast<SubjectWindow*>(watched)) {
             listenerOpens(*listener);
+        } else if (auto* const text = qobject_cast<TextWindow*>(watched)) {
+            textOpens(*text);
         }
     } else if (isOurs && watched == m_listener && event->type() == QEvent::Hide) {
         m_cover.hide();
@@ -108,6 +111,14 @@ bool ListenerScreen::eventFilter(QObject* watched, QEvent* event)
         m_listener->raise(); // a dialog that was open has brought the cover forward
     }
     return QObject::eventFilter(watched, event);
+}
+
+void ListenerScreen::watch(QObject& child)
+{
+    if (qobject_cast<SubjectWindow*>(&child) != nullptr
+        || qobject_cast<TextWindow*>(&child) != nullptr) {
+        child.installEventFilter(this);
+    }
 }
 
 void ListenerScreen::listenerOpens(SubjectWindow& listener)
@@ -140,6 +151,24 @@ void ListenerScreen::putInPlace()
     }
 }
 
+void ListenerScreen::textOpens(TextWindow& text)
+{
+    m_text = &text;
+    m_textSize = text.size();
+    if (screenNamed(m_place.screen) != nullptr) {
+        putTextInPlace();
+    }
+}
+
+void ListenerScreen::putTextInPlace()
+{
+    const QScreen* const wanted = screenNamed(m_place.screen);
+    const QScreen* const screen = wanted != nullptr ? wanted : QGuiApplication::primaryScreen();
+    if (m_text != nullptr && screen != nullptr) {
+        m_text->setGeometry(centredOn(*screen, m_textSize));
+    }
+}
+
 void ListenerScreen::moveTo(const QScreen& screen)
 {
     m_listener->setWindowState(m_listener->windowState() & ~Qt::WindowFullScreen);
@@ -166,8 +195,14 @@ void ListenerScreen::bringListenerForward()
 // Qt takes the screen away only after this.
 void ListenerScreen::lose(const QScreen* screen)
 {
-    if (m_listener != nullptr && m_listener->isVisible() && m_listener->screen() == screen) {
+    const auto isOnIt = [screen](const QWidget* window) {
+        return window != nullptr && window->isVisible() && window->screen() == screen;
+    };
+    if (isOnIt(m_listener)) {
         m_screen = screen->name();
         m_lossTimer.start();
+    }
+    if (isOnIt(m_text)) {
+        m_textLossTimer.start();
     }
 }

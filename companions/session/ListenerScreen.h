@@ -12,6 +12,7 @@
 class MainWindow;
 class QScreen;
 class SubjectWindow;
+class TextWindow;
 
 /// Where the listener's window stands, and on what.
 struct ListenerPlace {
@@ -28,8 +29,9 @@ std::optional<QString> screenNameOf(const QString& nameOrNumber);
 QString screenList();
 
 /// Gives each listener's window of a main window its place when it is opened, by watching both.
-/// The cover comes with the listener's window and goes with it. Must be made before a run is begun,
-/// and be deleted before the main window.
+/// The cover comes with the listener's window and goes with it. A text for the listener comes to
+/// the screen that the place names, too. Must be made before a run is begun, and be deleted before
+/// the main window.
 class ListenerScreen : public QObject {
     Q_OBJECT
 
@@ -43,8 +45,11 @@ signals:
     void moved(const QString& missing, const QString& instead);
 
 private:
+    void watch(QObject& child);
     void listenerOpens(SubjectWindow& listener);
     void putInPlace();
+    void textOpens(TextWindow& text);
+    void putTextInPlace();
     void moveTo(const QScreen& screen);
     void showCover(const QScreen& screen);
     void bringListenerForward();
@@ -55,6 +60,9 @@ private:
     QPointer<SubjectWindow> m_listener; ///< the one opened last
     QSize m_size; ///< that it opened with
     QString m_screen; ///< the name of the one that it belongs on
+    QPointer<TextWindow> m_text; ///< the one opened last
+    QSize m_textSize; ///< that it opened with
     QTimer m_lossTimer; ///< until Qt has done with a screen that went away
+    QTimer m_textLossTimer; ///< the same for a text
     QWidget m_cover;
 };

@@ -2,6 +2,7 @@
 // The listener's window on a second screen, which may go away and come back.
 #include "drivers/RunDriver.h"
 #include "session/ListenerScreen.h"
+#include "session/TextWindow.h"
 #include "support/ModalBoxes.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
@@ -153,6 +154,32 @@ private slots:
         QTRY_COMPARE(ManagedScreen::colourAt(first.topLeft()) == coverColour, isCovered);
         QVERIFY(m_screen->press("Return"));
         QTRY_COMPARE(Probe::data(*m_window).nTrials, 1);
+    }
+
+    void text_isOnTheListenersScreen_andStaysReachable_whenThatGoes()
+    {
+        open({"DUMMY1", false, false});
+        auto* const text = new TextWindow("Listen.", m_window.get());
+        text->show();
+        QVERIFY(m_screen->becomesUsable(*text));
+        QCOMPARE(text->size(), QSize(819, 614)); // 80 % of that screen
+        QVERIFY(second.contains(text->frameGeometry()));
+        loseSecond();
+        QTRY_COMPARE(text->size(), QSize(1024, 640));
+        QTRY_VERIFY(first.contains(text->frameGeometry()));
+        QVERIFY(m_screen->becomesUsable(*text));
+        const QSignalSpy closed(text, &TextWindow::closed);
+        QVERIFY(m_screen->press("Return"));
+        QTRY_COMPARE(closed.size(), 1);
+    }
+
+    void text_isOnThePrimaryScreen_whenNoneIsNamed()
+    {
+        open({});
+        auto* const text = new TextWindow("Listen.", m_window.get());
+        text->show();
+        QVERIFY(m_screen->becomesUsable(*text));
+        QVERIFY(first.contains(text->frameGeometry()));
     }
 
     void nextListenersWindow_isOnTheScreenThatCameBack()
