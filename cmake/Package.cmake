@@ -2,7 +2,8 @@
 
 set(docs "${PROJECT_SOURCE_DIR}/docs")
 set(packaging "${PROJECT_SOURCE_DIR}/packaging")
-install(FILES "${packaging}/quorin-lab.desktop" "${packaging}/quorin-lab-guide.desktop"
+install(FILES "${packaging}/quorin-lab.desktop" "${packaging}/quorin-session.desktop"
+    "${packaging}/quorin-lab-guide.desktop"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES "${packaging}/quorin-lab.svg"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps")

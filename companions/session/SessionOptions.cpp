@@ -42,6 +42,7 @@ void addOptions(QCommandLineParser& parser)
             "order"},
         {"auto-go", "Press Go too, unless a run is offered again."},
         {"resume", "Take the protocol up at the first run that the folder has no result of."},
+        {"ask-folder", "Ask for the folder in a dialog: for a start without a terminal."},
     });
     parser.addPositionalArgument("folder", "Where the records go; it must exist.");
 }
@@ -94,8 +95,11 @@ QString studyError(const QCommandLineParser& parser, StudyRequest& study)
     return subjectError(study.subject);
 }
 
-QString folderError(const QStringList& folders)
+QString folderError(const QStringList& folders, bool asksFolder)
 {
+    if (asksFolder) {
+        return folders.isEmpty() ? QString() : "--ask-folder goes without a folder";
+    }
     if (folders.isEmpty()) {
         return "no folder is given";
     }
@@ -117,7 +121,8 @@ QString mistakeIn(const QCommandLineParser& parser, SessionOptions& options)
     }
     if (!parser.isSet("replay")) {
         options.folder = folders.value(0);
-        return mistake.isEmpty() ? folderError(folders) : mistake;
+        options.asksFolder = parser.isSet("ask-folder");
+        return mistake.isEmpty() ? folderError(folders, options.asksFolder) : mistake;
     }
     options.replayed = parser.value("replay");
     if (!folders.isEmpty() || parser.optionNames().size() > 1) {

@@ -13,6 +13,7 @@
 /// What quorin-session is told on its command line.
 struct SessionOptions {
     QString folder; ///< that the records go to
+    bool asksFolder = false; ///< whether a dialog asks for the folder; then none is given
     QString replayed; ///< a record to compute again; empty: none
     std::optional<qint64> seed; ///< none: one from the system
     ListenerPlace listener; ///< its screen as it was told, not yet looked for

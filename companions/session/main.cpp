@@ -3,6 +3,7 @@
 #include "app/MainWindow.h"
 #include "output/CommandLine.h"
 #include "session/FlightRecorder.h"
+#include "session/FolderChoice.h"
 #include "session/ListenerScreen.h"
 #include "session/PreparedSession.h"
 #include "session/Recomputation.h"
@@ -106,6 +107,17 @@ bool findScreen(ListenerPlace& place, StandardStreams& streams)
     return name.has_value();
 }
 
+// Where the folder was asked for, there is no terminal to look at.
+void tellAll(const QStringList& texts, const SessionOptions& options, StandardStreams& streams)
+{
+    for (const QString& text : texts) {
+        streams.complain(text);
+    }
+    if (options.asksFolder && !texts.isEmpty()) {
+        QMessageBox::warning(nullptr, "Recording", texts.join("\n\n"));
+    }
+}
+
 int record(const SessionOptions& options, const PreparedSession& session, StandardStreams& streams)
 {
     ListenerPlace place = options.listener;
@@ -133,22 +145,19 @@ int record(const SessionOptions& options, const PreparedSession& session, Standa
     }
     const int status = QApplication::exec();
     const QStringList rescued = recorder.rescue(QDir::homePath());
-    for (const QString& text : rescued) {
-        streams.complain(text);
-    }
+    tellAll(rescued, options, streams);
     return rescued.isEmpty() ? status : somethingIsWrong;
 }
 
 /// Tells what keeps the session from beginning, or that nothing is left to do; no status if it is
 /// to begin.
-std::optional<int> statusOf(const PreparedSession& session, StandardStreams& streams)
+std::optional<int> statusOf(
+    const SessionOptions& options, const PreparedSession& session, StandardStreams& streams)
 {
     for (const QString& note : session.notes) {
         streams.complain("note: " + note);
     }
-    for (const QString& error : session.errors) {
-        streams.complain(error);
-    }
+    tellAll(session.errors, options, streams);
     if (!session.errors.isEmpty()) {
         return somethingIsWrong;
     }
@@ -156,6 +165,18 @@ std::optional<int> statusOf(const PreparedSession& session, StandardStreams& str
         = session.study && runsLeft(session.study->runs, session.study->completed).isEmpty();
     return isDone ? std::optional(streams.print(progressOf(*session.study), success))
                   : std::nullopt;
+}
+
+/// A session in a folder that is asked for.
+int recordWhereAsked(SessionOptions& options, StandardStreams& streams)
+{
+    options.folder = chosenFolder();
+    if (options.folder.isEmpty()) {
+        return success;
+    }
+    const PreparedSession session = preparedSession(options);
+    const std::optional<int> status = statusOf(options, session, streams);
+    return status ? *status : record(options, session, streams);
 }
 
 /// Help, mistakes and replays need no display.
@@ -182,12 +203,15 @@ int main(int argc, char* argv[])
         if (options.answer || !options.replayed.isEmpty()) {
             return answered(options, streams);
         }
-        session = preparedSession(options);
-        if (const std::optional<int> status = statusOf(session, streams)) {
-            return *status;
+        if (!options.asksFolder) {
+            session = preparedSession(options);
+            if (const std::optional<int> status = statusOf(options, session, streams)) {
+                return *status;
+            }
         }
     }
     QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
     const QApplication application(nNames, argv);
-    return record(options, session, streams);
+    return options.asksFolder ? recordWhereAsked(options, streams)
+                              : record(options, session, streams);
 }

@@ -72,6 +72,10 @@ private slots:
         QTest::newRow("a file") << QStringList("/dev/null") << "/dev/null: is no folder";
         QTest::newRow("two folders")
             << QStringList({"/tmp", "/var"}) << R"(one folder is wanted, not also "/var")";
+        QTest::newRow("folder given and asked for")
+            << QStringList({"/tmp", "--ask-folder"}) << "--ask-folder goes without a folder";
+        QTest::newRow("replay and folder asked for")
+            << QStringList({"--replay", "a", "--ask-folder"}) << "--replay goes with nothing else";
         QTest::newRow("unknown option")
             << QStringList({"/tmp", "--sed", "1"}) << "Unknown option 'sed'.";
         const QStringList seeds {"0", "2147483647", "-1", "x", "1.5", ""};
