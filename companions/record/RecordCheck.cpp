@@ -104,6 +104,8 @@ private:
             "the type of sound has another name than number");
         demand(begun.mainParameter == known.mainParameters.value(begun.go.mainParameter),
             "the main parameter has another name than number");
+        demand(!begun.protocol || begun.protocol->subject == begun.go.subCode,
+            "the protocol's subject is not that of the run");
     }
 
     void checkBegin(const RecordedTrial& trial)
@@ -149,6 +151,7 @@ private:
                 .arg(answer.isCorrect ? "correct" : "wrong")
                 .arg(trial.begun.position));
         compare("the value", answer.value, trial.begun.value);
+        checkDisturbances(trial, answer);
         const int reversalsBefore = m_data.reversalCount;
         addAnswer(m_data, trial);
         m_hasEnded = enoughReversals(m_data);
@@ -158,6 +161,19 @@ private:
         compare("the count of reversals", answer.reversals, m_data.reversalCount);
         compare("the value after the answer", answer.valueAfter, valueAfter(answer.value));
         m_value = answer.valueAfter.value_or(m_value);
+    }
+
+    // A sound that ran dry while it was started is counted without a line.
+    void checkDisturbances(const RecordedTrial& trial, const AnswerGiven& answer)
+    {
+        demand(trial.interruptions.size() <= answer.interruptedSounds,
+            QString("%1 interrupted sounds are counted, and %2 have their line")
+                .arg(answer.interruptedSounds)
+                .arg(trial.interruptions.size()));
+        demand((answer.lateSounds > 0) == (answer.worstLatenessMs > 0),
+            QString("%1 sounds are late, the latest by %2 ms")
+                .arg(answer.lateSounds)
+                .arg(answer.worstLatenessMs));
     }
 
     std::optional<double> valueAfter(double value) const

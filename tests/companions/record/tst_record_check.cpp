@@ -123,6 +123,8 @@ private slots:
             "before");
         row({"answer", 3}, "value_after", 0.5,
             "the value after the answer is 0.5, and none follows from the lines before");
+        row({"answer", 2}, "late_sounds", 1, "1 sounds are late, the latest by 0 ms");
+        row({"answer", 2}, "worst_lateness_ms", 12, "0 sounds are late, the latest by 12 ms");
         row({"answer", 1}, "reversal", true, "is called a reversal and is none");
         row({"answer", 2}, "reversal", false, "is a reversal and is not called so");
         row({"answer", 2}, "reversals", 0,
