@@ -34,14 +34,14 @@ QJsonArray describedScreens()
 }
 
 // The server must not hold up the start of a run for long.
-QString serverInformation()
+QString toldBy(const QStringList& arguments)
 {
     constexpr int patienceMs = 1000;
     QProcess pactl;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("LC_ALL", "C");
     pactl.setProcessEnvironment(environment);
-    pactl.start("pactl", {"info"}, QIODevice::ReadOnly);
+    pactl.start("pactl", arguments, QIODevice::ReadOnly);
     if (!pactl.waitForFinished(patienceMs)) {
         pactl.kill();
         pactl.waitForFinished(patienceMs);
@@ -54,7 +54,7 @@ QJsonObject describedAudio()
 {
     const QAudioDeviceInfo device = QAudioDeviceInfo::defaultOutputDevice();
     return {{"device", device.deviceName()}, {"backend", device.realm()},
-        {"server", soundServer(serverInformation())}};
+        {"server", soundServer(toldBy({"info"}), toldBy({"list", "short", "sinks"}))}};
 }
 
 // The offset is left out of ISO 8601 unless it is given.
@@ -66,11 +66,12 @@ QString timeWithOffset()
 
 } // namespace
 
-QJsonObject soundServer(const QString& information)
+QJsonObject soundServer(const QString& information, const QString& sinks)
 {
     const QVector<QPair<QString, QString>> keys
         = {{"Server Name: ", "name"}, {"Server Version: ", "version"},
             {"Default Sample Specification: ", "format"}, {"Default Sink: ", "sink"}};
+    constexpr int formatColumn = 3; // after number, name and driver
     QJsonObject server;
     const QStringList lines = information.split('\n');
     for (const QString& line : lines) {
@@ -78,6 +79,13 @@ QJsonObject soundServer(const QString& information)
             if (line.startsWith(key.first)) {
                 server.insert(key.second, line.mid(key.first.size()).trimmed());
             }
+        }
+    }
+    const QStringList sinkLines = sinks.split('\n');
+    for (const QString& line : sinkLines) {
+        const QStringList cells = line.split('\t');
+        if (cells.size() > formatColumn && cells[1] == server["sink"].toString()) {
+            server.insert("sink_format", cells[formatColumn]);
         }
     }
     return server;

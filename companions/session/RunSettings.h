@@ -9,6 +9,6 @@ class MainWindow;
 /// words. Seed, draws and the two session records are left at their defaults.
 RunBegun runSettings(const MainWindow& window);
 
-/// Name, version and rate of the sound server from what `pactl info` prints in the C locale; empty
-/// where it prints no such lines.
-QJsonObject soundServer(const QString& information);
+/// Name, version and formats of the sound server from what `pactl info` and `pactl list short
+/// sinks` print in the C locale; empty where they print no such lines.
+QJsonObject soundServer(const QString& information, const QString& sinks);

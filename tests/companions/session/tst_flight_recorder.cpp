@@ -148,10 +148,13 @@ private slots:
                              "Server Name: PulseAudio (on PipeWire 0.3.65)\n"
                              "Server Version: 15.0.0\n"
                              "Default Sample Specification: float32le 2ch 48000Hz\n"
-                             "Default Sink: lab\nCookie: 1\n"),
+                             "Default Sink: lab\nCookie: 1\n",
+                     "0\tcard\tmodule-alsa-card.c\ts16le 2ch 44100Hz\tSUSPENDED\n"
+                     "1\tlab\tmodule-null-sink.c\tfloat32le 1ch 40000Hz\tRUNNING\n"),
             QJsonObject({{"name", "PulseAudio (on PipeWire 0.3.65)"}, {"version", "15.0.0"},
-                {"format", "float32le 2ch 48000Hz"}, {"sink", "lab"}}));
-        QCOMPARE(soundServer({}), QJsonObject());
+                {"format", "float32le 2ch 48000Hz"}, {"sink", "lab"},
+                {"sink_format", "float32le 1ch 40000Hz"}}));
+        QCOMPARE(soundServer({}, {}), QJsonObject());
     }
 
     void digest_isThatOfTheBytesPlayed()
