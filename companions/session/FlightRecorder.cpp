@@ -56,6 +56,10 @@ FlightRecorder::FlightRecorder(MainWindow& window, QString folder, qint64 seed)
         &FlightRecorder::noteView);
     connect(window.findChild<QPushButton*>("pushButtonGo"), &QPushButton::clicked, this,
         &FlightRecorder::begin);
+    const QList<QTimer*> timers = window.findChildren<QTimer*>();
+    for (QTimer* timer : timers) {
+        timer->installEventFilter(this);
+    }
     connect(&window, &MainWindow::soundPlaying, this, &FlightRecorder::noteState);
     connect(&window, &MainWindow::doneDataCollection, this, &FlightRecorder::finish);
 }
@@ -68,6 +72,15 @@ FlightRecorder::~FlightRecorder()
 void FlightRecorder::askForPlace(std::function<std::optional<ProtocolPlace>()> place)
 {
     m_place = std::move(place);
+}
+
+// The window's timers start the sounds: what waits is on the disk before.
+bool FlightRecorder::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Timer && m_isRunning && !m_awaitsAnswer && !m_waiting.isEmpty()) {
+        flush();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 QString FlightRecorder::recordName() const
@@ -131,7 +144,7 @@ void FlightRecorder::noteState(int state)
         noteSound(state);
     }
     if (state > soundsPerTrial) {
-        tellSoundFailure(m_window.trialDisturbances(), m_trials);
+        tellSoundFailure(m_window.trialDisturbances(), m_trials, false);
     }
 }
 
@@ -199,7 +212,7 @@ void FlightRecorder::catchUp()
     if (data.records.size() > m_answers) {
         noteAnswer();
         tellFault();
-        tellSoundFailure(m_window.runDisturbances().constLast(), m_answers);
+        tellSoundFailure(m_window.runDisturbances().constLast(), m_answers, true);
     }
     if (data.nTrials > m_trials) {
         noteTrial();
@@ -264,7 +277,7 @@ void FlightRecorder::finish()
     m_isRunning = false;
     file().finish();
     if (flush() && !error.isEmpty()) {
-        emit failed(error);
+        emit resultsFailed(error);
     }
     tellFault();
 }
@@ -341,12 +354,12 @@ void FlightRecorder::tellFault()
     }
 }
 
-void FlightRecorder::tellSoundFailure(const Disturbances& disturbances, int trial)
+void FlightRecorder::tellSoundFailure(const Disturbances& disturbances, int trial, bool isAnswered)
 {
     const bool hadFailed = m_hasSoundFailed;
     m_hasSoundFailed = disturbances.hasOutputFailed;
     if (m_hasSoundFailed && !hadFailed) {
-        emit soundFailed(trial);
+        emit soundFailed(trial, isAnswered);
     }
 }
 

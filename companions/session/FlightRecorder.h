@@ -32,6 +32,8 @@ public:
     /// A run under way is recorded as abandoned.
     ~FlightRecorder() override;
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
     /// Each run is recorded as what the function then says it is. Without one, runs are of no
     /// protocol.
     void askForPlace(std::function<std::optional<ProtocolPlace>()> place);
@@ -47,11 +49,13 @@ public:
 signals:
     /// Something cannot be recorded. Comes between trials, once for each text.
     void failed(const QString& what);
+    /// A finished run's results file cannot be written. The record has all of it.
+    void resultsFailed(const QString& what);
     /// All that waited is on the disk again.
     void recovered();
     /// The sound output failed in a trial, the first of several in a row. Comes after its answer;
     /// where no sound ends and none can be given, seconds after the fourth sound.
-    void soundFailed(int trial);
+    void soundFailed(int trial, bool isAnswered);
 
 private:
     /// A line that waits, and the sound whose digest it is still to get.
@@ -76,7 +80,7 @@ private:
     template <typename Line> void add(const Line& line, const QByteArray& sound = {});
     void writeLater();
     void tellFault();
-    void tellSoundFailure(const Disturbances& disturbances, int trial);
+    void tellSoundFailure(const Disturbances& disturbances, int trial, bool isAnswered);
     RecordFile& file() const { return *m_files.back(); }
     double nowMs() const;
 

@@ -58,6 +58,12 @@ int replay(const QString& path, StandardStreams& streams)
         differences.isEmpty() ? success : somethingIsWrong);
 }
 
+const char* const afterLostSounds = "The run goes on. The record tells which trials are concerned.";
+const char* const inLostTrial
+    = "No answer can be given in this trial. Unless it goes on by itself, close the listener's "
+      "window, press View and Go; if it stays silent, start the program again. What was answered "
+      "is recorded.";
+
 // Away from the listener's window, and without taking the keyboard from it.
 void show(const QString& fault, const QString& consequence, StandardStreams& streams)
 {
@@ -66,6 +72,7 @@ void show(const QString& fault, const QString& consequence, StandardStreams& str
         = new QMessageBox(QMessageBox::Warning, "Recording", fault + "\n\n" + consequence);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setAttribute(Qt::WA_ShowWithoutActivating);
+    box->setAttribute(Qt::WA_QuitOnClose, false); // what is in memory is saved at the end
     box->setModal(false);
     box->move(QGuiApplication::primaryScreen()->availableGeometry().topLeft());
     box->show();
@@ -76,11 +83,15 @@ void tellFaults(FlightRecorder& recorder, StandardStreams& streams)
     QObject::connect(&recorder, &FlightRecorder::failed, [&streams](const QString& fault) {
         show(fault, "The run goes on. What is not written is kept and tried again.", streams);
     });
-    QObject::connect(&recorder, &FlightRecorder::soundFailed, [&streams](int trial) {
-        show(QString("The sound output failed in trial %1.").arg(trial),
-            "The run goes on once there is sound. The record tells which trials are concerned.",
+    QObject::connect(&recorder, &FlightRecorder::resultsFailed, [&streams](const QString& fault) {
+        show(fault, "The record has all trials: quorin-report --rescue makes the file of it.",
             streams);
     });
+    QObject::connect(
+        &recorder, &FlightRecorder::soundFailed, [&streams](int trial, bool isAnswered) {
+            show(QString("The sound output failed in trial %1.").arg(trial),
+                isAnswered ? afterLostSounds : inLostTrial, streams);
+        });
     QObject::connect(
         &recorder, &FlightRecorder::recovered, [&streams] { streams.complain("recording again"); });
 }
