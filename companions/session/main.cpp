@@ -2,6 +2,7 @@
 // quorin-session: the application's windows with a recorder beside them, or a record replayed.
 #include "app/MainWindow.h"
 #include "output/CommandLine.h"
+#include "session/EndSignals.h"
 #include "session/FlightRecorder.h"
 #include "session/FolderChoice.h"
 #include "session/ListenerScreen.h"
@@ -150,6 +151,7 @@ int record(const SessionOptions& options, const PreparedSession& session, Standa
         course = std::make_unique<StudyCourse>(window, *session.study, options.study.pressesGo);
         accompany(*course, recorder, window, streams);
     }
+    endLoopOnSignals();
     window.show();
     if (course) {
         course->start();

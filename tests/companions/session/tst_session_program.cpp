@@ -2,6 +2,7 @@
 // quorin-session from its command line: options, replays, and two sessions in one folder.
 #include "RecordedRun.h"
 #include "StudyTexts.h"
+#include "record/RecordReader.h"
 #include "record/RecordWriter.h"
 #include "session/Study.h"
 #include "support/TestProgram.h"
@@ -230,6 +231,26 @@ private slots:
                             "begins with the first\n"));
         program.kill();
         QVERIFY(program.waitForFinished());
+    }
+
+    void termination_endsTheRecordUnderWay()
+    {
+        const QTemporaryDir folder;
+        const QString path = writtenFile(folder, "study.csv", "session\n1\n");
+        QProcess program;
+        program.setStandardOutputFile(QProcess::nullDevice());
+        program.setStandardErrorFile(QProcess::nullDevice());
+        program.start(
+            SESSION_PROGRAM, {folder.path(), "--protocol", path, "--subject", "S02", "--auto-go"});
+        const auto records = [&folder] { return QDir(folder.path()).entryList({"*.jsonl"}); };
+        QTRY_COMPARE_WITH_TIMEOUT(records().size(), 1, 20000);
+        program.terminate();
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), 0);
+        const ReadRecord read = readRecordFile(folder.filePath(records().constFirst()));
+        QCOMPARE(read.error, QString());
+        QVERIFY(std::holds_alternative<RunAbandoned>(read.run.end));
     }
 
     void completedProtocol_isTold_andNothingOpens()
