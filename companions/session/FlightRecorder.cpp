@@ -15,6 +15,7 @@
 #include <QBuffer>
 #include <QCryptographicHash>
 #include <QDir>
+#include <QEvent>
 #include <QPushButton>
 
 #include <algorithm>

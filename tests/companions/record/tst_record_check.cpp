@@ -235,7 +235,7 @@ private slots:
 
     void settings_areRefused_whenTheRulesCannotUseThem()
     {
-        const QVector<QJsonObject> lines = recordedLines();
+        const QVector<QJsonObject>& lines = recordedLines();
         const QVector<QPair<QString, QJsonValue>> changes {{"md", QJsonArray {0.5}},
             {"nSamples", QJsonArray {1, 2, 3}}, {"wavNames", QJsonArray()},
             {"stepSizes", QJsonArray()}, {"stepSizes", QJsonArray {2, 2147483647}},

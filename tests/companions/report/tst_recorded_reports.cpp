@@ -158,19 +158,19 @@ private slots:
             const QByteArray part = upToLine(files.record, nLines);
             const bool isAll = part == files.record;
             for (const bool isFirst : {true, false}) {
+                const QString partName = isFirst ? "1.jsonl" : "2.jsonl";
+                const QString wholeName = isFirst ? "2.jsonl" : "1.jsonl";
                 const Folder folder;
-                folder.put(isFirst ? "1.jsonl" : "2.jsonl", part);
-                folder.put(isFirst ? "2.jsonl" : "1.jsonl", files.record);
+                folder.put(partName, part);
+                folder.put(wholeName, files.record);
                 const Reading reading = folder.read();
                 QVERIFY(reading.isGood);
                 QCOMPARE(reading.runs.size(), 1);
-                const QString copy = isFirst && !isAll ? "1.jsonl" : "2.jsonl";
-                const QString whole = copy == "1.jsonl" ? "2.jsonl" : "1.jsonl";
-                QCOMPARE(reading.runs[0].fileName, isAll ? QString("1.jsonl") : whole);
+                QCOMPARE(reading.runs[0].fileName, isAll ? QString("1.jsonl") : wholeName);
                 QCOMPARE(reading.told,
-                    QStringList(copy + ": note: "
-                        + (isAll ? "the same content as " + whole + ", counted once"
-                                 : "an unfinished copy of " + whole + ", left out")));
+                    QStringList(isAll ? "2.jsonl: note: the same content as 1.jsonl, counted once"
+                                      : partName + ": note: an unfinished copy of " + wholeName
+                                + ", left out"));
             }
         }
     }
@@ -217,7 +217,7 @@ private slots:
             const Folder folder;
             const QByteArray part = upToLine(files.record, n);
             folder.put("a.jsonl", part + "{\"at_");
-            const int nAnswers = part.count("\"event\":\"answer\"");
+            const int nAnswers = part.count(R"("event":"answer")");
             const Reading reading = folder.read();
             QVERIFY(reading.isGood);
             QCOMPARE(reading.told,

@@ -18,7 +18,7 @@ private slots:
             const Folder folder;
             const QByteArray part = upToLine(files.record, n);
             folder.put("a_001.jsonl", part + (n % 2 == 0 ? "{\"at_" : ""));
-            const int nAnswers = part.count("\"event\":\"answer\"");
+            const int nAnswers = part.count(R"("event":"answer")");
             const Reading rescued = folder.rescue("a_001.jsonl");
             QCOMPARE(rescued.isGood, nAnswers > 0);
             const QString target("a_001_rescued.txt");
