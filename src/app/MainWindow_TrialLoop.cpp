@@ -238,9 +238,6 @@ bool MainWindow::mustWaitForSound(double tickMs)
         waitForSound();
     }
     waitsForSound = mustWait && tickMs - waitingSinceMs <= patienceMs;
-    if (mustWait && !waitsForSound) {
-        forgetTrialOfSounds();
-    }
     return waitsForSound;
 }
 
