@@ -14,7 +14,8 @@
 /// From init() to cleanup() every message of every thread is kept and passed on to QtTest. A class
 /// with an init() or cleanup() of its own overrides these slots and calls the base: first in
 /// init(), last in cleanup(). What the offscreen platform says that it does not support is dropped,
-/// and a sound may be told to be late: that depends on how busy the machine is.
+/// and so is the X server's error about another program's window that is gone when Qt asks for it;
+/// a sound may be told to be late: that depends on how busy the machine is.
 /// Messages of initTestCase() and cleanupTestCase() are not watched, and
 /// QTest::ignoreMessage() announces nothing, it only keeps a line out of the log.
 class QuietTest : public QObject {

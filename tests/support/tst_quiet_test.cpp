@@ -39,6 +39,16 @@ private slots:
     void plain() { QCOMPARE(messages(), QStringList()); }
     void warns() { qWarning("something is wrong"); }
     void platformWarns() { qWarning("This plugin does not support raise()"); }
+    void frameUnderTheMouseVanishes()
+    {
+        qWarning("QXcbConnection: XCB error: 3 (BadWindow), sequence: 1270, resource id: 2098700, "
+                 "major code: 40 (TranslateCoords), minor code: 0");
+    }
+    void ourWindowVanishes()
+    {
+        qWarning("QXcbConnection: XCB error: 3 (BadWindow), sequence: 1270, resource id: 2098700, "
+                 "major code: 12 (ConfigureWindow), minor code: 0");
+    }
     void isCritical() { qCritical("something is very wrong"); }
     void warnsInAThread()
     {
@@ -131,6 +141,8 @@ private slots:
         row("plain", 0, "PASS   : Sample::plain()");
         row("warns", 1, "unannounced warning: something is wrong");
         row("platformWarns", 0, "PASS   : Sample::platformWarns()");
+        row("frameUnderTheMouseVanishes", 0, "PASS   : Sample::frameUnderTheMouseVanishes()");
+        row("ourWindowVanishes", 1, "major code: 12 (ConfigureWindow), minor code: 0");
         row("isCritical", 1, "unannounced warning: something is very wrong");
         row("warnsInAThread", 1, "unannounced warning: wrong elsewhere");
         row("warnsInADeferredDeletion", 1, "unannounced warning: wrong at the end");

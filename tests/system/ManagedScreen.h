@@ -2,6 +2,7 @@
 #pragma once
 
 #include "soundlab/ChildProcess.h"
+#include "support/TestProgram.h"
 
 #include <QColor>
 #include <QPoint>
@@ -65,3 +66,20 @@ private:
     ChildProcess m_windowManager;
     QString m_whatFailed;
 };
+
+/// Runs a test class whose constructor takes the screen.
+template <typename Test> int runOnAManagedScreen(int argc, char** argv)
+{
+    ManagedScreen screen;
+    if (!screen.start()) {
+        qCritical("no screen with a window manager: %s", qUtf8Printable(screen.whatFailed()));
+        return EXIT_FAILURE;
+    }
+    const QApplication application(argc, argv);
+    Test test(screen);
+    return QTest::qExec(&test, argc, argv);
+}
+
+/// Ends the source of such a test.
+#define QUORIN_MANAGED_SCREEN_TEST(Test)                                                           \
+    static const RegisteredTest registered##Test(__FILE__, &runOnAManagedScreen<Test>)

@@ -5,12 +5,10 @@
 #include "support/EventCounter.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "support/WindowWidgets.h"
 #include "system/ManagedScreen.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QFile>
 #include <QPushButton>
@@ -311,17 +309,5 @@ private slots:
     }
 };
 
-static int runOnAManagedScreen(int argc, char** argv)
-{
-    ManagedScreen screen;
-    if (!screen.start()) {
-        qCritical("no screen with a window manager: %s", qUtf8Printable(screen.whatFailed()));
-        return EXIT_FAILURE;
-    }
-    const QApplication application(argc, argv);
-    TestBuriedWindow test(screen);
-    return QTest::qExec(&test, argc, argv);
-}
-
-static const RegisteredTest buriedWindow(__FILE__, &runOnAManagedScreen);
+QUORIN_MANAGED_SCREEN_TEST(TestBuriedWindow);
 #include "tst_buried_window.moc"

@@ -3,10 +3,8 @@
 #include "session/FolderChoice.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 #include "system/ManagedScreen.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -76,17 +74,5 @@ private:
     ManagedScreen& m_screen;
 };
 
-static int runOnAManagedScreen(int argc, char** argv)
-{
-    ManagedScreen screen;
-    if (!screen.start()) {
-        qCritical("no screen with a window manager: %s", qUtf8Printable(screen.whatFailed()));
-        return EXIT_FAILURE;
-    }
-    const QApplication application(argc, argv);
-    TestFolderChoice test(screen);
-    return QTest::qExec(&test, argc, argv);
-}
-
-static const RegisteredTest folderChoice(__FILE__, &runOnAManagedScreen);
+QUORIN_MANAGED_SCREEN_TEST(TestFolderChoice);
 #include "tst_folder_choice.moc"

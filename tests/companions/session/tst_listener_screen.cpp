@@ -3,11 +3,9 @@
 #include "drivers/RunDriver.h"
 #include "session/ListenerScreen.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 #include "system/ManagedScreen.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -172,17 +170,5 @@ private slots:
     }
 };
 
-static int runOnAManagedScreen(int argc, char** argv)
-{
-    ManagedScreen screen;
-    if (!screen.start()) {
-        qCritical("no screen with a window manager: %s", qUtf8Printable(screen.whatFailed()));
-        return EXIT_FAILURE;
-    }
-    const QApplication application(argc, argv);
-    TestListenerScreen test(screen);
-    return QTest::qExec(&test, argc, argv);
-}
-
-static const RegisteredTest listenerScreen(__FILE__, &runOnAManagedScreen);
+QUORIN_MANAGED_SCREEN_TEST(TestListenerScreen);
 #include "tst_listener_screen.moc"
