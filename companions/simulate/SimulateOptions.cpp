@@ -2,8 +2,8 @@
 // The command line of quorin-simulate.
 #include "simulate/SimulateOptions.h"
 
+#include "output/OptionReader.h"
 #include "plots/PictureFile.h"
-#include "simulate/OptionReader.h"
 #include "simulate/SimulationReader.h"
 
 #include <QCommandLineParser>

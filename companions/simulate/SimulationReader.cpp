@@ -2,8 +2,8 @@
 // The options that tell what is simulated.
 #include "simulate/SimulationReader.h"
 
+#include "output/OptionReader.h"
 #include "session/AdaptedParameter.h"
-#include "simulate/OptionReader.h"
 
 #include <QCommandLineParser>
 

@@ -2,7 +2,7 @@
 // The values that options are swept over, and the simulations that follow.
 #include "simulate/Sweep.h"
 
-#include "simulate/OptionReader.h"
+#include "output/OptionReader.h"
 #include "simulate/SimulationReader.h"
 
 #include <QCommandLineParser>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers of the command line, each within its limits.
-#include "simulate/OptionReader.h"
+#include "output/OptionReader.h"
 
 #include <QCommandLineParser>
 
