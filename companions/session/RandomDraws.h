@@ -13,6 +13,16 @@ constexpr qint64 drawsOfPosition = 1;
 
 } // namespace quorin
 
+/// Puts the generator where so many numbers have been drawn since it was seeded. Draws them, since
+/// it has no other way there.
+inline void seedGenerator(uint seed, qint64 draws)
+{
+    qsrand(seed);
+    for (qint64 i = 0; i < draws; ++i) {
+        static_cast<void>(qrand());
+    }
+}
+
 /// For a new deviant after an answer.
 inline qint64 drawsOfStep(const Data& data)
 {

@@ -7,6 +7,7 @@
 #include "procedure/RunResults.h"
 #include "procedure/StaircaseRule.h"
 #include "session/AdaptedParameter.h"
+#include "session/RandomDraws.h"
 #include "signal/SignalToolkit.h"
 #include "signal/Stimulus.h"
 
@@ -68,13 +69,9 @@ public:
     }
 
 private:
-    // The numbers drawn before are drawn here too: the generator has no other way to its place.
     void seedAndView()
     {
-        qsrand(static_cast<uint>(m_run.begun.seed));
-        for (qint64 i = 0; i < m_run.begun.drawsBefore; ++i) {
-            static_cast<void>(qrand());
-        }
+        seedGenerator(static_cast<uint>(m_run.begun.seed), m_run.begun.drawsBefore);
         synthesise(m_sounds[standard], m_data, standard);
         makeDeviant();
     }
