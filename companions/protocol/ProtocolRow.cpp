@@ -121,7 +121,7 @@ private:
             complain(soundTypeColumn,
                 QString(R"("%1" is incompatible with the main parameter "%2"%3)")
                     .arg(noise, m_texts[mainParameterColumn],
-                        isGiven(soundTypeColumn) ? "" : "; an empty cell stands for it"));
+                        isGiven(soundTypeColumn) ? "" : "; it is the default"));
         }
         if (is(resetColumn, "yes")) {
             checkDeviantIsEmpty();

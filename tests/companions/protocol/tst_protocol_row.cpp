@@ -215,11 +215,11 @@ private slots:
         QTest::newRow("an empty cell is noise")
             << QByteArray("main parameter,sound type") << QByteArray("carrier frequency,")
             << "line 2, column \"sound type\": \"noise\" is incompatible with the main parameter "
-               "\"carrier frequency\"; an empty cell stands for it";
+               "\"carrier frequency\"; it is the default";
         QTest::newRow("no column is noise")
             << QByteArray("main parameter") << QByteArray("carrier frequency")
             << "line 2, column \"sound type\": \"noise\" is incompatible with the main parameter "
-               "\"carrier frequency\"; an empty cell stands for it";
+               "\"carrier frequency\"; it is the default";
         QTest::newRow("practice in a test session")
             << QByteArray("practice,session type") << QByteArray("yes,test")
             << R"(line 2, column "practice": "yes" contradicts the session type "test")";
