@@ -51,8 +51,9 @@ second or third of which differs; a weighted up-down staircase follows the
 listener's answers to the threshold.
 .
 With it come quorin-simulate, which tells what a choice of settings will give
-before a listener is invited, quorin-report, which reads the results files, and
-quorin-session, which records every event of every run.")
+before a listener is invited, quorin-report, which reads the results files,
+quorin-session, which records every event of every run, and quorin-sound, which
+writes the sounds as files and tells their levels.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
@@ -70,7 +71,7 @@ include(CPack)
 
 # What is delivered, without the tests.
 add_custom_target(programs)
-add_dependencies(programs quorin-lab quorin-simulate quorin-report quorin-session)
+add_dependencies(programs quorin-lab quorin-simulate quorin-report quorin-session quorin-sound)
 if(TARGET guide)
   add_dependencies(programs guide)
 endif()

@@ -14,6 +14,7 @@ build_packages=(
     g++ cmake ninja-build
     qtbase5-dev qtmultimedia5-dev libqt5charts5-dev libqt5svg5-dev
     libgsl-dev # statistics and fits of the companions
+    libsndfile1-dev # sounds as files
     libqt5multimedia5-plugins # the sound backends, loaded at run time
 )
 test_packages=(
