@@ -93,7 +93,7 @@ public:
     void disableAllComponents();
 
     // app/MainWindow_Layout.cpp
-    /// Places the widgets and sets sizes, title and alignments.
+    /// Places the widgets, sets sizes, title and alignments; warns if the screen is too low.
     void setupGUIMainWindow();
     /// The window's geometry on the primary screen; see windowRectangle.
     void centerAndResizeMainWindow(bool center, double widthFraction, double heightFraction);

@@ -11,6 +11,28 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+namespace {
+
+// Moves the rows of a grid together where the window would be too low for the layout that holds it.
+// The window grows downwards by what is still missing; it says so if its end leaves the screen.
+void fitInHeight(QGridLayout* grid, QLayout* holder, const QRect& window)
+{
+    if (holder->totalMinimumSize().height() <= window.height()) {
+        return;
+    }
+    grid->setVerticalSpacing(0);
+    holder->invalidate(); // it does not notice by itself
+    const int leastHeight = holder->totalMinimumSize().height();
+    grid->setVerticalSpacing(fittingSpacing(window.height() - leastHeight, grid->rowCount()));
+    holder->invalidate();
+    const int offScreen = window.top() + leastHeight - availableScreenSize().height();
+    if (offScreen > 0) {
+        qWarning("The screen is too low for the main window by %d pixels", offScreen);
+    }
+}
+
+} // namespace
+
 void MainWindow::setupGUIMainWindow()
 {
     centerAndResizeMainWindow(centerWindow, widthFraction, heightFraction);
@@ -37,6 +59,7 @@ void MainWindow::setupGUIMainWindow()
         heading->setMinimumWidth(leastWidth);
     }
     describePanel();
+    fitInHeight(gridLayoutParameters, gridLayoutMain, geometry()); // no chart is there yet
 }
 
 void MainWindow::fillParameterGrid()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What both windows are built with: cells of a grid, tool tips, the rectangle on the screen.
+// What both windows are built with: cells and rows of a grid, tool tips, the place on the screen.
 #include "app/WindowParts.h"
 
 #include <QGridLayout>
@@ -48,4 +48,9 @@ QRect windowRectangle(const QSize& available, const QPoint& topLeft, bool center
         return {QPoint((available.width() - width) / 2, (available.height() - height) / 2), size};
     }
     return {QPoint(qMax(topLeft.x(), leastX), qMax(topLeft.y(), leastY)), size};
+}
+
+int fittingSpacing(int room, int nRows)
+{
+    return qMax(room, 0) / (nRows - 1);
 }

@@ -61,3 +61,9 @@ QSize availableScreenSize();
 /// @param heightFraction part of the available height, limited to 0 to 1
 QRect windowRectangle(const QSize& available, const QPoint& topLeft, bool center,
     double widthFraction, double heightFraction);
+
+/// The largest spacing between the rows of a grid, pixels, that a height has room for.
+/// @param room  height that the rows themselves leave, pixels; below 0: they are too high already
+/// @param nRows rows of the grid, at least 2
+/// @return at least 0
+int fittingSpacing(int room, int nRows);

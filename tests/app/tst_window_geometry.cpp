@@ -73,6 +73,29 @@ private slots:
             QRect(expected, QSize(1920, 0)));
     }
 
+    void spacing_isThis_whenTheRowsLeaveRoom_data()
+    {
+        QTest::addColumn<int>("room");
+        QTest::addColumn<int>("nRows");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("too high by far") << -100000 << 18 << 0;
+        QTest::newRow("too high") << -17 << 18 << 0;
+        QTest::newRow("none") << 0 << 18 << 0;
+        QTest::newRow("less than one each") << 16 << 18 << 0;
+        QTest::newRow("one each") << 17 << 18 << 1;
+        QTest::newRow("nearly two each") << 33 << 18 << 1;
+        QTest::newRow("two each") << 34 << 18 << 2;
+        QTest::newRow("six each and some") << 110 << 18 << 6;
+        QTest::newRow("two rows") << 9 << 2 << 9;
+    }
+
+    void spacing_isThis_whenTheRowsLeaveRoom()
+    {
+        QFETCH(int, room);
+        QFETCH(int, nRows);
+        QTEST(fittingSpacing(room, nRows), "expected");
+    }
+
     void mainWindow_coversItsPart_whenMade()
     {
         MainWindow window;

@@ -144,6 +144,15 @@ private:
 private slots:
     void initTestCase() { QApplication::setStyle(QStyleFactory::create("Fusion")); }
 
+    // Windows are resized here; the offscreen platform's own screen is too low for one at scale 2.
+    void init() override
+    {
+        WindowTest::init();
+        if (qApp->devicePixelRatio() > 1.0)
+            tolerateWarning(
+                QRegularExpression("^The screen is too low for the main window by \\d+ pixels$"));
+    }
+
     void cleanup() override
     {
         setStyle(false);

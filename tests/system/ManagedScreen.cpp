@@ -57,10 +57,10 @@ QImage shown(const QRect& place)
 
 } // namespace
 
-bool ManagedScreen::start()
+bool ManagedScreen::start(const QString& size)
 {
     return startServer(
-        "Xvfb", {"-displayfd", "1", "-screen", "0", "1366x768x24", "-nolisten", "tcp"});
+        "Xvfb", {"-displayfd", "1", "-screen", "0", size + "x24", "-nolisten", "tcp"});
 }
 
 bool ManagedScreen::startTwo()

@@ -18,8 +18,9 @@ class ManagedScreen {
 public:
     /// Starts screen and window manager and sends the windows of this process there. Call it before
     /// the application is made.
+    /// @param size WIDTHxHEIGHT, pixels
     /// @return false when a program is missing or did not start; whatFailed tells which
-    bool start();
+    bool start(const QString& size = "1366x768");
     /// The same with a second screen to the right of it, which the calls below take away and bring
     /// back: DUMMY0 of 1280 x 800 pixels and DUMMY1 of 1024 x 768. Needs Xorg with its driver that
     /// has no screen, and xrandr, beside openbox and xdotool. Only root may start it.
