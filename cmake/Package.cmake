@@ -23,7 +23,7 @@ install(DIRECTORY "${docs}/examples" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 find_program(PANDOC pandoc)
 find_program(WEASYPRINT weasyprint)
 if(PANDOC AND WEASYPRINT)
-  file(GLOB guide_pictures CONFIGURE_DEPENDS "${docs}/images/*.png")
+  file(GLOB guide_pictures CONFIGURE_DEPENDS "${docs}/images/guide-*.png")
   add_custom_command(
     OUTPUT "${PROJECT_BINARY_DIR}/guide/guide.html" "${PROJECT_BINARY_DIR}/guide/guide.pdf"
     COMMAND "${PROJECT_SOURCE_DIR}/tools/make-guide" "${PROJECT_BINARY_DIR}/guide"

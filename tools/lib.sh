@@ -35,6 +35,9 @@ package_check_packages=(
     lintian desktop-file-utils appstream
     xvfb xauth xdotool imagemagick # a picture of the installed application
 )
+picture_packages=(
+    imagemagick # puts pictures of windows on one sheet
+)
 document_packages=(
     r-base-core python3 # the examples of the user guide
     python3-yaml # the citation file

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Takes the pictures of the user guide from a silent run in the application's windows.
+// Takes the pictures of the user guide, or of the whole screen, from a silent run in the
+// application's windows.
 #include "app/MainWindow.h"
 #include "demo/Listener.h"
 #include "drivers/RunDriver.h"
@@ -11,14 +12,17 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDir>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QLoggingCategory>
 #include <QPixmap>
 #include <QPushButton>
+#include <QScreen>
 #include <QTextStream>
 #include <QTimer>
+#include <QWindow>
 
 #include <cstdlib>
 #include <optional>
@@ -48,6 +52,16 @@ template <typename Object> Object& objectNamed(const char* name)
 void click(const char* button)
 {
     objectNamed<QPushButton>(button).click();
+}
+
+bool write(const QPixmap& picture, const QString& path)
+{
+    constexpr int best = 0; // of PNG's compression
+    if (picture.save(path, "PNG", best)) {
+        return true;
+    }
+    QTextStream(stderr) << "quorin-screenshots: not written: " << path << Qt::endl;
+    return false;
 }
 
 /// Takes the pictures of one run, which is silent and does not wait.
@@ -184,12 +198,40 @@ void Guide::save(QWidget& widget, const QString& name)
 void Guide::save(QWidget& widget, const QString& name, const QRect& part)
 {
     QApplication::processEvents(); // the layout follows what was shown and hidden
-    const QString path = m_folder.filePath("guide-" + name + ".png");
-    constexpr int best = 0; // of PNG's compression
-    if (!widget.grab(part).save(path, "PNG", best)) {
-        QTextStream(stderr) << "quorin-screenshots: not written: " << path << Qt::endl;
+    if (!write(widget.grab(part), m_folder.filePath("guide-" + name + ".png"))) {
         m_isWritten = false;
     }
+}
+
+// What the user sees of a window, and of those behind it, once the screen has stood still.
+QPixmap screenWith(const QWidget& window)
+{
+    constexpr int stillMs = 200;
+    QPixmap shown;
+    QImage before;
+    do {
+        before = shown.toImage();
+        QEventLoop loop;
+        QTimer::singleShot(stillMs, &loop, &QEventLoop::quit);
+        loop.exec();
+        shown = QGuiApplication::primaryScreen()->grabWindow(0);
+    } while (!window.windowHandle()->isExposed() || shown.toImage() != before);
+    return shown;
+}
+
+// The screen with the main window after View, and with the first sound of a trial.
+bool takeWholeScreen(const QDir& folder)
+{
+    MainWindow window;
+    window.show();
+    click("pushButtonView");
+    const bool isWritten = write(screenWith(window), folder.filePath("screen-main.png"));
+    RunDriver driver(window);
+    click("pushButtonGo");
+    const auto& subject = *window.findChild<SubjectWindow*>();
+    driver.beReady();
+    driver.startSound();
+    return write(screenWith(subject), folder.filePath("screen-subject.png")) && isWritten;
 }
 
 void makeDark()
@@ -211,9 +253,13 @@ int main(int argc, char* argv[])
     if (arguments.removeAll("--dark") > 0) {
         makeDark();
     }
+    const bool isWholeScreen = arguments.removeAll("--whole-screen") > 0;
     if (arguments.size() != 1) {
-        QTextStream(stderr) << "usage: quorin-screenshots [--dark] FOLDER" << Qt::endl;
+        QTextStream(stderr) << "usage: quorin-screenshots [--dark] [--whole-screen] FOLDER"
+                            << Qt::endl;
         return EXIT_FAILURE;
     }
-    return Guide(QDir(arguments.constFirst())).take() ? EXIT_SUCCESS : EXIT_FAILURE;
+    const QDir folder(arguments.constFirst());
+    const bool isTaken = isWholeScreen ? takeWholeScreen(folder) : Guide(folder).take();
+    return isTaken ? EXIT_SUCCESS : EXIT_FAILURE;
 }
