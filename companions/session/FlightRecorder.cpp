@@ -13,12 +13,9 @@
 
 #include <QAudioOutput>
 #include <QBuffer>
-#include <QCryptographicHash>
-#include <QDir>
 #include <QEvent>
 #include <QPushButton>
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -47,12 +44,10 @@ RunFigures figuresOf(const Data& data, double atMs)
 // The window's own slots are connected before these: at a click, it has done all when they run.
 FlightRecorder::FlightRecorder(MainWindow& window, QString folder, qint64 seed)
     : m_window(window)
-    , m_folder(std::move(folder))
+    , m_queue(std::move(folder))
     , m_seed(seed)
     , m_draws(drawsOfView(window.sessionRecord()))
 {
-    m_writeTimer.setSingleShot(true);
-    connect(&m_writeTimer, &QTimer::timeout, this, &FlightRecorder::flush);
     connect(window.findChild<QPushButton*>("pushButtonView"), &QPushButton::clicked, this,
         &FlightRecorder::noteView);
     connect(window.findChild<QPushButton*>("pushButtonGo"), &QPushButton::clicked, this,
@@ -78,15 +73,15 @@ void FlightRecorder::askForPlace(std::function<std::optional<ProtocolPlace>()> p
 // The window's timers start the sounds: what waits is on the disk before.
 bool FlightRecorder::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Timer && m_isRunning && !m_awaitsAnswer && !m_waiting.isEmpty()) {
-        flush();
+    if (event->type() == QEvent::Timer && m_isRunning) {
+        m_queue.hurry();
     }
     return QObject::eventFilter(watched, event);
 }
 
 QString FlightRecorder::recordName() const
 {
-    return m_files.empty() ? QString() : file().recordName();
+    return m_queue.hasFile() ? m_queue.file().recordName() : QString();
 }
 
 void FlightRecorder::noteView()
@@ -102,7 +97,6 @@ void FlightRecorder::begin()
     m_clock.start();
     m_isRunning = true;
     ++m_runs;
-    m_awaitsAnswer = false;
     m_trials = 0;
     m_answers = 0;
     m_reversals = 0;
@@ -113,10 +107,7 @@ void FlightRecorder::begin()
     line.protocol = m_place ? m_place() : std::nullopt;
     line.view = m_view;
     line.go = m_window.sessionRecord();
-    m_files.erase(std::remove_if(m_files.begin(), m_files.end(),
-                      [](auto& earlier) { return earlier->sync(); }),
-        m_files.end());
-    m_files.push_back(std::make_unique<RecordFile>(m_folder, line.go.subCode, line.time));
+    m_queue.begin(line.go.subCode, line.time);
     add(line);
     flush();
     tellFault();
@@ -139,8 +130,7 @@ void FlightRecorder::noteState(int state)
     catchUp();
     if (state == answerState) {
         add(AnswerAllowed {m_trials, nowMs()});
-        m_awaitsAnswer = true;
-        m_writeTimer.stop();
+        m_queue.hold();
     } else {
         noteSound(state);
     }
@@ -227,7 +217,7 @@ void FlightRecorder::noteAnswer()
     const Disturbances& disturbances = m_window.runDisturbances().constLast();
     AnswerGiven line;
     m_answers = data.records.size();
-    m_awaitsAnswer = false;
+    m_queue.release();
     line.trial = m_answers;
     line.response = record.responsePosition;
     line.isCorrect = record.correctness;
@@ -269,14 +259,14 @@ void FlightRecorder::finish()
     catchUp();
     flush();
     const Data& data = m_window.sessionRecord();
-    const QString error = file().writeResults(resultsBytes(data));
+    const QString error = m_queue.file().writeResults(resultsBytes(data));
     if (error.isEmpty()) {
-        add(RunSaved {figuresOf(data, nowMs()), file().resultsName()});
+        add(RunSaved {figuresOf(data, nowMs()), m_queue.file().resultsName()});
     } else {
         add(RunUnsaved {figuresOf(data, nowMs()), error});
     }
     m_isRunning = false;
-    file().finish();
+    m_queue.file().finish();
     if (flush() && !error.isEmpty()) {
         emit resultsFailed(error);
     }
@@ -289,61 +279,32 @@ void FlightRecorder::abandon(const QString& reason)
         return;
     }
     m_isRunning = false;
-    m_awaitsAnswer = false;
     add(RunAbandoned {m_answers, reason, nowMs()});
-    file().finish();
+    m_queue.file().finish();
     flush();
     tellFault();
 }
 
 template <typename Line> void FlightRecorder::add(const Line& line, const QByteArray& sound)
 {
-    m_waiting.append({lineObject(line), sound});
-    if (!m_awaitsAnswer) {
-        m_writeTimer.start(0);
-    }
+    m_queue.append(lineObject(line), sound);
 }
 
 bool FlightRecorder::flush()
 {
-    m_writeTimer.stop();
-    for (Waiting& waiting : m_waiting) {
-        if (waiting.line.contains("sha256")) {
-            const QByteArray digest
-                = QCryptographicHash::hash(waiting.sound, QCryptographicHash::Sha256);
-            waiting.line.insert("sha256", QString::fromLatin1(digest.toHex()));
-        }
-        file().append(lineBytes(waiting.line));
-    }
-    m_waiting.clear();
-    bool isWritten = true;
-    for (const auto& each : m_files) {
-        isWritten = each->sync() && isWritten;
-    }
-    return isWritten;
+    return m_queue.flush();
 }
 
 QStringList FlightRecorder::rescue(const QString& otherFolder)
 {
-    QStringList told;
     abandon(endOfProgram);
-    flush();
-    for (const auto& each : m_files) {
-        if (each->sync()) {
-            continue;
-        }
-        each->moveTo(otherFolder);
-        told.append(each->sync()
-                ? QString("%1: kept here").arg(QDir(otherFolder).filePath(each->recordName()))
-                : each->error());
-    }
-    return told;
+    return m_queue.rescue(otherFolder);
 }
 
 // Boxes must not open while a trial is heard: this is called between trials only.
 void FlightRecorder::tellFault()
 {
-    const QString fault = file().error();
+    const QString fault = m_queue.file().error();
     if (fault == m_fault) {
         return;
     }

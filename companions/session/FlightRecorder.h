@@ -2,17 +2,13 @@
 #pragma once
 
 #include "record/RecordLines.h"
-#include "session/RecordFile.h"
+#include "session/RecordQueue.h"
 
 #include <QElapsedTimer>
 #include <QObject>
-#include <QTimer>
-#include <QVector>
 
 #include <functional>
-#include <memory>
 #include <optional>
-#include <vector>
 
 class MainWindow;
 struct Disturbances;
@@ -58,12 +54,6 @@ signals:
     void soundFailed(int trial, bool isAnswered);
 
 private:
-    /// A line that waits, and the sound whose digest it is still to get.
-    struct Waiting {
-        QJsonObject line;
-        QByteArray sound;
-    };
-
     void noteView();
     void begin();
     void watchListener();
@@ -78,25 +68,19 @@ private:
     void finish();
     void abandon(const QString& reason);
     template <typename Line> void add(const Line& line, const QByteArray& sound = {});
-    void writeLater();
     void tellFault();
     void tellSoundFailure(const Disturbances& disturbances, int trial, bool isAnswered);
-    RecordFile& file() const { return *m_files.back(); }
     double nowMs() const;
 
     MainWindow& m_window;
-    QString m_folder;
+    RecordQueue m_queue;
     qint64 m_seed;
     std::function<std::optional<ProtocolPlace>()> m_place;
     qint64 m_draws; ///< from the generator since it was seeded
     qint64 m_drawsBeforeView = 0;
     Data m_view; ///< the session record at the last View
-    std::vector<std::unique_ptr<RecordFile>> m_files; ///< the last one's, and what is not written
-    QVector<Waiting> m_waiting;
-    QTimer m_writeTimer;
     QElapsedTimer m_clock; ///< since Go
     bool m_isRunning = false;
-    bool m_awaitsAnswer = false;
     int m_runs = 0;
     int m_trials = 0; ///< begun
     int m_answers = 0;

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "session/RecordFile.h"
+
+#include <QJsonObject>
+#include <QStringList>
+#include <QTimer>
+#include <QVector>
+
+#include <memory>
+#include <vector>
+
+/// The lines of a session's records on their way to the disk. They are written when the event loop
+/// comes to them. What cannot be written is kept and tried again with every later line.
+class RecordQueue {
+public:
+    /// @param folder where the records go
+    explicit RecordQueue(QString folder);
+    Q_DISABLE_COPY(RecordQueue)
+    ~RecordQueue() = default;
+
+    /// A record for the lines that follow; see RecordFile.
+    void begin(const QString& subject, const QString& time);
+    /// @param sound of a line with an empty digest: the bytes that it is made of
+    void append(const QJsonObject& line, const QByteArray& sound);
+    /// From now on lines wait until release().
+    void hold();
+    /// Lines that are added from now on are written soon, with those that wait.
+    void release();
+    /// Brings what waits to the disk now, unless it is held.
+    void hurry();
+    /// Brings all to the disk now.
+    /// @return whether all is there
+    bool flush();
+    /// The same; what cannot be written to the folder is written to another one.
+    /// @return a line for each record that is there now, or cannot be written there either
+    QStringList rescue(const QString& otherFolder);
+
+    /// Whether a record was begun.
+    bool hasFile() const { return !m_files.empty(); }
+    /// The record begun last.
+    RecordFile& file() const { return *m_files.back(); }
+
+private:
+    /// A line that waits, and the sound whose digest it is still to get.
+    struct Waiting {
+        QJsonObject line;
+        QByteArray sound;
+    };
+
+    QString m_folder;
+    std::vector<std::unique_ptr<RecordFile>> m_files; ///< the last one's, and what is not written
+    QVector<Waiting> m_waiting;
+    QTimer m_timer;
+    bool m_isHeld = false;
+};
