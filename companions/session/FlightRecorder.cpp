@@ -15,6 +15,7 @@
 #include <QBuffer>
 #include <QEvent>
 #include <QPushButton>
+#include <QTimer>
 
 #include <cmath>
 #include <utility>
@@ -23,7 +24,6 @@ using namespace quorin;
 
 namespace {
 
-constexpr int soundsPerTrial = 4; // a tick after them means that no end was reported
 const char* const endOfProgram = "the program was ended";
 
 // Microseconds are enough, and keep the lines short.
@@ -47,6 +47,7 @@ FlightRecorder::FlightRecorder(MainWindow& window, QString folder, qint64 seed)
     , m_queue(std::move(folder))
     , m_seed(seed)
     , m_draws(drawsOfView(window.sessionRecord()))
+    , m_lastSound(window)
 {
     connect(window.findChild<QPushButton*>("pushButtonView"), &QPushButton::clicked, this,
         &FlightRecorder::noteView);
@@ -58,6 +59,10 @@ FlightRecorder::FlightRecorder(MainWindow& window, QString folder, qint64 seed)
     }
     connect(&window, &MainWindow::soundPlaying, this, &FlightRecorder::noteState);
     connect(&window, &MainWindow::doneDataCollection, this, &FlightRecorder::finish);
+    connect(&m_lastSound, &LastSound::lost, this, [this] {
+        m_hasSoundFailed = true;
+        emit trialLost(m_trials);
+    });
 }
 
 FlightRecorder::~FlightRecorder()
@@ -77,6 +82,11 @@ bool FlightRecorder::eventFilter(QObject* watched, QEvent* event)
         m_queue.hurry();
     }
     return QObject::eventFilter(watched, event);
+}
+
+void FlightRecorder::endLostTrial()
+{
+    m_lastSound.giveUp();
 }
 
 QString FlightRecorder::recordName() const
@@ -101,6 +111,7 @@ void FlightRecorder::begin()
     m_answers = 0;
     m_reversals = 0;
     m_hasSoundFailed = false;
+    m_lastSound.forget();
     RunBegun line = runSettings(m_window);
     line.seed = m_seed;
     line.drawsBefore = m_drawsBeforeView;
@@ -134,9 +145,6 @@ void FlightRecorder::noteState(int state)
     } else {
         noteSound(state);
     }
-    if (state > soundsPerTrial) {
-        tellSoundFailure(m_window.trialDisturbances(), m_trials, false);
-    }
 }
 
 // The bytes are shared with those that are played, and digested when the line is written.
@@ -159,7 +167,8 @@ void FlightRecorder::noteSound(int interval)
 // A sound of an abandoned run may end in the next. The window's own slots come first.
 void FlightRecorder::watchSound(const QIODevice& sound, int trial, int interval)
 {
-    const auto* const output = m_window.findChildren<QAudioOutput*>().constLast();
+    auto* const output = m_window.findChildren<QAudioOutput*>().constLast();
+    m_lastSound.noteStart(interval, output);
     connect(output, &QAudioOutput::stateChanged, this, [this, run = m_runs, trial, interval] {
         if (run == m_runs) {
             noteInterruption(trial, interval);
@@ -203,7 +212,7 @@ void FlightRecorder::catchUp()
     if (data.records.size() > m_answers) {
         noteAnswer();
         tellFault();
-        tellSoundFailure(m_window.runDisturbances().constLast(), m_answers, true);
+        tellSoundFailure();
     }
     if (data.nTrials > m_trials) {
         noteTrial();
@@ -232,7 +241,7 @@ void FlightRecorder::noteAnswer()
     line.interruptedSounds = disturbances.interruptedSounds;
     line.lateSounds = disturbances.lateSounds;
     line.worstLatenessMs = disturbances.worstLatenessMs;
-    line.hasOutputFailed = disturbances.hasOutputFailed;
+    line.hasOutputFailed = hasOutputFailed();
     line.atMs = nowMs();
     m_reversals = data.reversalCount;
     add(line);
@@ -279,6 +288,7 @@ void FlightRecorder::abandon(const QString& reason)
         return;
     }
     m_isRunning = false;
+    m_lastSound.forget();
     add(RunAbandoned {m_answers, reason, nowMs()});
     m_queue.file().finish();
     flush();
@@ -316,13 +326,20 @@ void FlightRecorder::tellFault()
     }
 }
 
-void FlightRecorder::tellSoundFailure(const Disturbances& disturbances, int trial, bool isAnswered)
+void FlightRecorder::tellSoundFailure()
 {
     const bool hadFailed = m_hasSoundFailed;
-    m_hasSoundFailed = disturbances.hasOutputFailed;
+    m_hasSoundFailed = hasOutputFailed();
     if (m_hasSoundFailed && !hadFailed) {
-        emit soundFailed(trial, isAnswered);
+        emit soundFailed(m_answers);
     }
+}
+
+// In the trial that was answered last. The window does not notice a device that is pulled out.
+bool FlightRecorder::hasOutputFailed() const
+{
+    return m_lastSound.wasGivenUpIn(m_answers)
+        || m_window.runDisturbances().constLast().hasOutputFailed;
 }
 
 double FlightRecorder::nowMs() const

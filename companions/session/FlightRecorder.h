@@ -2,6 +2,7 @@
 #pragma once
 
 #include "record/RecordLines.h"
+#include "session/LastSound.h"
 #include "session/RecordQueue.h"
 
 #include <QElapsedTimer>
@@ -11,7 +12,6 @@
 #include <optional>
 
 class MainWindow;
-struct Disturbances;
 
 /// Records the runs of a main window, each to a file of its own, by watching the window. Must be
 /// made before the window is used, and be deleted before it.
@@ -30,6 +30,9 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+    /// Ends the trial that trialLost() told, see LastSound: the listener may answer, and the record
+    /// tells that the output failed.
+    void endLostTrial();
     /// Each run is recorded as what the function then says it is. Without one, runs are of no
     /// protocol.
     void askForPlace(std::function<std::optional<ProtocolPlace>()> place);
@@ -49,9 +52,10 @@ signals:
     void resultsFailed(const QString& what);
     /// All that waited is on the disk again.
     void recovered();
-    /// The sound output failed in a trial, the first of several in a row. Comes after its answer;
-    /// where no sound ends and none can be given, seconds after the fourth sound.
-    void soundFailed(int trial, bool isAnswered);
+    /// The sound output failed in a trial that was answered, the first of several in a row.
+    void soundFailed(int trial);
+    /// A trial will not end by itself, see LastSound. Comes again as long as it is so.
+    void trialLost(int trial);
 
 private:
     void noteView();
@@ -69,7 +73,8 @@ private:
     void abandon(const QString& reason);
     template <typename Line> void add(const Line& line, const QByteArray& sound = {});
     void tellFault();
-    void tellSoundFailure(const Disturbances& disturbances, int trial, bool isAnswered);
+    void tellSoundFailure();
+    bool hasOutputFailed() const;
     double nowMs() const;
 
     MainWindow& m_window;
@@ -78,6 +83,7 @@ private:
     std::function<std::optional<ProtocolPlace>()> m_place;
     qint64 m_draws; ///< from the generator since it was seeded
     qint64 m_drawsBeforeView = 0;
+    LastSound m_lastSound;
     Data m_view; ///< the session record at the last View
     QElapsedTimer m_clock; ///< since Go
     bool m_isRunning = false;

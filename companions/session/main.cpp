@@ -3,6 +3,7 @@
 #include "app/MainWindow.h"
 #include "output/CommandLine.h"
 #include "session/EndSignals.h"
+#include "session/FaultMessages.h"
 #include "session/FlightRecorder.h"
 #include "session/FolderChoice.h"
 #include "session/ListenerScreen.h"
@@ -14,7 +15,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QMessageBox>
-#include <QScreen>
 
 #include <csignal>
 #include <memory>
@@ -59,44 +59,6 @@ int replay(const QString& path, StandardStreams& streams)
         differences.isEmpty() ? success : somethingIsWrong);
 }
 
-const char* const afterLostSounds = "The run goes on. The record tells which trials are concerned.";
-const char* const inLostTrial
-    = "No answer can be given in this trial. Unless it goes on by itself, close the listener's "
-      "window, press View and Go; if it stays silent, start the program again. What was answered "
-      "is recorded.";
-
-// Away from the listener's window, and without taking the keyboard from it.
-void show(const QString& fault, const QString& consequence, StandardStreams& streams)
-{
-    streams.complain(fault);
-    auto* const box
-        = new QMessageBox(QMessageBox::Warning, "Recording", fault + "\n\n" + consequence);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setAttribute(Qt::WA_ShowWithoutActivating);
-    box->setAttribute(Qt::WA_QuitOnClose, false); // what is in memory is saved at the end
-    box->setModal(false);
-    box->move(QGuiApplication::primaryScreen()->availableGeometry().topLeft());
-    box->show();
-}
-
-void tellFaults(FlightRecorder& recorder, StandardStreams& streams)
-{
-    QObject::connect(&recorder, &FlightRecorder::failed, [&streams](const QString& fault) {
-        show(fault, "The run goes on. What is not written is kept and tried again.", streams);
-    });
-    QObject::connect(&recorder, &FlightRecorder::resultsFailed, [&streams](const QString& fault) {
-        show(fault, "The record has all trials: quorin-report --rescue makes the file of it.",
-            streams);
-    });
-    QObject::connect(
-        &recorder, &FlightRecorder::soundFailed, [&streams](int trial, bool isAnswered) {
-            show(QString("The sound output failed in trial %1.").arg(trial),
-                isAnswered ? afterLostSounds : inLostTrial, streams);
-        });
-    QObject::connect(
-        &recorder, &FlightRecorder::recovered, [&streams] { streams.complain("recording again"); });
-}
-
 void accompany(
     StudyCourse& course, FlightRecorder& recorder, MainWindow& window, StandardStreams& streams)
 {
@@ -139,7 +101,7 @@ int record(const SessionOptions& options, const PreparedSession& session, Standa
     qsrand(static_cast<uint>(session.seed));
     MainWindow window;
     FlightRecorder recorder(window, options.folder, session.seed);
-    tellFaults(recorder, streams);
+    const FaultMessages faultMessages(recorder, window, streams);
     ListenerScreen listenerScreen(window, place);
     QObject::connect(&listenerScreen, &ListenerScreen::moved,
         [&streams](const QString& missing, const QString& instead) {

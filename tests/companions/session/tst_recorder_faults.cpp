@@ -7,6 +7,7 @@
 #include "support/WindowTest.h"
 
 #include <QSignalSpy>
+#include <QTimer>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -143,12 +144,61 @@ private slots:
             Probe::disturbances(*run.window).hasOutputFailed = fails;
             run.driver.answerRightly(true);
         }
-        QCOMPARE(failures, QList<QVariantList>({{2, true}, {5, true}}));
+        QCOMPARE(failures, QList<QVariantList>({{2}, {5}}));
         run.recorder.flush();
         QStringList failed;
         for (const QJsonObject& answer : linesOf(run.lines(), "answer"))
             failed.append(answer["output_failed"].toBool() ? "yes" : "no");
         QCOMPARE(failed, QStringList({"no", "yes", "yes", "no", "yes"}));
+    }
+
+    // There is no sound device here: all outputs fail. What the window says of it is taken back.
+    void lostTrial_isToldAndWaits_untilItIsEnded()
+    {
+        RecordedRun run;
+        const QSignalSpy lost(&run.recorder, &FlightRecorder::trialLost);
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::soundFailed);
+        run.play({});
+        playAndAnswer(run, true);
+        loseFourthSound(run);
+        run.recorder.endLostTrial(); // it is not told yet
+        QTRY_VERIFY(lost.size() > 1);
+        QCOMPARE(lost[1], QVariantList {2});
+        QCOMPARE(Probe::soundIndex(*run.window), 4); // its ticks are not counted
+        QVERIFY(!Probe::subjectWindow(*run.window)->isEnabled());
+        Probe::disturbances(*run.window) = {};
+        run.recorder.endLostTrial();
+        QVERIFY(!Probe::timerPlay(*run.window)->isActive());
+        run.driver.answerRightly(false);
+        playAndAnswer(run, true);
+        QCOMPARE(eventsOf(run.lines()),
+            QStringList("run") + trialEvents + trialEvents + trialEvents + QStringList("result"));
+        QCOMPARE(failures, QList<QVariantList>());
+        const QVector<QJsonObject> answers = linesOf(run.lines(), "answer");
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(answers[i]["output_failed"].toBool(), i == 1);
+    }
+
+    void lostTrial_holdsUpNoOtherRun()
+    {
+        RecordedRun run;
+        const QSignalSpy lost(&run.recorder, &FlightRecorder::trialLost);
+        run.play({});
+        loseFourthSound(run);
+        QTRY_VERIFY(!lost.isEmpty());
+        ModalBoxes boxes;
+        boxes.answerNext(QMessageBox::Yes);
+        Probe::subjectWindow(*run.window)->close();
+        QTRY_VERIFY(Probe::soundIndex(*run.window) > 4); // as without a recorder
+        run.recorder.endLostTrial();
+        QVERIFY(!Probe::subjectWindow(*run.window)->isEnabled());
+        const int nLost = lost.size();
+        run.play({});
+        tickSoon(run);
+        QTRY_COMPARE(Probe::soundIndex(*run.window), 4);
+        tickSoon(run);
+        QTRY_VERIFY(lost.size() > nLost);
+        QCOMPARE(lost.last(), QVariantList {1});
     }
 
     void folderGoneForGood_losesNoRunWhileTheProgramGoesOn()
@@ -167,6 +217,26 @@ private slots:
         QVERIFY(QDir().mkpath(run.folder.path()));
         QVERIFY(run.recorder.flush());
         QCOMPARE(run.names().filter(".jsonl").size(), 2);
+    }
+
+private:
+    static void tickSoon(RecordedRun& run) { Probe::timerPlay(*run.window)->setInterval(1); }
+
+    static void playAndAnswer(RecordedRun& run, bool isRight)
+    {
+        run.driver.playTrial();
+        Probe::disturbances(*run.window) = {};
+        run.driver.answerRightly(isRight);
+    }
+
+    static void loseFourthSound(RecordedRun& run)
+    {
+        for (int i = 0; i < 3; ++i) {
+            run.driver.startSound();
+            run.driver.endSound();
+        }
+        run.driver.startSound();
+        tickSoon(run);
     }
 };
 

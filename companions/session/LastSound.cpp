@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A trial's fourth sound and its loss.
+#include "session/LastSound.h"
+
+#include "app/MainWindow.h"
+
+#include <QAudioOutput>
+#include <QEvent>
+#include <QTimer>
+
+namespace {
+
+constexpr int lastInterval = 4;
+
+} // namespace
+
+// The timer that paces the sounds is the window's only precise one.
+LastSound::LastSound(MainWindow& window)
+    : m_window(window)
+{
+    const QList<QTimer*> timers = window.findChildren<QTimer*>();
+    for (QTimer* timer : timers) {
+        if (timer->timerType() == Qt::PreciseTimer) {
+            timer->installEventFilter(this);
+        }
+    }
+}
+
+bool LastSound::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Timer || !isAwaited()) {
+        return QObject::eventFilter(watched, event);
+    }
+    m_isLost = m_isLost || hasGone();
+    if (m_isLost) {
+        emit lost();
+    }
+    return true;
+}
+
+void LastSound::forget()
+{
+    m_trial = 0;
+    m_trialGivenUp = 0;
+}
+
+void LastSound::noteStart(int interval, QAudioOutput* output)
+{
+    m_output = output;
+    m_isLost = false;
+    m_trial = interval == lastInterval ? m_window.sessionRecord().nTrials : 0;
+}
+
+bool LastSound::isAwaited() const
+{
+    return m_trial > 0 && m_trial == m_window.sessionRecord().nTrials
+        && m_window.soundNowPlaying() != nullptr;
+}
+
+// It ends no more when its output has stopped with an error, or its stream is gone. Where a device
+// was pulled out Qt reports nothing, but the queue is gone in which samples could be
+// free.
+bool LastSound::hasGone() const
+{
+    if (m_output == nullptr) {
+        return false;
+    }
+    const bool hasFailed = m_output->error() != QAudio::NoError;
+    return (m_output->state() == QAudio::StoppedState && hasFailed) || m_output->bytesFree() < 0;
+}
+
+// Called by nobody's signal, the window's slot takes this for the end of the sound.
+void LastSound::giveUp()
+{
+    if (isAwaited() && m_isLost) {
+        m_trialGivenUp = m_trial;
+        m_window.handleStateChanged(QAudio::IdleState);
+    }
+}
