@@ -26,6 +26,7 @@ test_packages=(
 )
 timing_packages=(
     pipewire pipewire-bin pipewire-pulse wireplumber dbus dbus-daemon # the other sound server
+    libpipewire-0.3-dev # and its clock
 )
 package_packages=(
     dpkg-dev file # what a program depends on, found in its libraries

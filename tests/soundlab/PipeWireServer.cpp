@@ -7,6 +7,8 @@
 #include <QFileInfo>
 #include <QtCore/qtestsupport_core.h>
 
+#include <utility>
+
 namespace {
 
 constexpr int startTimeoutMs = 20000;
@@ -16,8 +18,9 @@ constexpr auto sinkName = "lab";
 
 } // namespace
 
-PipeWireServer::PipeWireServer(int quantum)
+PipeWireServer::PipeWireServer(int quantum, QString rules)
     : m_quantum(quantum)
+    , m_rules(std::move(rules))
 {
 }
 
@@ -29,12 +32,10 @@ PipeWireServer::~PipeWireServer()
 
 bool PipeWireServer::start()
 {
-    makeFolders();
     const QString bus = m_folder.filePath("bus");
-    const bool isUp
-        = launch("dbus-daemon", {"--session", "--nofork", "--address=unix:path=" + bus}, bus)
-        && launch("pipewire", {}, runtimeFolder() + "/pipewire-0")
-        && launch("wireplumber", {}, QString())
+    const bool isUp = makeFolders()
+        && launch("dbus-daemon", {"--session", "--nofork", "--address=unix:path=" + bus}, bus)
+        && launch("pipewire", {}, socket()) && launch("wireplumber", {}, QString())
         && launch("pipewire-pulse", {}, runtimeFolder() + "/pulse/native") && makeSink()
         && setQuantum();
     if (isUp)
@@ -45,6 +46,16 @@ bool PipeWireServer::start()
 QString PipeWireServer::address() const
 {
     return "unix:" + runtimeFolder() + "/pulse/native";
+}
+
+QString PipeWireServer::socket() const
+{
+    return runtimeFolder() + "/pipewire-0";
+}
+
+QString PipeWireServer::sink()
+{
+    return sinkName;
 }
 
 QString PipeWireServer::monitor()
@@ -78,16 +89,35 @@ QString PipeWireServer::runtimeFolder() const
     return m_folder.filePath("runtime");
 }
 
-void PipeWireServer::makeFolders() const
+bool PipeWireServer::makeFolders()
 {
     QDir().mkpath(runtimeFolder());
     QFile::setPermissions(runtimeFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    // The sound cards belong to the user's own session manager.
-    const QString settings = m_folder.filePath(".config/wireplumber/main.lua.d");
-    QDir().mkpath(settings);
-    QFile file(settings + "/51-no-cards.lua");
-    if (file.open(QIODevice::WriteOnly))
-        file.write("alsa_monitor.enabled = false\n");
+    // The sound cards belong to the user's own session manager; its settings were written in Lua
+    // up to version 0.4.
+    const QString manager = m_folder.filePath(".config/wireplumber/");
+    if (!write(manager + "main.lua.d/51-no-cards.lua", "alsa_monitor.enabled = false\n")
+        || !write(manager + "wireplumber.conf.d/no-cards.conf",
+            "wireplumber.profiles = { main = { hardware.audio = disabled } }\n"))
+        return false;
+    if (m_rules.isEmpty())
+        return true;
+    QFile rules(m_rules);
+    if (rules.open(QIODevice::ReadOnly))
+        return write(m_folder.filePath(".config/pipewire/pipewire-pulse.conf.d/rules.conf"),
+            rules.readAll());
+    m_errorText = m_rules + ": " + rules.errorString();
+    return false;
+}
+
+bool PipeWireServer::write(const QString& fileName, const QByteArray& text)
+{
+    QDir().mkpath(QFileInfo(fileName).path());
+    QFile file(fileName);
+    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size())
+        return true;
+    m_errorText = fileName + ": " + file.errorString();
+    return false;
 }
 
 bool PipeWireServer::launch(

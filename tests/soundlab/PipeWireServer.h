@@ -16,7 +16,8 @@
 class PipeWireServer {
 public:
     /// @param quantum samples that the graph handles at a time; 0 leaves it to PipeWire
-    explicit PipeWireServer(int quantum);
+    /// @param rules   a file of settings for the PulseAudio server; empty: none
+    explicit PipeWireServer(int quantum, QString rules = {});
     ~PipeWireServer();
     PipeWireServer(const PipeWireServer&) = delete;
     PipeWireServer& operator=(const PipeWireServer&) = delete;
@@ -29,6 +30,9 @@ public:
     QString errorText() const { return m_errorText; }
     /// The value of PULSE_SERVER for this server.
     QString address() const;
+    /// The file by which PipeWire's own clients reach it.
+    QString socket() const;
+    static QString sink();
     /// The source that gives back what the sink plays.
     static QString monitor();
     /// Of the graph and of the sink, Hz.
@@ -37,7 +41,8 @@ public:
     QProcessEnvironment environment() const;
 
 private:
-    void makeFolders() const;
+    bool makeFolders();
+    bool write(const QString& file, const QByteArray& text);
     bool launch(const QString& program, const QStringList& arguments, const QString& socket);
     bool run(const QString& program, const QStringList& arguments);
     bool makeSink();
@@ -45,6 +50,7 @@ private:
     QString runtimeFolder() const;
 
     int m_quantum;
+    QString m_rules;
     QTemporaryDir m_folder;
     std::vector<std::unique_ptr<ChildProcess>> m_processes;
     QByteArray m_answer; ///< of the last program that was run

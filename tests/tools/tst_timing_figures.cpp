@@ -59,6 +59,52 @@ private slots:
     {
         QVERIFY(std::isnan(SampleClock({}, 1000.0).timeMs(0)));
     }
+
+    void timeInCycles_countsFromTheCycleThatHasTheSample()
+    {
+        // The second cycle begins 20 ms late, and the third has another length.
+        const QVector<Arrival> cycles = {{0, 100.0}, {10, 130.0}, {20, 140.0}, {84, 204.0}};
+        QCOMPARE(timeInCyclesMs(cycles, 1000.0, 0), 100.0);
+        QCOMPARE(timeInCyclesMs(cycles, 1000.0, 9), 109.0);
+        QCOMPARE(timeInCyclesMs(cycles, 1000.0, 10), 130.0);
+        QCOMPARE(timeInCyclesMs(cycles, 1000.0, 83), 203.0);
+        QCOMPARE(timeInCyclesMs(cycles, 1000.0, 90), 210.0);
+    }
+
+    void timeInCycles_isNan_whenThereAreNone()
+    {
+        QVERIFY(std::isnan(timeInCyclesMs({}, 1000.0, 0)));
+    }
+
+    void fillPauses_putsZerosWhereACycleIsLate()
+    {
+        QVector<float> samples = {1.0F, 2.0F, 3.0F, 4.0F, 5.0F};
+        QVector<Arrival> cycles = {{0, 100.0}, {2, 105.0}, {4, 107.0}};
+        fillPauses(samples, cycles, 1000.0);
+        const QVector<float> filled = {1.0F, 2.0F, 0.0F, 0.0F, 0.0F, 3.0F, 4.0F, 5.0F};
+        QCOMPARE(samples, filled);
+        QCOMPARE(cycles[0].nSamples, qint64(0));
+        QCOMPARE(cycles[1].nSamples, qint64(5));
+        QCOMPARE(cycles[2].nSamples, qint64(7));
+    }
+
+    void fillPauses_changesNothing_whenACycleBeginsEarly()
+    {
+        QVector<float> samples = {1.0F, 2.0F, 3.0F};
+        QVector<Arrival> cycles = {{0, 100.0}, {2, 100.5}};
+        fillPauses(samples, cycles, 1000.0);
+        const QVector<float> same = {1.0F, 2.0F, 3.0F};
+        QCOMPARE(samples, same);
+        QCOMPARE(cycles[1].nSamples, qint64(2));
+    }
+
+    void fillPauses_leavesNothing_whenNothingWasRecorded()
+    {
+        QVector<float> samples;
+        QVector<Arrival> cycles;
+        fillPauses(samples, cycles, 1000.0);
+        QVERIFY(samples.isEmpty());
+    }
 };
 
 QUORIN_GUILESS_TEST(TestTimingFigures);

@@ -8,11 +8,17 @@
 #include <limits>
 #include <utility>
 
-double monotonicMs()
+double monotonicOriginMs()
 {
     using Clock = std::chrono::steady_clock;
-    static const Clock::time_point origin = Clock::now();
-    return std::chrono::duration<double, std::milli>(Clock::now() - origin).count();
+    static const auto origin = Clock::now().time_since_epoch();
+    return std::chrono::duration<double, std::milli>(origin).count();
+}
+
+double monotonicMs()
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double, std::milli>(now).count() - monotonicOriginMs();
 }
 
 SampleClock::SampleClock(const QVector<Arrival>& arrivals, double rate)
@@ -38,4 +44,32 @@ double SampleClock::timeMs(qint64 sample) const
         least = std::min(least, arrival->timeMs + awayMs);
     }
     return std::isinf(least) ? std::numeric_limits<double>::quiet_NaN() : least;
+}
+
+double timeInCyclesMs(const QVector<Arrival>& cycles, double rate, qint64 sample)
+{
+    if (cycles.isEmpty())
+        return std::numeric_limits<double>::quiet_NaN();
+    const auto isAfter = [](qint64 n, const Arrival& cycle) { return n < cycle.nSamples; };
+    auto cycle = std::upper_bound(cycles.cbegin(), cycles.cend(), sample, isAfter);
+    if (cycle != cycles.cbegin())
+        --cycle;
+    return cycle->timeMs + 1000.0 * double(sample - cycle->nSamples) / rate;
+}
+
+void fillPauses(QVector<float>& samples, QVector<Arrival>& cycles, double rate)
+{
+    QVector<float> filled;
+    filled.reserve(samples.size());
+    double dueMs = cycles.isEmpty() ? 0.0 : cycles.constFirst().timeMs;
+    for (int i = 0; i < cycles.size(); ++i) {
+        const qint64 begin = cycles[i].nSamples;
+        const qint64 end = i + 1 < cycles.size() ? cycles[i + 1].nSamples : samples.size();
+        const auto pause = int(std::lround((cycles[i].timeMs - dueMs) / 1000.0 * rate));
+        filled += QVector<float>(std::max(pause, 0), 0.0F);
+        dueMs = cycles[i].timeMs + 1000.0 * double(end - begin) / rate;
+        cycles[i].nSamples = filled.size();
+        filled += samples.mid(int(begin), int(end - begin));
+    }
+    samples = filled;
 }

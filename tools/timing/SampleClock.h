@@ -11,6 +11,8 @@ struct Arrival {
 
 /// The monotonic clock, ms from an arbitrary moment that is the same for the whole process.
 double monotonicMs();
+/// That moment on the system's monotonic clock, ms.
+double monotonicOriginMs();
 
 /// Tells when a sample of a recording was played, on the monotonic clock.
 ///
@@ -30,3 +32,14 @@ private:
     QVector<Arrival> m_arrivals;
     double m_rate;
 };
+
+/// When a sample of a recording began to be played, where exact moments of its cycles are known.
+/// Unlike the SampleClock it stands cycles that are missing or change their length.
+/// @param cycles each with the number of its first sample and its begin, in their order
+/// @param rate   samples a second, above 0
+/// @return ms; NaN without any cycles
+double timeInCyclesMs(const QVector<Arrival>& cycles, double rate, qint64 sample);
+
+/// Puts zeros into a recording wherever a cycle began later than the one before had lasted, and
+/// moves the numbers of the cycles along.
+void fillPauses(QVector<float>& samples, QVector<Arrival>& cycles, double rate);

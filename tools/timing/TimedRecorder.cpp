@@ -48,6 +48,11 @@ void TimedRecorder::end()
     wait();
 }
 
+double TimedRecorder::timeMs(qint64 sample) const
+{
+    return SampleClock(m_arrivals, m_source.rate).timeMs(sample);
+}
+
 void TimedRecorder::run()
 {
     ChildProcess process;

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "timing/SampleClock.h"
+#include "timing/Recorder.h"
 
 #include <QProcessEnvironment>
 #include <QString>
 #include <QThread>
-#include <QVector>
 
 #include <atomic>
 
@@ -21,31 +20,21 @@ struct RecordingSource {
 
 /// Records what a sink plays and when every block of it came. It reads in a thread of its own, so
 /// that a busy event loop neither delays the moments nor is disturbed. Needs the program parec.
-class TimedRecorder : public QThread {
+class TimedRecorder : public QThread, public Recorder {
     Q_OBJECT
 
 public:
     explicit TimedRecorder(RecordingSource source);
     ~TimedRecorder() override;
 
-    /// Starts and waits for the first samples; the event loop runs meanwhile.
-    /// @return false with an errorText() if none come
-    bool begin();
-    /// Records another 0.3 s, so that nothing played is missed, and ends the recording.
-    void end();
-
-    // To be read after end().
-    const QVector<float>& samples() const { return m_samples; }
-    const QVector<Arrival>& arrivals() const { return m_arrivals; }
-    QString errorText() const { return m_errorText; }
+    bool begin() override;
+    void end() override;
+    double timeMs(qint64 sample) const override;
 
 protected:
     void run() override;
 
 private:
     RecordingSource m_source;
-    QVector<float> m_samples;
-    QVector<Arrival> m_arrivals;
     std::atomic<qint64> m_nSamples {0};
-    QString m_errorText;
 };

@@ -5,7 +5,6 @@
 #include "timing/Summary.h"
 
 #include <cmath>
-#include <functional>
 #include <limits>
 
 namespace {
@@ -61,12 +60,12 @@ QStringList tableRows(const QString& condition, const Measurement& m)
 {
     constexpr double nothing = std::numeric_limits<double>::quiet_NaN();
     const auto& sounds = m.sounds;
-    const auto onset = [&](int i) { return m.clock.timeMs(m.recorded[i].begin); };
-    const auto end
-        = [&](int i) { return m.clock.timeMs(m.recorded[i].begin + m.recorded[i].length); };
+    const auto onset = [&](int i) { return m.timeMs(m.recorded[i].begin); };
+    const auto end = [&](int i) {
+        return m.timeMs(m.recorded[i].begin + m.recorded[i].length - 1) + 1000.0 / m.rate;
+    };
     const auto spacing = [&](int i) {
-        const int samples = i == 0 ? 0 : m.recorded[i].begin - m.recorded[i - 1].begin;
-        return sounds[i].interval == 1 ? nothing : samples * 1000.0 / m.rate - m.periodMs;
+        return sounds[i].interval == 1 ? nothing : onset(i) - onset(i - 1) - m.periodMs;
     };
     const auto delay = [&](int i) { return sounds[i].tick - sounds[i].due; };
     const auto first = [&](int i) { return sounds[i].interval == 1 ? delay(i) : nothing; };

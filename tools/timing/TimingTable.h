@@ -2,18 +2,19 @@
 #pragma once
 
 #include "soundlab/RecordedSounds.h"
-#include "timing/SampleClock.h"
 #include "timing/TrialObserver.h"
 
 #include <QString>
 #include <QStringList>
 #include <QVector>
 
+#include <functional>
+
 /// What was observed of a run, and what was planned.
 struct Measurement {
     QVector<SoundMoments> sounds;
     QVector<RecordedSound> recorded; ///< as many as sounds
-    SampleClock clock;
+    std::function<double(qint64)> timeMs; ///< when a recorded sample began to be played
     double rate; ///< of the recording, Hz
     int periodMs; ///< from tick to tick
     int soundSamples; ///< length of every sound

@@ -5,6 +5,7 @@
 #include "session/FlightRecorder.h"
 #include "soundlab/PipeWireServer.h"
 #include "soundlab/SoundServer.h"
+#include "timing/GraphRecorder.h"
 #include "timing/TimedRecorder.h"
 #include "timing/TimingTable.h"
 #include "timing/TrialObserver.h"
@@ -38,7 +39,7 @@ struct Trials {
 
 struct Settings {
     QString condition;
-    RecordingSource source;
+    int rate; // of the sink, Hz
     Trials trials;
     float threshold; // samples closer to zero are silence
     QString folder; // for records of the trials; empty: none
@@ -65,7 +66,7 @@ void setPanel(const MainWindow& window, const Settings& settings)
     // Guesses drive the depth up; at 1 the first sample of a deviant would be zero.
     window.findChild<QCheckBox*>("checkBoxResetMdFd")->setChecked(false);
     set("lineEditDevModDepth", 0.0001);
-    set("lineEditSamplingRate", settings.source.rate);
+    set("lineEditSamplingRate", settings.rate);
     set("lineEditNReversals", settings.trials.number + 1); // the run must not end by itself
 }
 
@@ -78,12 +79,11 @@ QVector<float> gated(QVector<float> samples, float threshold)
     return samples;
 }
 
-int measure(const Settings& settings)
+int measure(const Settings& settings, Recorder& recorder)
 {
     MainWindow window;
     setPanel(window, settings);
     window.show();
-    TimedRecorder recorder(settings.source);
     if (!recorder.begin())
         return fail(recorder.errorText());
 
@@ -101,7 +101,7 @@ int measure(const Settings& settings)
     recorder.end();
 
     // The stimuli are noise without ramps: none of their samples is exactly zero.
-    const int shortestSilence = settings.source.rate / 1000 * settings.trials.silenceMs / 4;
+    const int shortestSilence = settings.rate / 1000 * settings.trials.silenceMs / 4;
     const QVector<RecordedSound> recorded
         = recordedSounds(gated(recorder.samples(), settings.threshold), shortestSilence);
     if (recorded.size() != observer.sounds().size()) {
@@ -109,10 +109,10 @@ int measure(const Settings& settings)
                         .arg(observer.sounds().size())
                         .arg(recorded.size()));
     }
-    const int soundSamples = settings.source.rate / 1000 * settings.trials.soundMs;
+    const int soundSamples = settings.rate / 1000 * settings.trials.soundMs;
     const Measurement measurement
-        = {observer.sounds(), recorded, SampleClock(recorder.arrivals(), settings.source.rate),
-            double(settings.source.rate), observer.periodMs(), soundSamples};
+        = {observer.sounds(), recorded, [&recorder](qint64 n) { return recorder.timeMs(n); },
+            double(settings.rate), observer.periodMs(), soundSamples};
     QTextStream out(stdout);
     const QStringList rows = tableRows(settings.condition, measurement);
     for (const QString& row : rows)
@@ -126,30 +126,31 @@ int measureOnPulseAudio(
     SoundServer server;
     if (!server.start())
         return fail(server.errorText());
-    return measure({condition,
-        {server.address(), server.monitor(), server.environment(), server.settings().rate,
-            latencyMs},
-        trials, 0.0F, folder});
+    TimedRecorder recorder({server.address(), server.monitor(), server.environment(),
+        server.settings().rate, latencyMs});
+    return measure({condition, server.settings().rate, trials, 0.0F, folder}, recorder);
 }
 
-int measureOnPipeWire(const QString& condition, const Trials& trials, int latencyMs, int quantum)
+int measureOnPipeWire(
+    const QString& condition, const Trials& trials, const QCommandLineParser& options)
 {
-    PipeWireServer server(quantum);
+    PipeWireServer server(options.value("quantum").toInt(), options.value("rules"));
     if (!server.start())
         return fail(server.errorText());
-    return measure({condition,
-        {server.address(), PipeWireServer::monitor(), server.environment(), PipeWireServer::rate(),
-            latencyMs},
-        trials, 0.0F, {}});
+    const GraphRecorder::Sink sink
+        = {server.socket(), PipeWireServer::sink(), PipeWireServer::rate()};
+    GraphRecorder recorder(sink, trials.timeoutMs() / 1000, options.isSet("awake"));
+    return measure({condition, PipeWireServer::rate(), trials, 0.0F, {}}, recorder);
 }
 
 // With a sound card, the source is an input that the output is wired to.
 int measureOnRunningServer(const QCommandLineParser& options, const Trials& trials, int latencyMs)
 {
-    return measure({options.value("label"),
-        {qEnvironmentVariable("PULSE_SERVER"), options.value("source"),
-            QProcessEnvironment::systemEnvironment(), options.value("rate").toInt(), latencyMs},
-        trials, options.value("threshold").toFloat(), {}});
+    const int rate = options.value("rate").toInt();
+    TimedRecorder recorder({qEnvironmentVariable("PULSE_SERVER"), options.value("source"),
+        QProcessEnvironment::systemEnvironment(), rate, latencyMs});
+    return measure(
+        {options.value("label"), rate, trials, options.value("threshold").toFloat(), {}}, recorder);
 }
 
 } // namespace
@@ -169,6 +170,8 @@ int main(int argc, char** argv)
         {"label", "What the rows are called.", "text", "PulseAudio"},
         {"latency", "The recorder's block, ms.", "ms", "1"},
         {"quantum", "PipeWire's quantum in samples; 0 leaves it as it is.", "samples", "0"},
+        {"rules", "A file of settings for PipeWire's PulseAudio server.", "file"},
+        {"awake", "Keep PipeWire's sink at work between the sounds, as another program would."},
         {"source", "What to record of a running server.", "name", "@DEFAULT_MONITOR@"},
         {"rate", "At which a running server is played to and recorded, Hz.", "rate", "48000"},
         {"threshold", "What counts as silence in its recording, of full scale 1.", "value", "0"},
@@ -193,7 +196,7 @@ int main(int argc, char** argv)
     if (server == "pulseaudio")
         return measureOnPulseAudio(label, trials, latencyMs, parser.value("record"));
     if (server == "pipewire")
-        return measureOnPipeWire(label, trials, latencyMs, parser.value("quantum").toInt());
+        return measureOnPipeWire(label, trials, parser);
     if (server == "running")
         return measureOnRunningServer(parser, trials, latencyMs);
     return fail("no such server: " + server);
