@@ -9,6 +9,9 @@ install(FILES "${packaging}/quorin-lab.svg"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps")
 install(FILES "${packaging}/quorin-lab.metainfo.xml"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
+install(FILES "${packaging}/quorin-lab.pipewire-pulse.conf"
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/pipewire/pipewire-pulse.conf.d"
+  RENAME quorin-lab.conf)
 quorin_install_man_page(quorin-lab)
 install(FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/CITATION.cff"
     "${packaging}/copyright" "${packaging}/changelog"
