@@ -9,8 +9,10 @@ install(FILES "${packaging}/quorin-lab.svg"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps")
 install(FILES "${packaging}/quorin-lab.metainfo.xml"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
+# A setting that its owner may change or remove, read from there alone: of two files of one name,
+# PipeWire 0.3 takes the user's and 1.4 the one in /usr/share.
 install(FILES "${packaging}/quorin-lab.pipewire-pulse.conf"
-  DESTINATION "${CMAKE_INSTALL_DATADIR}/pipewire/pipewire-pulse.conf.d"
+  DESTINATION /etc/pipewire/pipewire-pulse.conf.d
   RENAME quorin-lab.conf)
 quorin_install_man_page(quorin-lab)
 install(FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/CITATION.cff"
@@ -70,6 +72,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt5multimedia5-plugins)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pulseaudio | pipewire-pulse, pulseaudio-utils, sensible-utils")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA "${packaging}/conffiles")
 include(CPack)
 
 # What is delivered, without the tests.
