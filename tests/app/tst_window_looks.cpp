@@ -148,9 +148,10 @@ private slots:
     void init() override
     {
         WindowTest::init();
-        if (qApp->devicePixelRatio() > 1.0)
+        if (qApp->devicePixelRatio() > 1.0) {
             tolerateWarning(
                 QRegularExpression("^The screen is too low for the main window by \\d+ pixels$"));
+        }
     }
 
     void cleanup() override

@@ -43,9 +43,10 @@ private:
             QVERIFY2(grid->cellRect(row, 0).top() > above, qPrintable(QString::number(row)));
             above = grid->cellRect(row, 0).bottom();
         }
-        for (const QLineEdit* field : window.findChildren<QLineEdit*>())
+        for (const QLineEdit* field : window.findChildren<QLineEdit*>()) {
             QVERIFY2(
                 field->height() >= field->sizeHint().height(), qPrintable(field->objectName()));
+        }
     }
 
 private slots:
@@ -62,12 +63,13 @@ private slots:
         QTRY_COMPARE(window.size(), window.size().expandedTo(window.minimumSizeHint()));
         const int spacing
             = widgetOf<QGridLayout>(window, "gridLayoutParameters")->verticalSpacing();
-        if (expected == "as ever")
+        if (expected == "as ever") {
             QCOMPARE(spacing, styleSpacing());
-        else if (expected == "closer")
+        } else if (expected == "closer") {
             QVERIFY(spacing >= 0 && spacing < styleSpacing());
-        else
+        } else {
             QCOMPARE(spacing, 0);
+        }
         verifyRows(window);
         const int screenEnd = QGuiApplication::primaryScreen()->geometry().bottom();
         QCOMPARE(panelEnd(window) <= screenEnd, expected != "too high");

@@ -3,6 +3,7 @@
 // application's windows.
 #include "app/MainWindow.h"
 #include "demo/Listener.h"
+#include "demo/Waiting.h"
 #include "drivers/RunDriver.h"
 #include "psychometrics/PsychometricFunction.h"
 #include "session/Data.h"
@@ -12,7 +13,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDir>
-#include <QEventLoop>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QLineEdit>
@@ -211,9 +211,7 @@ QPixmap screenWith(const QWidget& window)
     QImage before;
     do {
         before = shown.toImage();
-        QEventLoop loop;
-        QTimer::singleShot(stillMs, &loop, &QEventLoop::quit);
-        loop.exec();
+        waitFor(stillMs);
         shown = QGuiApplication::primaryScreen()->grabWindow(0);
     } while (!window.windowHandle()->isExposed() || shown.toImage() != before);
     return shown;
