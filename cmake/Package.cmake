@@ -58,7 +58,7 @@ listener's answers to the threshold.
 With it come quorin-simulate, which tells what a choice of settings will give
 before a listener is invited, quorin-report, which reads the results files,
 quorin-session, which records every event of every run, and quorin-sound, which
-writes the sounds as files and tells their levels.")
+asks the sound server what becomes of sounds and writes them as files.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS

@@ -15,6 +15,7 @@ build_packages=(
     qtbase5-dev qtmultimedia5-dev libqt5charts5-dev libqt5svg5-dev
     libgsl-dev # statistics and fits of the companions
     libsndfile1-dev # sounds as files
+    libpulse-dev # asks the sound server
     libqt5multimedia5-plugins # the sound backends, loaded at run time
 )
 test_packages=(
@@ -23,8 +24,6 @@ test_packages=(
     openbox xdotool # a window manager for it, and what presses keys and buttons
     xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils # a display with two screens
     python3-jsonschema # holds the records of runs against their schema
-)
-timing_packages=(
     pipewire pipewire-bin pipewire-pulse wireplumber dbus dbus-daemon # the other sound server
     libpipewire-0.3-dev # and its clock
 )

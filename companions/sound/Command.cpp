@@ -2,6 +2,7 @@
 // The commands of quorin-sound.
 #include "sound/Command.h"
 
+#include "sound/CheckCommand.h"
 #include "sound/ExportCommand.h"
 
 #include <QCommandLineParser>
@@ -12,7 +13,10 @@ using namespace quorin;
 
 QVector<Command> commands()
 {
-    return {{"export", "Write the sounds of given settings, and tell their levels.", runExport}};
+    return {
+        {"check", "Ask the sound server what becomes of a sound on its way.", runCheck},
+        {"export", "Write the sounds of given settings, and tell their levels.", runExport},
+    };
 }
 
 const Command* commandNamed(const QVector<Command>& all, const QString& name)

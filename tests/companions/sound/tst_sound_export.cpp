@@ -26,8 +26,8 @@ private slots:
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("error");
-        row("", "give a command: export");
-        row("play", "there is no command \"play\", but: export");
+        row("", "give a command: check, export");
+        row("play", "there is no command \"play\", but: check, export");
         row("--nonsense", "Unknown option 'nonsense'.");
         row("export --nonsense", "Unknown option 'nonsense'.");
         row("export --standard-duration 0",
@@ -87,6 +87,14 @@ private slots:
             QVERIFY2(help.output.contains(QString("  --%1 <").arg(option)), option);
         }
         QVERIFY(help.output.contains("Default: 48000, those that"));
+    }
+
+    void help_namesTheCommands()
+    {
+        const QString help = runSoundProgram({"--help"}).output;
+        QVERIFY(help.startsWith("Usage: quorin-sound [options] command [option...]\n"));
+        QVERIFY(help.contains("\n  check       Ask the sound server "));
+        QVERIFY(help.contains("\n  export      Write the sounds "));
     }
 
     void version_isPrinted()

@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the running sound server tells of its outputs, by libpulse.
+#include "sound/PulseServer.h"
+
+#include <QElapsedTimer>
+#include <QMap>
+
+#include <algorithm>
+#include <pulse/pulseaudio.h>
+
+namespace {
+
+constexpr qint64 patienceMs = 5000;
+constexpr double fullPercent = 100.0;
+constexpr double usPerMs = 1000.0;
+
+struct Module {
+    QString name;
+    QString arguments;
+};
+
+/// What the server answered, as it came.
+struct Answers {
+    QString serverName;
+    QString serverVersion;
+    QString defaultOutput;
+    QVector<OutputFacts> outputs;
+    QVector<uint32_t> owners; ///< of the outputs
+    QMap<uint32_t, Module> modules;
+};
+
+QVector<ChannelVolume> volumesOf(const pa_sink_info& sink)
+{
+    QVector<ChannelVolume> volumes;
+    for (int i = 0; i < sink.volume.channels; ++i) {
+        volumes.append({pa_channel_position_to_string(sink.channel_map.map[i]),
+            sink.volume.values[i] * fullPercent / PA_VOLUME_NORM});
+    }
+    return volumes;
+}
+
+OutputFacts outputOf(const pa_sink_info& sink)
+{
+    OutputFacts output;
+    output.name = sink.name;
+    output.description = sink.description;
+    output.rate = static_cast<int>(sink.sample_spec.rate);
+    output.format = pa_sample_format_to_string(sink.sample_spec.format);
+    output.volumes = volumesOf(sink);
+    output.isMuted = sink.mute != 0;
+    output.latencyMs = static_cast<double>(sink.configured_latency) / usPerMs;
+    output.sleepsAfter = pa_proplist_gets(sink.proplist, "session.suspend-timeout-seconds");
+    return output;
+}
+
+void keepServer(pa_context* /*context*/, const pa_server_info* server, void* user)
+{
+    auto& answers = *static_cast<Answers*>(user);
+    if (server != nullptr) {
+        answers.serverName = server->server_name;
+        answers.serverVersion = server->server_version;
+        answers.defaultOutput = server->default_sink_name;
+    }
+}
+
+void keepOutput(pa_context* /*context*/, const pa_sink_info* sink, int /*isLast*/, void* user)
+{
+    auto& answers = *static_cast<Answers*>(user);
+    if (sink != nullptr) {
+        answers.outputs.append(outputOf(*sink));
+        answers.owners.append(sink->owner_module);
+    }
+}
+
+void keepModule(pa_context* /*context*/, const pa_module_info* module, int /*isLast*/, void* user)
+{
+    auto& answers = *static_cast<Answers*>(user);
+    if (module != nullptr) {
+        answers.modules.insert(module->index, {module->name, module->argument});
+    }
+}
+
+/// A connection to the server, which it waits for no longer than its patience.
+class Connection {
+public:
+    Connection()
+        : m_loop(pa_mainloop_new())
+        , m_context(pa_context_new(pa_mainloop_get_api(m_loop), "quorin-sound"))
+    {
+        m_clock.start();
+    }
+
+    ~Connection()
+    {
+        pa_context_disconnect(m_context);
+        pa_context_unref(m_context);
+        pa_mainloop_free(m_loop);
+    }
+
+    Q_DISABLE_COPY(Connection)
+
+    bool open()
+    {
+        if (pa_context_connect(m_context, nullptr, PA_CONTEXT_NOFLAGS, nullptr) < 0) {
+            return false;
+        }
+        while (pa_context_get_state(m_context) != PA_CONTEXT_READY) {
+            if (!PA_CONTEXT_IS_GOOD(pa_context_get_state(m_context)) || !step()) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    bool ask(Answers& answers)
+    {
+        return await(pa_context_get_server_info(m_context, keepServer, &answers))
+            && await(pa_context_get_module_info_list(m_context, keepModule, &answers))
+            && await(pa_context_get_sink_info_list(m_context, keepOutput, &answers));
+    }
+
+    QString error() const
+    {
+        return isOverdue() ? QString("it does not answer")
+                           : QString(pa_strerror(pa_context_errno(m_context)));
+    }
+
+private:
+    bool isOverdue() const { return m_clock.elapsed() >= patienceMs; }
+
+    bool step()
+    {
+        constexpr int longestWaitUs = 100000;
+        return !isOverdue() && pa_mainloop_prepare(m_loop, longestWaitUs) >= 0
+            && pa_mainloop_poll(m_loop) >= 0 && pa_mainloop_dispatch(m_loop) >= 0;
+    }
+
+    bool await(pa_operation* operation)
+    {
+        if (operation == nullptr) {
+            return false;
+        }
+        bool isGood = true;
+        while (isGood && pa_operation_get_state(operation) == PA_OPERATION_RUNNING) {
+            isGood = step();
+        }
+        isGood = isGood && pa_operation_get_state(operation) == PA_OPERATION_DONE;
+        if (!isGood) {
+            pa_operation_cancel(operation); // nothing may be kept any more: its place goes
+        }
+        pa_operation_unref(operation);
+        return isGood;
+    }
+
+    pa_mainloop* m_loop;
+    pa_context* m_context;
+    QElapsedTimer m_clock;
+};
+
+QString argumentOf(const QString& arguments, const QString& name)
+{
+    for (const QString& argument : arguments.split(' ')) {
+        if (argument.startsWith(name + '=')) {
+            return argument.mid(name.size() + 1).remove('"');
+        }
+    }
+    return {};
+}
+
+// A virtual output names the one that it plays on.
+QVector<OutputFacts> pathFrom(const QString& first, const QVector<OutputFacts>& outputs)
+{
+    QVector<OutputFacts> path;
+    QString name = first;
+    while (path.size() <= outputs.size()) {
+        const auto found = std::find_if(outputs.cbegin(), outputs.cend(),
+            [&name](const OutputFacts& output) { return output.name == name; });
+        if (found == outputs.cend()) {
+            break;
+        }
+        path.append(*found);
+        name = argumentOf(found->moduleArguments, "master");
+    }
+    return path;
+}
+
+SoundPath pathOf(Answers& answers)
+{
+    for (int i = 0; i < answers.outputs.size(); ++i) {
+        const Module module = answers.modules.value(answers.owners[i]);
+        answers.outputs[i].module = module.name;
+        answers.outputs[i].moduleArguments = module.arguments;
+    }
+    SoundPath path;
+    path.serverName = answers.serverName;
+    path.serverVersion = answers.serverVersion;
+    path.outputs = pathFrom(answers.defaultOutput, answers.outputs);
+    path.hasSuspendOnIdle = std::any_of(answers.modules.cbegin(), answers.modules.cend(),
+        [](const Module& module) { return module.name == "module-suspend-on-idle"; });
+    return path;
+}
+
+} // namespace
+
+FoundPath askPulseServer()
+{
+    Answers answers;
+    Connection connection;
+    if (!connection.open() || !connection.ask(answers)) {
+        return {{}, connection.error()};
+    }
+    return {pathOf(answers), {}};
+}
