@@ -38,6 +38,7 @@ QVector<CheckLine> checkedServer(const CheckedSettings& settings)
     }
     if (found.path.serverName.contains("PipeWire")) {
         found.path.pipeWire = runningPipeWireSettings();
+        found.path.pipeWire->forcedForUs = found.forcedQuantum;
     }
     return checkedPath(found.path, settings);
 }

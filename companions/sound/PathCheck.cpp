@@ -5,6 +5,8 @@
 #include "session/Counts.h"
 #include "session/Units.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <cmath>
 
@@ -13,7 +15,7 @@ using namespace quorin;
 namespace {
 
 constexpr int fullPercent = 100;
-constexpr int smallQuantum = 64;
+constexpr int smallQuantum = 128; // with less, single sounds had pauses: docs/timing.md
 
 // PulseAudio's scale of volumes is cubic.
 QString volumeText(double percent)
@@ -197,7 +199,7 @@ CheckLine quantumLine(const PipeWireSettings& settings, int rate)
         = QString("%1 samples (%2 ms)").arg(quantum).arg(inMs(double(quantum) / rate), 0, 'f', 1);
     if (quantum > smallQuantum) {
         return {Verdict::look, "quantum", finding,
-            "Sounds begin at its borders: onsets vary by about this much.",
+            "The end of a sound that does not fill a quantum is not played.",
             quantumCommand(smallQuantum)};
     }
     return {Verdict::fine, "quantum", finding, {}, {}};

@@ -5,13 +5,16 @@
 #include <QProcess>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 int PipeWireSettings::quantumInForce() const
 {
-    if (forcedQuantum <= 0) {
-        return quantum;
+    const int forced = std::max(forcedQuantum, forcedForUs);
+    if (forced <= 0) {
+        return largestQuantum;
     }
     int power = 1;
-    while (power <= forcedQuantum / 2) {
+    while (power <= forced / 2) {
         power *= 2;
     }
     return power;
@@ -19,7 +22,7 @@ int PipeWireSettings::quantumInForce() const
 
 PipeWireSettings readPipeWireSettings(const QString& printed)
 {
-    // update: id:0 key:'clock.quantum' value:'1024' type:''
+    // update: id:0 key:'clock.max-quantum' value:'2048' type:''
     static const QRegularExpression setting("key:'([^']*)' value:'([^']*)'");
     static const QRegularExpression number("\\d+");
     PipeWireSettings settings;
@@ -28,8 +31,8 @@ PipeWireSettings readPipeWireSettings(const QString& printed)
         const QRegularExpressionMatch match = found.next();
         const QString key = match.captured(1);
         const QString value = match.captured(2);
-        if (key == "clock.quantum") {
-            settings.quantum = value.toInt();
+        if (key == "clock.max-quantum") {
+            settings.largestQuantum = value.toInt();
         } else if (key == "clock.force-quantum") {
             settings.forcedQuantum = value.toInt();
         } else if (key == "clock.allowed-rates") {

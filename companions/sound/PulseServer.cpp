@@ -27,6 +27,7 @@ struct Answers {
     QVector<OutputFacts> outputs;
     QVector<uint32_t> owners; ///< of the outputs
     QMap<uint32_t, Module> modules;
+    int forcedQuantum = 0; ///< for this program
 };
 
 QVector<ChannelVolume> volumesOf(const pa_sink_info& sink)
@@ -80,6 +81,16 @@ void keepModule(pa_context* /*context*/, const pa_module_info* module, int /*isL
     }
 }
 
+// A rule that matches the program's name puts what it sets among the program's properties.
+void keepSelf(pa_context* /*context*/, const pa_client_info* self, int /*isLast*/, void* user)
+{
+    auto& answers = *static_cast<Answers*>(user);
+    if (self != nullptr) {
+        answers.forcedQuantum
+            = QString(pa_proplist_gets(self->proplist, "node.force-quantum")).toInt();
+    }
+}
+
 /// A connection to the server, which it waits for no longer than its patience.
 class Connection {
 public:
@@ -116,7 +127,9 @@ public:
     {
         return await(pa_context_get_server_info(m_context, keepServer, &answers))
             && await(pa_context_get_module_info_list(m_context, keepModule, &answers))
-            && await(pa_context_get_sink_info_list(m_context, keepOutput, &answers));
+            && await(pa_context_get_sink_info_list(m_context, keepOutput, &answers))
+            && await(pa_context_get_client_info(
+                m_context, pa_context_get_index(m_context), keepSelf, &answers));
     }
 
     QString error() const
@@ -207,7 +220,7 @@ FoundPath askPulseServer()
     Answers answers;
     Connection connection;
     if (!connection.open() || !connection.ask(answers)) {
-        return {{}, connection.error()};
+        return {{}, 0, connection.error()};
     }
-    return {pathOf(answers), {}};
+    return {pathOf(answers), answers.forcedQuantum, {}};
 }

@@ -28,11 +28,13 @@ struct OutputFacts {
 
 /// What PipeWire is set to, from its metadata "settings".
 struct PipeWireSettings {
-    int quantum = 0; ///< samples that it handles at a time unless asked otherwise; 0: unknown
-    int forcedQuantum = 0; ///< 0: none
+    int largestQuantum = 0; ///< which a sound gets that plays alone, samples; 0: unknown
+    int forcedQuantum = 0; ///< for all streams; 0: none
+    int forcedForUs = 0; ///< by a rule for programs of our names; 0: none
     QVector<int> allowedRates; ///< that it switches to for a stream, Hz
 
-    /// Samples that it handles at a time: a forced number acts as the next smaller power of two.
+    /// Samples that it handles at a time while one of our sounds plays; 0: unknown. A forced number
+    /// acts as the next smaller power of two; where two are forced the larger is assumed.
     int quantumInForce() const;
 };
 
@@ -48,5 +50,6 @@ struct SoundPath {
 /// A path, or why there is none.
 struct FoundPath {
     SoundPath path;
+    int forcedQuantum = 0; ///< by a rule of PipeWire's PulseAudio server for our programs
     QString obstacle; ///< empty: there is one
 };

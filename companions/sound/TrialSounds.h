@@ -11,7 +11,7 @@ struct Draws {
 
 /// What is played of a trial's standard and deviant: single-precision samples.
 struct TrialSounds {
-    QVector<float> samples[2];
+    QVector<QVector<float>> samples = QVector<QVector<float>>(2);
 };
 
 /// The two sounds as the main window makes them when View is pressed, bit for bit. Seeds Qt's

@@ -134,6 +134,36 @@ private slots:
                        .arg(10 * std::log10(24000.0), 0, 'f', 1));
     }
 
+    void endsAreLost_byThatMuch_atPipeWiresOwnQuantum()
+    {
+        constexpr int quantum = 2048;
+        constexpr double rate = 48000.0;
+        const auto lost = [](double ms) { return soundLength(rate, ms / 1000.0) % quantum; };
+        const auto inMs = [](int samples) { return decimals(1000.0 * samples / rate, 1); };
+        GUIDE_SAYS(
+            QString("of 600 ms at 48000 Hz the last %1 ms (%2 samples), of 60 ms the last %3 "
+                    "ms (%4 samples)")
+                .arg(inMs(lost(600)), QString::number(lost(600)), inMs(lost(60)),
+                    QString::number(lost(60))));
+        GUIDE_SAYS(QString("multiples of %1 ms at 48000 Hz").arg(128 * 3 / 48));
+        GUIDE_SAYS("does not fill a quantum of " + inMs(quantum) + " ms");
+    }
+
+    void standard_exceedsFullScale_whenItIsModulatedMoreDeeply()
+    {
+        Data data;
+        data.soundType = noiseCarrier;
+        data.md = {1.0, 0.01};
+        QVector<double> sounds[2];
+        qsrand(1);
+        for (const int i : {standard, deviant}) {
+            synthesise(sounds[i], data, i);
+        }
+        equaliseLevels(sounds[standard], sounds[deviant]);
+        const double peak = *std::max_element(sounds[standard].cbegin(), sounds[standard].cend());
+        GUIDE_SAYS("at 100 and 1 % up to " + decimals(peak, 1));
+    }
+
     void levelFactor_variesSo_fromTokenToToken()
     {
         GUIDE_SAYS(QString("a standard deviation of %1 % at 600 ms and of %2 % at 60 ms")

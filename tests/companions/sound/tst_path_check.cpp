@@ -32,12 +32,12 @@ SoundPath goodPath()
     return {"pulseaudio", "16.1", {card()}, false, {}};
 }
 
-SoundPath pipeWirePath(int quantum, int forcedQuantum = 0)
+SoundPath pipeWirePath(int largestQuantum, int forcedQuantum = 0, int forcedForUs = 0)
 {
     SoundPath path {"PulseAudio (on PipeWire 0.3.65)", "15.0.0", {card()}, false, {}};
     path.outputs[0].rate = 48000;
     path.outputs[0].sleepsAfter = "0";
-    path.pipeWire = PipeWireSettings {quantum, forcedQuantum, {48000}};
+    path.pipeWire = PipeWireSettings {largestQuantum, forcedQuantum, forcedForUs, {48000}};
     return path;
 }
 
@@ -173,28 +173,34 @@ void addTimes()
 
 void addQuanta()
 {
-    const QString force = "pw-metadata -n settings 0 clock.force-quantum 64";
+    const QString force = "pw-metadata -n settings 0 clock.force-quantum 128";
     row("PulseAudio plays all", goodPath(), start, "end of a sound", Verdict::fine, "played", "");
-    row("default quantum", pipeWirePath(1024), {48000, 600.0}, "quantum", Verdict::look,
-        "1024 samples (21.3 ms)", force);
-    row("small quantum", pipeWirePath(1024, 64), {48000, 600.0}, "quantum", Verdict::fine,
+    row("as PipeWire comes", pipeWirePath(2048), {48000, 600.0}, "quantum", Verdict::look,
+        "2048 samples (42.7 ms)", force);
+    row("the rule for our programs", pipeWirePath(2048, 0, 128), {48000, 600.0}, "quantum",
+        Verdict::fine, "128 samples (2.7 ms)", "");
+    row("forced for all", pipeWirePath(2048, 64), {48000, 600.0}, "quantum", Verdict::fine,
         "64 samples (1.3 ms)", "");
-    row("forced between powers of two", pipeWirePath(1024, 100), {48000, 600.0}, "quantum",
+    row("forced twice", pipeWirePath(2048, 1024, 128), {48000, 600.0}, "quantum", Verdict::look,
+        "1024 samples (21.3 ms)", force);
+    row("forced between powers of two", pipeWirePath(2048, 100), {48000, 600.0}, "quantum",
         Verdict::fine, "64 samples (1.3 ms)", "");
     row("unknown quantum", pipeWirePath(0), {48000, 600.0}, "quantum", Verdict::look, "unknown",
         "install pw-metadata: apt install pipewire-bin");
-    row("the end is lost", pipeWirePath(1024), {48000, 60.0}, "end of a sound", Verdict::stop,
-        "the last 832 of 2880 samples are lost", force);
-    row("the end is lost after resampling", pipeWirePath(1024), {40000, 60.0}, "end of a sound",
-        Verdict::stop, "the last 832 of 2880 samples are lost", force);
-    row("whole quanta", pipeWirePath(1024, 64), {48000, 600.0}, "end of a sound", Verdict::fine,
+    row("unknown but for the rule", pipeWirePath(0, 0, 128), {48000, 600.0}, "quantum",
+        Verdict::fine, "128 samples (2.7 ms)", "");
+    row("the end is lost", pipeWirePath(2048), {48000, 56.0}, "end of a sound", Verdict::stop,
+        "the last 640 of 2688 samples are lost", force);
+    row("the end is lost after resampling", pipeWirePath(2048), {40000, 56.0}, "end of a sound",
+        Verdict::stop, "the last 640 of 2688 samples are lost", force);
+    row("whole quanta", pipeWirePath(2048, 0, 128), {48000, 600.0}, "end of a sound", Verdict::fine,
         "played", "");
-    row("less than a small quantum is lost", pipeWirePath(1024, 64), {48000, 601.0},
+    row("less than a small quantum is lost", pipeWirePath(2048, 64), {48000, 601.0},
         "end of a sound", Verdict::stop, "the last 48 of 28848 samples are lost",
         "type a duration of whole quanta, such as 601.3333333 ms");
-    row("neither fits", pipeWirePath(1024), {48000, 601.0}, "end of a sound", Verdict::stop,
+    row("neither fits", pipeWirePath(2048), {48000, 601.0}, "end of a sound", Verdict::stop,
         "the last 176 of 28848 samples are lost",
-        force + "; and type a duration of whole quanta, such as 601.3333333 ms");
+        force + "; and type a duration of whole quanta, such as 602.6666667 ms");
     row("the end is unknown", pipeWirePath(0), {48000, 600.0}, "end of a sound", Verdict::look,
         "unknown", "");
 }
@@ -285,8 +291,9 @@ private slots:
             "update: id:0 key:'clock.rate' value:'48000' type:''\n"
             "update: id:0 key:'clock.allowed-rates' value:'[ 44100, 48000 ]' type:''\n"
             "update: id:0 key:'clock.quantum' value:'1024' type:''\n"
+            "update: id:0 key:'clock.max-quantum' value:'2048' type:''\n"
             "update: id:0 key:'clock.force-quantum' value:'300' type:''\n");
-        QCOMPARE(settings.quantum, 1024);
+        QCOMPARE(settings.largestQuantum, 2048);
         QCOMPARE(settings.forcedQuantum, 300);
         QCOMPARE(settings.quantumInForce(), 256);
         QCOMPARE(settings.allowedRates, QVector<int>({44100, 48000}));

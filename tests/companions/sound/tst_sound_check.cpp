@@ -261,6 +261,22 @@ private slots:
         QCOMPARE(small.status, 0);
     }
 
+    void rule_forOurPrograms_isSeen()
+    {
+        const Client plain(m_pipeWire);
+        plain.run("pw-metadata", {"-n", "settings", "0", "clock.force-quantum", "0"});
+        const SoundProgramEnd without = check(plain, "--rate 48000 --duration 56");
+        QVERIFY2(without.output.contains("look  quantum         2048 samples (42.7 ms)\n"),
+            qPrintable(without.output));
+        QCOMPARE(without.status, 1);
+        PipeWireServer server(0, PIPEWIRE_RULE);
+        QVERIFY2(server.start(), qPrintable(server.errorText()));
+        const SoundProgramEnd with = check(Client(server), "--rate 48000 --duration 56");
+        QVERIFY2(with.output.contains("fine  quantum         128 samples (2.7 ms)\n"),
+            qPrintable(with.output));
+        QCOMPARE(with.status, 0);
+    }
+
     void server_thatIsNotThere_isAStop()
     {
         Client client(m_pulse);
@@ -278,6 +294,14 @@ private slots:
             QString("quorin-sound: --rate must be a whole number from 8000 to 192000, not "
                     "\"100\"\n"));
         QCOMPARE(end.status, 2);
+    }
+
+    void recipe_isTheGuides()
+    {
+        const QString guide = QString::fromUtf8(bytesOf(USER_GUIDE)).remove("\\\n").simplified();
+        QVERIFY(
+            guide.contains("pactl " + QString(recipe).arg("left").replace("headphones", "OUTPUT")
+                + " pactl set-default-sink one_ear The right one is `front-right`."));
     }
 
     void oneEar_getsEverySample_theOtherNone_data() { addEars(); }

@@ -27,35 +27,34 @@ private slots:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("error");
         row("", "give a command: check, export");
-        row("play", "there is no command \"play\", but: check, export");
+        row("play", R"(there is no command "play", but: check, export)");
         row("--nonsense", "Unknown option 'nonsense'.");
         row("export --nonsense", "Unknown option 'nonsense'.");
         row("export --standard-duration 0",
-            "--standard-duration: \"0\" is not from 1 to 209715 ms");
+            R"(--standard-duration: "0" is not from 1 to 209715 ms)");
         row("export --standard-duration 600,0",
-            "--standard-duration: \"600,0\" has a decimal comma: numbers have a point");
+            R"(--standard-duration: "600,0" has a decimal comma: numbers have a point)");
         row("export --sampling-rate 4000",
-            "--sampling-rate: \"4000\" is not from 8000 to 192000 Hz");
-        row("export --sound-type voice",
-            "--sound-type: \"voice\" is not \"sinusoid\" or \"noise\"");
-        row("export --reset-md-fd maybe", "--reset-md-fd: \"maybe\" is not \"yes\" or \"no\"");
+            R"(--sampling-rate: "4000" is not from 8000 to 192000 Hz)");
+        row("export --sound-type voice", R"(--sound-type: "voice" is not "sinusoid" or "noise")");
+        row("export --reset-md-fd maybe", R"(--reset-md-fd: "maybe" is not "yes" or "no")");
         row("export --deviant-modulation-depth 12",
-            "--deviant-modulation-depth: \"12\" has no effect as long as \"reset md/fd\" is "
-            "\"yes\"");
-        row("export --value 0", "--value: \"0\" is not from 0.0001 to 100 %");
-        row("export --value x", "--value: \"x\" is not a number");
-        row("export --seed 0", "--seed must be a whole number from 1 to 2147483646, not \"0\"");
-        row("export --draws -1", "--draws must be a whole number from 0 to 2000000000, not \"-1\"");
-        row("export a b", "one folder at most, not \"a\" and \"b\"");
+            R"(--deviant-modulation-depth: "12" has no effect as long as "reset md/fd" is "yes")");
+        row("export --value 0", R"(--value: "0" is not from 0.0001 to 100 %)");
+        row("export --value x", R"(--value: "x" is not a number)");
+        row("export --seed 0", R"(--seed must be a whole number from 1 to 2147483646, not "0")");
+        row("export --draws -1",
+            R"(--draws must be a whole number from 0 to 2000000000, not "-1")");
+        row("export a b", R"(one folder at most, not "a" and "b")");
         row("export --plot a.jpg",
             "--plot: a picture's name must end in .png, .svg or .pdf: a.jpg");
         QTest::newRow("noise without a carrier")
             << QStringList {"export", "--main-parameter", "carrier frequency"}
-            << "--sound-type: \"noise\" is incompatible with the main parameter \"carrier "
-               "frequency\"; it is the default";
+            << R"(--sound-type: "noise" is incompatible with the main parameter )"
+               R"("carrier frequency"; it is the default)";
         QTest::newRow("difference beyond the carrier") << QStringList {"export", "--sound-type",
             "sinusoid", "--main-parameter", "carrier frequency", "--value",
-            "1000"} << "--value: \"1000\" is not from 0.0001 to 999.9 Hz";
+            "1000"} << R"(--value: "1000" is not from 0.0001 to 999.9 Hz)";
         QTest::newRow("no value") << QStringList {"export", "--standard-duration", ""}
                                   << "--standard-duration needs a value";
         QTest::newRow("no name") << QStringList {"export", "--csv", ""} << "--csv needs a name";
