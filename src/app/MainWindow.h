@@ -190,6 +190,7 @@ private:
     void connectToListener(SubjectWindow* window);
     QByteArray nextPcm() const;
     bool mustWaitForSound(double tickMs);
+    bool waitAnew();
     void waitForSound();
     void paceNextSound(double tickMs);
     void restartPeriod();
@@ -206,8 +207,9 @@ private:
     void checkPlaybackFormat() const;
     void startSound(const QByteArray& bytes);
     void endCurrentSound();
-    void warnOfError(const QAudioOutput* output);
-    void noteFailure(bool outputHasFailed);
+    void warnOfError(const PlayedSound& sound);
+    void noteFailure(const PlayedSound& sound);
+    void noteGap(const QBuffer* buffer);
     void noteInterruption(SoundProgress& progress);
     void lookAfterInterruptedSounds();
     PlayedSound currentSound() const;

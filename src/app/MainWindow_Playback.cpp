@@ -19,29 +19,37 @@ bool hasFailed(const QAudioOutput* output)
     return output != nullptr && output->error() != QAudio::NoError;
 }
 
-bool hasRunDry(const QBuffer* buffer)
+// A stream that the server has ended by itself reports nothing, and has no queue any more.
+bool isGone(const QAudioOutput* output)
 {
-    const auto* const playback = qobject_cast<const PlaybackBuffer*>(buffer);
-    return playback != nullptr && playback->hasRunDry();
+    return output != nullptr
+        && (output->state() == QAudio::ActiveState || output->state() == QAudio::IdleState)
+        && output->bytesFree() < 0;
 }
 
 // The server's queue is asked only after a gap: some backends report the end before their queue is
 // empty, and play the rest when they are stopped.
 bool hasBeenPlayed(const PlayedSound& sound)
 {
-    const bool hadGap = sound.progress.isInterrupted || hasRunDry(sound.buffer);
     return sound.buffer->atEnd()
-        && (!hadGap || sound.output->bytesFree() >= sound.output->bufferSize());
+        && (!sound.progress.isInterrupted
+            || sound.output->bytesFree() >= sound.output->bufferSize());
 }
 
 // An idle output has nothing to play, which is not always the end of the sound: while this thread,
 // the process or the server stood still, the rest of it may have reached the server too late, or
-// not yet. Where the output has become active again since its report, the report counts only if the
-// output ran dry.
+// not yet. Where the output has become active again since its report, the report counts only if a
+// gap is known.
 bool isInterrupted(const PlayedSound& sound)
 {
-    const bool isReport = sound.output->state() == QAudio::IdleState || hasRunDry(sound.buffer);
+    const bool isReport
+        = sound.output->state() == QAudio::IdleState || sound.progress.isInterrupted;
     return isReport && !hasBeenPlayed(sound);
+}
+
+bool isWatched(const PlayedSound& sound)
+{
+    return sound.progress.isInterrupted && sound.output != nullptr && !isGone(sound.output);
 }
 
 // Suspending and resuming makes a server play what is left of a queue that stands still.
@@ -59,8 +67,7 @@ bool looksEnded(PlayedSound& sound)
     }
     SoundProgress& progress = sound.progress;
     const int bytesFree = sound.output->bytesFree();
-    // Below 0 the stream is gone, and suspending it would end the program inside the backend.
-    const bool isStill = sound.buffer->atEnd() && bytesFree >= 0 && bytesFree == progress.bytesFree
+    const bool isStill = sound.buffer->atEnd() && bytesFree == progress.bytesFree
         && sound.output->state() != QAudio::StoppedState;
     progress.nLooksStill = isStill ? progress.nLooksStill + 1 : 0;
     progress.bytesFree = bytesFree;
@@ -133,10 +140,18 @@ void MainWindow::startSound(const QByteArray& bytes)
     const double beforeStartMs = playback->ageMs();
     audioOutput->start(audioBuffer);
     const double startMs = playback->ageMs() - beforeStartMs;
-    connect(playback, &PlaybackBuffer::firstTaken, this,
-        [this, playback, startMs] { judgeOnset(playback->ageMs() - startMs); });
+    // A server begins to play when its queue is full but for the least that it asks for.
+    playback->setBytesToBegin(audioOutput->bufferSize() - audioOutput->periodSize());
+    connect(playback, &PlaybackBuffer::firstTaken, this, [this, playback, startMs] {
+        if (playback == audioBuffer) {
+            judgeOnset(playback->ageMs() - startMs);
+        }
+    });
+    connect(playback, &PlaybackBuffer::ranDry, this, [this, playback] { noteGap(playback); });
     // Without a device the output has stopped by now, and reports nothing.
-    noteFailure(audioOutput->state() == QAudio::StoppedState && hasFailed(audioOutput));
+    if (audioOutput->state() == QAudio::StoppedState && hasFailed(audioOutput)) {
+        noteFailure(currentSound());
+    }
 }
 
 void MainWindow::handleStateChanged(QAudio::State state)
@@ -147,7 +162,7 @@ void MainWindow::handleStateChanged(QAudio::State state)
         return;
     }
     if (state == QAudio::StoppedState) {
-        warnOfError(audioOutput);
+        warnOfError(currentSound());
     } else if (state == QAudio::IdleState) {
         if (output != nullptr && isInterrupted(currentSound())) {
             noteInterruption(currentProgress);
@@ -169,17 +184,30 @@ void MainWindow::endCurrentSound()
     }
 }
 
-void MainWindow::warnOfError(const QAudioOutput* output)
+void MainWindow::warnOfError(const PlayedSound& sound)
 {
-    if (hasFailed(output)) {
+    if (hasFailed(sound.output) || isGone(sound.output)) {
         qWarning("Audio stopped unexpectedly");
-        noteFailure(true);
+        noteFailure(sound);
     }
 }
 
-void MainWindow::noteFailure(bool outputHasFailed)
+void MainWindow::noteFailure(const PlayedSound& sound)
 {
-    disturbances.hasOutputFailed = disturbances.hasOutputFailed || outputHasFailed;
+    disturbances.hasOutputFailed = disturbances.hasOutputFailed || sound.progress.interval > 0;
+}
+
+void MainWindow::noteGap(const QBuffer* buffer)
+{
+    if (buffer == audioBuffer) {
+        noteInterruption(currentProgress);
+        return;
+    }
+    for (PlayedSound& sound : soundsAside) {
+        if (sound.buffer == buffer) {
+            noteInterruption(sound.progress);
+        }
+    }
 }
 
 void MainWindow::noteInterruption(SoundProgress& progress)
@@ -200,8 +228,8 @@ void MainWindow::noteInterruption(SoundProgress& progress)
 // nothing more, and a server does not begin to play a queue that is shorter than its minimum.
 void MainWindow::lookAfterInterruptedSounds()
 {
-    if (currentProgress.isInterrupted && audioOutput != nullptr) {
-        PlayedSound sound = currentSound();
+    PlayedSound sound = currentSound();
+    if (isWatched(sound)) {
         const bool hasEnded = looksEnded(sound);
         currentProgress = sound.progress;
         if (hasEnded) {
@@ -209,14 +237,12 @@ void MainWindow::lookAfterInterruptedSounds()
         }
     }
     for (int i = soundsAside.size() - 1; i >= 0; --i) {
-        if (soundsAside[i].progress.isInterrupted && looksEnded(soundsAside[i])) {
+        if (isWatched(soundsAside[i]) && looksEnded(soundsAside[i])) {
             endSoundAside(i);
         }
     }
-    const bool isAnyLeft = currentProgress.isInterrupted
-        || std::any_of(soundsAside.cbegin(), soundsAside.cend(),
-            [](const PlayedSound& sound) { return sound.progress.isInterrupted; });
-    if (!isAnyLeft) {
+    if (!isWatched(currentSound())
+        && std::none_of(soundsAside.cbegin(), soundsAside.cend(), isWatched)) {
         timerInterruption->stop();
     }
 }
@@ -239,7 +265,7 @@ PlayedSound MainWindow::takeCurrentSound()
 bool MainWindow::plays(const PlayedSound& sound)
 {
     return sound.output != nullptr && sound.output->state() != QAudio::StoppedState
-        && !sound.bytes->isEmpty();
+        && !isGone(sound.output) && !sound.bytes->isEmpty();
 }
 
 // Sounds of an abandoned trial do not count: no trial waits for them.
@@ -253,6 +279,11 @@ bool MainWindow::isUnfinished(const PlayedSound& sound)
 void MainWindow::putCurrentSoundAside()
 {
     constexpr int mostSoundsAside = 8; // streams must not pile up when no end is reported
+    for (int i = soundsAside.size() - 1; i >= 0; --i) {
+        if (isGone(soundsAside[i].output)) {
+            release(soundsAside.takeAt(i));
+        }
+    }
     const PlayedSound sound = takeCurrentSound();
     if (!plays(sound)) {
         release(sound);
@@ -274,8 +305,8 @@ void MainWindow::handleSoundAside(QAudioOutput* output, QAudio::State state)
     }
     const int index = static_cast<int>(found - soundsAside.begin());
     if (state == QAudio::StoppedState) {
-        warnOfError(output);
         const PlayedSound sound = soundsAside.takeAt(index);
+        warnOfError(sound);
         release(sound);
         resumePacing(sound.progress);
     } else if (isInterrupted(*found)) {
@@ -311,6 +342,9 @@ void MainWindow::forgetTrialOfSounds()
 // the event loop, and the pending deletion would delete it a second time.
 void MainWindow::release(const PlayedSound& sound)
 {
+    if (isGone(sound.output)) {
+        warnOfError(sound);
+    }
     silence(sound);
     if (sound.output != nullptr) {
         sound.output->disconnect(this);

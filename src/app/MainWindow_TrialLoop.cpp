@@ -26,6 +26,9 @@ namespace {
 // A start that takes longer was blocked by the server: PipeWire takes up to 14 ms, PulseAudio 1 ms.
 constexpr double mostStartMs = 25.0;
 
+// After its start an output takes its first samples, unless this thread stands still.
+constexpr double usualOnsetMs = 20.0;
+
 } // namespace
 
 void MainWindow::makeTrialLoop()
@@ -143,11 +146,9 @@ void MainWindow::playOneSound()
     currentProgress.interval = isSound ? soundIndex + 1 : 0;
     startSound(isSound ? nextPcm() : QByteArray());
     const bool wasBlocked = pacingTimeMs() - tickMs > mostStartMs;
-    if (isPaced && wasBlocked
-        && std::any_of(soundsAside.cbegin(), soundsAside.cend(), isUnfinished)) {
+    if (isPaced && wasBlocked && waitAnew()) {
         release(takeCurrentSound());
         pacing = pacingBefore;
-        waitForSound();
         return;
     }
     ++soundIndex;
@@ -195,11 +196,9 @@ void MainWindow::judgeStart(double latenessMs, bool wasBlocked)
     }
 }
 
-// An output takes its first samples 20 ms after it was started, unless this thread stands still.
 void MainWindow::judgeOnset(double delayMs)
 {
-    constexpr double usualDelayMs = 20.0;
-    const double latenessMs = delayMs - usualDelayMs;
+    const double latenessMs = delayMs - usualOnsetMs;
     if (!SoundPacing::isTooMuch(latenessMs) || currentProgress.interval == 0) {
         return;
     }
@@ -228,7 +227,8 @@ bool MainWindow::mustWaitForSound(double tickMs)
 {
     constexpr double patienceMs = 5000.0;
     const auto* const playback = qobject_cast<const PlaybackBuffer*>(audioBuffer);
-    const bool isBehind = pacing.isLate(tickMs) || (playback != nullptr && playback->isOverdue());
+    const bool isBehind = pacing.isLate(tickMs)
+        || (playback != nullptr && playback->isOverdue(usualOnsetMs + mostStartMs));
     const auto holdsUp = [isBehind](const PlayedSound& sound) {
         return isUnfinished(sound) && (isBehind || sound.progress.isInterrupted);
     };
@@ -239,6 +239,24 @@ bool MainWindow::mustWaitForSound(double tickMs)
     }
     waitsForSound = mustWait && tickMs - waitingSinceMs <= patienceMs;
     return waitsForSound;
+}
+
+// A server that blocks a start has stood still, and plays the rest of an earlier sound when it goes
+// on. One that does so again and again must not keep the trial for ever.
+bool MainWindow::waitAnew()
+{
+    constexpr int mostWaitsAnew = 3;
+    bool waits = false;
+    for (PlayedSound& sound : soundsAside) {
+        if (isUnfinished(sound) && sound.progress.nWaitsAnew < mostWaitsAnew) {
+            ++sound.progress.nWaitsAnew;
+            waits = true;
+        }
+    }
+    if (waits) {
+        waitForSound();
+    }
+    return waits;
 }
 
 void MainWindow::waitForSound()

@@ -11,9 +11,10 @@ PlaybackBuffer::PlaybackBuffer(QByteArray* bytes, double bytesPerMs)
     m_clock.start();
 }
 
-bool PlaybackBuffer::isOverdue() const
+bool PlaybackBuffer::isOverdue(double mostOnsetMs) const
 {
-    return !atEnd() && ageMs() > static_cast<double>(size()) / m_bytesPerMs;
+    const double lengthMs = static_cast<double>(size()) / m_bytesPerMs;
+    return !atEnd() && ageMs() > lengthMs + (pos() == 0 ? mostOnsetMs : 0.0);
 }
 
 double PlaybackBuffer::ageMs() const
@@ -24,16 +25,27 @@ double PlaybackBuffer::ageMs() const
 
 qint64 PlaybackBuffer::readData(char* data, qint64 maxSize)
 {
+    const qint64 nBefore = pos();
     const qint64 nTaken = QBuffer::readData(data, maxSize);
     if (nTaken > 0) {
-        const double nowMs = ageMs();
-        const bool isFirst = pos() == 0;
-        m_hasRunDry = m_hasRunDry || (!isFirst && nowMs > m_earliestEndMs);
-        m_earliestEndMs
-            = std::max(m_earliestEndMs, nowMs) + static_cast<double>(nTaken) / m_bytesPerMs;
-        if (isFirst) {
-            emit firstTaken();
-        }
+        noteTaken(nBefore, nTaken);
     }
     return nTaken;
+}
+
+void PlaybackBuffer::noteTaken(qint64 nBefore, qint64 nTaken)
+{
+    const double nowMs = ageMs();
+    const bool hasBegun = nBefore > 0 && nBefore >= std::min(size(), m_bytesToBegin);
+    const bool isDry = hasBegun && nowMs > m_earliestEndMs;
+    const double fromMs = hasBegun ? std::max(m_earliestEndMs, nowMs) : nowMs;
+    const qint64 nAhead = hasBegun ? nTaken : nBefore + nTaken;
+    m_earliestEndMs = fromMs + static_cast<double>(nAhead) / m_bytesPerMs;
+    if (nBefore == 0) {
+        emit firstTaken();
+    }
+    if (isDry && !m_hasRunDry) {
+        m_hasRunDry = true;
+        emit ranDry();
+    }
 }

@@ -6,7 +6,7 @@
 
 /// The bytes of one sound on their way to an output, with the times at which the output took them.
 /// From these it follows whether the output must have run dry: nothing is heard before it was
-/// taken, nor faster than in real time.
+/// taken, nor faster than in real time, nor before the output has enough to begin.
 class PlaybackBuffer : public QBuffer {
     Q_OBJECT
 
@@ -15,23 +15,29 @@ public:
     /// @param bytesPerMs of its format; must be above 0
     PlaybackBuffer(QByteArray* bytes, double bytesPerMs);
 
-    /// Whether more was taken at a time when all that had been taken before must have been heard.
-    bool hasRunDry() const { return m_hasRunDry; }
+    /// How many bytes the output takes before it begins to play, unless the sound has fewer; 0
+    /// until it is set: it may begin with the first.
+    void setBytesToBegin(qint64 nBytes) { m_bytesToBegin = nBytes; }
     /// Whether something is left to take although the time that the whole sound lasts has passed
-    /// since the buffer was made.
-    bool isOverdue() const;
+    /// since the buffer was made; with so much more time until the first bytes are taken.
+    bool isOverdue(double mostOnsetMs) const;
     /// ms since the buffer was made.
     double ageMs() const;
 
 signals:
     /// The output takes its first bytes.
     void firstTaken();
+    /// The output takes more at a time when all that it took before must have been heard. Once.
+    void ranDry();
 
 protected:
     qint64 readData(char* data, qint64 maxSize) override;
 
 private:
+    void noteTaken(qint64 nBefore, qint64 nTaken);
+
     double m_bytesPerMs;
+    qint64 m_bytesToBegin = 0;
     QElapsedTimer m_clock;
     double m_earliestEndMs = 0.0; ///< of what was taken so far, on the clock
     bool m_hasRunDry = false;

@@ -12,6 +12,7 @@ struct SoundProgress {
     int interval = 0; ///< 1 to 4 in the trial under way; 0: that of no trial
     bool isInterrupted = false;
     bool isLate = false;
+    int nWaitsAnew = 0; ///< how often the wait began anew, since the server stood still meanwhile
     int bytesFree = -1; ///< in the output's queue, at the last look at an interrupted sound
     int nLooksStill = 0; ///< looks in a row at which the queue had not moved
     int nResumptions = 0;

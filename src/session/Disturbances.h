@@ -10,6 +10,7 @@ struct Disturbances {
     int lateSounds = 0; ///< whose tick or first samples came more than 10 ms late, or whose
                         ///< start was blocked for more than 25 ms
     int worstLatenessMs = 0; ///< of the late sounds, in ms rounded up; 0 without any
-    bool hasOutputFailed = false; ///< an output stopped with an error: a sound may be missing
+    bool hasOutputFailed = false; ///< an output of the trial stopped with an error, or its stream
+                                  ///< was gone: a sound may be missing
 };
 Q_DECLARE_TYPEINFO(Disturbances, Q_PRIMITIVE_TYPE);

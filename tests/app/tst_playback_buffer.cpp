@@ -4,6 +4,7 @@
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -33,37 +34,81 @@ private slots:
     {
         QByteArray sound(nBytes, 'x');
         PlaybackBuffer buffer(&sound, 1e-6);
+        const QSignalSpy dry(&buffer, &PlaybackBuffer::ranDry);
         QVERIFY(buffer.open(QIODevice::ReadOnly));
         for (int i = 0; i < nBytes; ++i) {
             buffer.read(1);
         }
-        QVERIFY(!buffer.hasRunDry());
-        QVERIFY(!buffer.isOverdue());
+        QCOMPARE(dry.size(), 0);
+        QVERIFY(!buffer.isOverdue(0.0));
     }
 
     // At 1e9 bytes in a millisecond each byte has been heard when the next is taken.
-    void output_hasRunDry_whenItTookAPartTooLate()
+    void output_hasRunDryOnce_whenItTookPartsTooLate()
     {
         QByteArray sound(nBytes, 'x');
         PlaybackBuffer buffer(&sound, 1e9);
+        const QSignalSpy dry(&buffer, &PlaybackBuffer::ranDry);
         QVERIFY(buffer.open(QIODevice::ReadOnly));
         buffer.read(1);
-        QVERIFY(!buffer.hasRunDry());
-        QVERIFY(buffer.isOverdue());
+        QCOMPARE(dry.size(), 0);
+        QVERIFY(buffer.isOverdue(0.0));
         buffer.read(1);
-        QVERIFY(buffer.hasRunDry());
+        QCOMPARE(dry.size(), 1);
         buffer.read(nBytes);
-        QVERIFY(buffer.hasRunDry());
-        QVERIFY(!buffer.isOverdue());
+        QCOMPARE(dry.size(), 1);
+        QVERIFY(!buffer.isOverdue(0.0));
+    }
+
+    void output_cannotRunDry_beforeItHasEnoughToBegin()
+    {
+        QByteArray sound(nBytes, 'x');
+        PlaybackBuffer buffer(&sound, 1e9);
+        const QSignalSpy dry(&buffer, &PlaybackBuffer::ranDry);
+        buffer.setBytesToBegin(3);
+        QVERIFY(buffer.open(QIODevice::ReadOnly));
+        buffer.read(1);
+        buffer.read(1);
+        buffer.read(1);
+        QCOMPARE(dry.size(), 0);
+        buffer.read(1);
+        QCOMPARE(dry.size(), 1);
+    }
+
+    void soundShorterThanTheQueue_cannotRunDry()
+    {
+        QByteArray sound(nBytes, 'x');
+        PlaybackBuffer buffer(&sound, 1e9);
+        const QSignalSpy dry(&buffer, &PlaybackBuffer::ranDry);
+        buffer.setBytesToBegin(nBytes + 1);
+        QVERIFY(buffer.open(QIODevice::ReadOnly));
+        buffer.read(nBytes / 2);
+        buffer.read(nBytes / 2);
+        QVERIFY(buffer.atEnd());
+        QCOMPARE(dry.size(), 0);
+    }
+
+    // An hour.
+    void sound_isNotOverdue_whileItsFirstBytesMayStillBeTaken()
+    {
+        constexpr double mostOnsetMs = 3.6e6;
+        QByteArray sound(nBytes, 'x');
+        PlaybackBuffer buffer(&sound, 1e9);
+        QVERIFY(buffer.open(QIODevice::ReadOnly));
+        QVERIFY(!buffer.isOverdue(mostOnsetMs));
+        buffer.read(1);
+        QVERIFY(buffer.isOverdue(mostOnsetMs));
     }
 
     void emptySound_isNeverOverdue()
     {
         QByteArray sound;
         PlaybackBuffer buffer(&sound, 1e9);
+        const QSignalSpy dry(&buffer, &PlaybackBuffer::ranDry);
         QVERIFY(buffer.open(QIODevice::ReadOnly));
-        QVERIFY(!buffer.isOverdue());
-        QVERIFY(!buffer.hasRunDry());
+        QVERIFY(!buffer.isOverdue(0.0));
+        QCOMPARE(buffer.read(1), QByteArray());
+        QCOMPARE(dry.size(), 0);
     }
 };
 

@@ -95,6 +95,30 @@ private slots:
         QVERIFY(Probe::timerReaction(trial.window)->isValid());
     }
 
+    // Qt does not report that the stream is gone, and the sound never ends.
+    void soundWhoseSinkIsTaken_isTold_andHoldsNothingUp()
+    {
+        constexpr int patienceMs = 5000; // of a trial that waits for a sound's end
+        const QString line("Audio stopped unexpectedly");
+        tolerateWarning(QRegularExpression("^\"Stream error: "));
+        announceWarning(line);
+        SoundRecorder recorder(m_server);
+        QVERIFY2(recorder.start(), qPrintable(recorder.errorText()));
+        DisturbedTrial trial;
+        trial.disturb = [&](int state) {
+            if (state == 2) {
+                QTimer::singleShot(100, &trial.window, [this] {
+                    m_server.removeSink();
+                    m_server.addSink();
+                });
+            }
+        };
+        QVERIFY(trial.play());
+        QCOMPARE(trial.states(), QVector<int>({1, 2, 3, 4, -1}));
+        QVERIFY(trial.window.trialDisturbances().hasOutputFailed);
+        QVERIFY(trial.window.trialDisturbances().worstLatenessMs < patienceMs);
+    }
+
     // The next sound comes a whole period after the late one.
     void lateSounds_areTold_whenStartBlocks()
     {

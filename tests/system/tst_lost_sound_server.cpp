@@ -185,6 +185,7 @@ private slots:
         driver.startSound();
         m_lab->server.removeSink();
         QTRY_VERIFY_WITH_TIMEOUT(QAudioDeviceInfo::defaultOutputDevice().isNull(), timeoutMs);
+        announceWarning(stopped);
         announceWarning("using null output device, none available");
         driver.startSound();
         QCOMPARE(Probe::audioOutput(window)->error(), QAudio::OpenError);

@@ -136,6 +136,7 @@ private slots:
     void trial_isEndedFromOutside_whenItsDeviceWasPulledOut()
     {
         tolerateWarning(QRegularExpression("^\"Stream error: "));
+        announceWarning(QString("Audio stopped unexpectedly"));
         const QTemporaryDir folder;
         MainWindow window;
         FlightRecorder recorder(window, folder.path(), 11);
