@@ -39,15 +39,24 @@ Complaint readRecordAt(const QString& path, bool isUnchecked, RunRecord& run)
     return isUnchecked ? Complaint() : Complaint {found.line, found.text};
 }
 
-/// The results file that the recorder wrote itself, if it is whole.
+QString rescuedName(const QString& path)
+{
+    return QFileInfo(path).completeBaseName() + "_rescued.txt";
+}
+
+/// The results file that the recorder wrote itself, or one that was rescued before, if it is whole.
 QString resultsThatAreThere(const QString& path, const RunRecord& run, const QByteArray& results)
 {
     const auto* const saved = std::get_if<RunSaved>(&run.end);
-    QByteArray there;
-    if (saved == nullptr || !readWhole(pathBeside(path, saved->resultsFile), there).isEmpty()) {
-        return {};
+    for (const QString& name :
+        {saved == nullptr ? QString() : saved->resultsFile, rescuedName(path)}) {
+        QByteArray there;
+        if (!name.isEmpty() && readWhole(pathBeside(path, name), there).isEmpty()
+            && there == results) {
+            return name;
+        }
     }
-    return there == results ? saved->resultsFile : QString();
+    return {};
 }
 
 Complaint rescue(const QString& path, bool isUnchecked, QString& told)
@@ -68,7 +77,7 @@ Complaint rescue(const QString& path, bool isUnchecked, QString& told)
         told = QString("%1: all its trials are in %2").arg(path, there);
         return {};
     }
-    const QString target = pathBeside(path, QFileInfo(path).completeBaseName() + "_rescued.txt");
+    const QString target = pathBeside(path, rescuedName(path));
     const QString error = writeOutput({target, OutputFile::Kind::unmarked, {}, false}, results);
     told = QString("%1: trials: %2, of %3, %4")
                .arg(target, QString::number(answered.records.size()), path,

@@ -70,6 +70,21 @@ private slots:
         QCOMPARE(contentOf(folder.path(files.name + "_rescued.txt")), files.results);
     }
 
+    void rescue_isDone_whenItWasDoneBefore()
+    {
+        const RunFiles files = abandonedRun();
+        const Folder folder;
+        folder.put("a.jsonl", files.record);
+        QVERIFY(folder.rescue("a.jsonl").isGood);
+        const QByteArray rescued = contentOf(folder.path("a_rescued.txt"));
+        const Reading again = folder.rescue("a.jsonl");
+        QVERIFY(again.isGood);
+        QCOMPARE(again.told, QStringList("a.jsonl: all its trials are in a_rescued.txt"));
+        folder.put("a_rescued.txt", rescued.chopped(1));
+        QVERIFY(!folder.rescue("a.jsonl").isGood);
+        QCOMPARE(contentOf(folder.path("a_rescued.txt")), rescued.chopped(1));
+    }
+
     void rescue_refusesAContradiction_unlessItIsUnchecked()
     {
         const RunFiles& files = recordedRun();
@@ -96,7 +111,8 @@ private slots:
         QCOMPARE(rescued.output,
             QString("./a_rescued.txt: trials: 2, of a.jsonl, abandoned after trial 2: the "
                     "listener's window was closed\n"));
-        QCOMPARE(bench.report({"--rescue", "a.jsonl"}).status, 1);
+        QCOMPARE(bench.report({"--rescue", "a.jsonl"}).output,
+            QString("a.jsonl: all its trials are in a_rescued.txt\n"));
         const Outcome wrong = bench.report({"--rescue", "--csv", "x.csv", "a.jsonl"});
         QCOMPARE(wrong.status, 2);
         QCOMPARE(wrong.errors,
