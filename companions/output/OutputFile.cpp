@@ -141,6 +141,10 @@ QString makerText()
 
 QString outputObstacle(const OutputFile& file)
 {
+    if (file.path == "-") {
+        return "-: standard output does not take this: give a file's name, or ./- for a file of "
+               "this name";
+    }
     switch (placeAt(QFile::encodeName(file.path))) {
     case Place::file:
         return obstacleOfFile(file);

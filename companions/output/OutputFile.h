@@ -24,8 +24,8 @@ struct OutputFile {
 QString makerText();
 
 /// What keeps a file from being written, as far as can be told before: it is there and may not be
-/// replaced, or is no file, character device or pipe, or its folder does not exist. Empty if
-/// nothing does.
+/// replaced, or is no file, character device or pipe, or its folder does not exist. Nor is "-" a
+/// file's name. Empty if nothing does.
 QString outputObstacle(const OutputFile& file);
 
 /// Writes a whole file. It appears complete or not at all, and no file that somebody else makes in

@@ -184,6 +184,18 @@ private slots:
             folder.path() + ": is a folder: give a file's name");
     }
 
+    void dash_isRefused_butNotAsAFilesName()
+    {
+        const QTemporaryDir folder;
+        const QString before = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(folder.path()));
+        QVERIFY(writeOutput({"-", Kind::table, headings, true}, table)
+                    .startsWith("-: standard output does not take this: give a file's name"));
+        QCOMPARE(writeOutput({"./-", Kind::table, headings, false}, table), QString());
+        QVERIFY(QDir::setCurrent(before));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList("-"));
+    }
+
     void socket_isRefused()
     {
         const Folder folder;
