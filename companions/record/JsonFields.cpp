@@ -143,6 +143,11 @@ QJsonValue asJson(const Data& value)
 }
 
 // A value that is undefined leaves no key in an object.
+QJsonValue asJson(const std::optional<QString>& value)
+{
+    return value ? QJsonValue(*value) : QJsonValue(QJsonValue::Undefined);
+}
+
 QJsonValue asJson(const std::optional<ProtocolPlace>& value)
 {
     if (!value) {
@@ -255,6 +260,12 @@ bool readJson(const QJsonValue& json, Data& value)
     }
     value = read;
     return true;
+}
+
+bool readJson(const QJsonValue& json, std::optional<QString>& value)
+{
+    value = json.isString() ? std::optional(json.toString()) : std::nullopt;
+    return json.isString() || json.isUndefined();
 }
 
 bool readJson(const QJsonValue& json, std::optional<ProtocolPlace>& value)

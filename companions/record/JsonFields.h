@@ -13,8 +13,9 @@
 #include <optional>
 
 // One field of a line to JSON and back. A double that is not finite, for which JSON has no number,
-// is one of the texts "nan", "inf" and "-inf". A run of no protocol has no such key at all. Reading
-// changes the field only if the value is one of its kind, and says whether it is.
+// is one of the texts "nan", "inf" and "-inf". A place in a protocol, or a text, that is not there
+// has no key. Reading changes the field only if the value is one of its kind, and says whether it
+// is.
 
 QJsonValue asJson(bool value);
 QJsonValue asJson(int value);
@@ -29,6 +30,7 @@ QJsonValue asJson(const QVector<QString>& value);
 QJsonValue asJson(const QJsonArray& value);
 QJsonValue asJson(const QJsonObject& value);
 QJsonValue asJson(const Data& value);
+QJsonValue asJson(const std::optional<QString>& value);
 QJsonValue asJson(const std::optional<ProtocolPlace>& value);
 
 bool readJson(const QJsonValue& json, bool& value);
@@ -44,6 +46,7 @@ bool readJson(const QJsonValue& json, QVector<QString>& value);
 bool readJson(const QJsonValue& json, QJsonArray& value);
 bool readJson(const QJsonValue& json, QJsonObject& value);
 bool readJson(const QJsonValue& json, Data& value);
+bool readJson(const QJsonValue& json, std::optional<QString>& value);
 bool readJson(const QJsonValue& json, std::optional<ProtocolPlace>& value);
 
 /// Fills an object from the fields that it is called with.

@@ -7,6 +7,7 @@
 #include "record/RecordReader.h"
 #include "session/AdaptedParameter.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -50,6 +51,12 @@ bool isSame(const std::optional<double>& a, const std::optional<double>& b)
 bool isAnInterval(int position)
 {
     return position == 2 || position == 3;
+}
+
+bool hasScreen(const QJsonArray& screens, const QString& name)
+{
+    return std::any_of(screens.begin(), screens.end(),
+        [&name](const QJsonValue& screen) { return screen.toObject().value("name") == name; });
 }
 
 void addAnswer(Data& data, const RecordedTrial& trial)
@@ -104,6 +111,8 @@ private:
             "the type of sound has another name than number");
         demand(begun.mainParameter == known.mainParameters.value(begun.go.mainParameter),
             "the main parameter has another name than number");
+        demand(!begun.listenerScreen || hasScreen(begun.screens, *begun.listenerScreen),
+            "the listener's screen is not one of the screens");
         demand(!begun.protocol || begun.protocol->subject == begun.go.subCode,
             "the protocol's subject is not that of the run");
     }

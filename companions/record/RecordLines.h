@@ -50,6 +50,8 @@ struct RunBegun {
     QString time; ///< of Go, ISO 8601 with ms and the offset from UTC
     QString locale; ///< the program's
     QJsonArray screens; ///< name, geometry and so on of each
+    std::optional<QString> listenerScreen; ///< name of the one with the listener's window; records
+                                           ///< of earlier programs do not have it
     QJsonObject audio; ///< output device and, where it can be asked, the sound server
     qint64 seed = 1; ///< that the generator was seeded with before the window was made
     qint64 drawsBefore = 0; ///< draws from it between that and the View whose sounds are used
@@ -69,6 +71,7 @@ struct RunBegun {
         visit("time", self.time);
         visit("locale", self.locale);
         visit("screens", self.screens);
+        visit("listener_screen", self.listenerScreen);
         visit("audio", self.audio);
         visit("seed", self.seed);
         visit("draws_before", self.drawsBefore);

@@ -3,6 +3,7 @@
 #include "session/RunSettings.h"
 
 #include "app/MainWindow.h"
+#include "subject/SubjectWindow.h"
 
 #include <QAudioDeviceInfo>
 #include <QCoreApplication>
@@ -31,6 +32,13 @@ QJsonArray describedScreens()
         screens.append(describedScreen(*screen));
     }
     return screens;
+}
+
+// Where the window system has not shown the window yet, it counts to the screen that it came from.
+QString screenOf(const QWidget& window)
+{
+    const QScreen* const screen = QGuiApplication::screenAt(window.geometry().center());
+    return screen == nullptr ? window.screen()->name() : screen->name();
 }
 
 // The server must not hold up the start of a run for long.
@@ -102,6 +110,10 @@ RunBegun runSettings(const MainWindow& window)
     run.time = timeWithOffset();
     run.locale = QLocale().name();
     run.screens = describedScreens();
+    const QList<SubjectWindow*> listeners = window.findChildren<SubjectWindow*>();
+    if (!listeners.isEmpty()) {
+        run.listenerScreen = screenOf(*listeners.constLast());
+    }
     run.audio = describedAudio();
     run.sessionType = data.sesTypes.value(data.sesType);
     run.soundType = data.soundTypes.value(data.soundType);

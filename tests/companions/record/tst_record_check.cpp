@@ -103,6 +103,8 @@ private slots:
         row({"run", 1}, "sound_type", "noise ", "the type of sound has another name than number");
         row({"run", 1}, "main_parameter", "carrier frequency",
             "the main parameter has another name than number");
+        row({"run", 1}, "listener_screen", "HDMI-7",
+            "the listener's screen is not one of the screens");
         row({"trial", 1}, "value", 0.25,
             "the value is 0.25, and 0.5 follows from the lines before");
         row({"trial", 2}, "value", 0.5,

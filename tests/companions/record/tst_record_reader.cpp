@@ -103,6 +103,18 @@ private slots:
         }
     }
 
+    void screenOfTheListener_isReadAsItWasWritten_orIsMissing()
+    {
+        RunBegun begun;
+        QVERIFY(!bytesOf(begun).contains("listener_screen"));
+        QVERIFY(!readRecord(bytesOf(begun)).run.begun.listenerScreen.has_value());
+        begun.listenerScreen = "HDMI-1";
+        QCOMPARE(
+            readRecord(bytesOf(begun)).run.begun.listenerScreen, std::optional<QString>("HDMI-1"));
+        QCOMPARE(readRecord(bytesOf(begun).replace("\"HDMI-1\"", "7")).error,
+            QString(R"("run": "listener_screen" is missing or of a wrong kind)"));
+    }
+
     void cutLine_isLeftOutAndTold_whereverItIsCut()
     {
         const QByteArray bytes = runBytes();

@@ -11,6 +11,7 @@
 
 #include <QCryptographicHash>
 #include <QProcess>
+#include <QScreen>
 
 using namespace quorin;
 
@@ -93,7 +94,7 @@ private slots:
                                   "for line in map(json.loads, open(sys.argv[2])):\n"
                                   "    validator.validate(line)\n"
                                   "    seen.add(line['event'])\n"
-                                  "    for key in line.keys() - {'protocol'}:\n"
+                                  "    for key in line.keys() - {'protocol', 'listener_screen'}:\n"
                                   "        less = dict(line)\n"
                                   "        del less[key]\n"
                                   "        assert not validator.is_valid(less), key\n"
@@ -120,6 +121,8 @@ private slots:
         QCOMPARE(line["go"].toObject()["nSamples"].toArray(), QJsonArray({400, 400}));
         QCOMPARE(line["go"].toObject()["dur"].toArray(), QJsonArray({0.01, 0.01}));
         QCOMPARE(line["screens"].toArray().first().toObject()["width"].toInt(), 800);
+        QCOMPARE(line["listener_screen"].toString(), QGuiApplication::primaryScreen()->name());
+        QVERIFY(line.contains("listener_screen"));
         QCOMPARE(line["locale"].toString(), QLocale().name());
         QCOMPARE(line["qt_version"].toString(), QString(qVersion()));
         QVERIFY(line["audio"].toObject().contains("device"));

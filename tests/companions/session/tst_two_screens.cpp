@@ -2,6 +2,7 @@
 // The listener's window on a second screen, which may go away and come back.
 #include "drivers/RunDriver.h"
 #include "session/ListenerScreen.h"
+#include "session/RunSettings.h"
 #include "session/TextWindow.h"
 #include "support/ModalBoxes.h"
 #include "support/TestProgram.h"
@@ -39,6 +40,7 @@ private:
     std::unique_ptr<ListenerScreen> m_listenerScreen;
     std::unique_ptr<RunDriver> m_driver;
     std::unique_ptr<QSignalSpy> m_moved;
+    QString m_recordedScreen; ///< of the listener's window, right after Go
 
     SubjectWindow& listener() { return *Probe::subjectWindow(*m_window); }
     QPoint onTheMainWindow() const { return m_window->mapToGlobal(QPoint(30, 30)); }
@@ -52,6 +54,7 @@ private:
         m_window->show();
         QVERIFY(m_screen->becomesUsable(*m_window));
         m_driver->open();
+        m_recordedScreen = runSettings(*m_window).listenerScreen.value_or(QString());
         QVERIFY(m_screen->becomesUsable(listener()));
     }
 
@@ -114,6 +117,7 @@ private slots:
         QVERIFY(m_screen->press("Return"));
         QTRY_COMPARE(Probe::data(*m_window).nTrials, 1);
         QCOMPARE(m_moved->size(), 0);
+        QCOMPARE(m_recordedScreen, QString("DUMMY1"));
     }
 
     void listenersWindow_fillsItsScreen_whenItIsToldTo()
@@ -121,6 +125,7 @@ private slots:
         open({"DUMMY1", true, false});
         QTRY_COMPARE(listener().geometry(), second);
         QVERIFY(ManagedScreen::isInFront(*m_window));
+        QCOMPARE(m_recordedScreen, QString("DUMMY1"));
     }
 
     void cover_isOnTheListenersScreenAlone()
