@@ -4,6 +4,7 @@
 
 #include "procedure/RunResults.h"
 #include "procedure/StaircaseRule.h"
+#include "record/FigureTexts.h"
 #include "record/RecordReader.h"
 #include "session/AdaptedParameter.h"
 
@@ -14,23 +15,6 @@
 using namespace quorin;
 
 namespace {
-
-constexpr int nSounds = 4;
-
-QString textOf(double number)
-{
-    return QString::number(number, 'g', QLocale::FloatingPointShortest);
-}
-
-QString textOf(int number)
-{
-    return QString::number(number);
-}
-
-QString textOf(const std::optional<double>& number)
-{
-    return number ? textOf(*number) : "none";
-}
 
 bool isSame(double a, double b)
 {
@@ -135,14 +119,15 @@ private:
             m_line = trial.soundLines[i];
             compare("the interval", sound.interval, i + 1);
             checkTime(sound.atMs);
-            const bool isStandard = i < nSounds && sound.interval != trial.begun.position;
+            const bool isStandard = i < soundsPerTrial && sound.interval != trial.begun.position;
             demand(!isStandard || sound.sha256 == trial.sounds[0].sha256,
                 QString("the samples are not those of the first interval, and the deviant is in %1")
                     .arg(trial.begun.position));
         }
         if (trial.allowed) {
             m_line = trial.allowedLine;
-            demand(trial.sounds.size() >= nSounds, "the answer is allowed before four sounds");
+            demand(
+                trial.sounds.size() >= soundsPerTrial, "the answer is allowed before four sounds");
             checkTime(trial.allowed->atMs);
         }
     }

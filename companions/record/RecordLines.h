@@ -12,6 +12,12 @@
 // The lines of a run's record, one struct a kind. Each names its event, and its fields with their
 // keys; docs/session-records.md says what they mean. Times atMs are in ms since Go.
 
+namespace quorin {
+
+constexpr int soundsPerTrial = 4;
+
+} // namespace quorin
+
 /// Which of a protocol's runs a run is.
 struct ProtocolPlace {
     QString file; ///< the protocol's name, without its folder

@@ -3,16 +3,13 @@
 #include "session/LastSound.h"
 
 #include "app/MainWindow.h"
+#include "record/RecordLines.h"
 
 #include <QAudioOutput>
 #include <QEvent>
 #include <QTimer>
 
-namespace {
-
-constexpr int lastInterval = 4;
-
-} // namespace
+using namespace quorin;
 
 // The timer that paces the sounds is the window's only precise one.
 LastSound::LastSound(MainWindow& window)
@@ -48,7 +45,7 @@ void LastSound::noteStart(int interval, QAudioOutput* output)
 {
     m_output = output;
     m_isLost = false;
-    m_trial = interval == lastInterval ? m_window.sessionRecord().nTrials : 0;
+    m_trial = interval == soundsPerTrial ? m_window.sessionRecord().nTrials : 0;
 }
 
 bool LastSound::isAwaited() const

@@ -6,6 +6,7 @@
 #include "app/TrialSequence.h"
 #include "procedure/RunResults.h"
 #include "procedure/StaircaseRule.h"
+#include "record/FigureTexts.h"
 #include "session/AdaptedParameter.h"
 #include "session/RandomDraws.h"
 #include "signal/SignalToolkit.h"
@@ -16,33 +17,6 @@
 using namespace quorin;
 
 namespace {
-
-constexpr int nSounds = 4;
-
-QString textOf(double number)
-{
-    return QString::number(number, 'g', QLocale::FloatingPointShortest);
-}
-
-QString textOf(int number)
-{
-    return QString::number(number);
-}
-
-QString textOf(bool truth)
-{
-    return truth ? "yes" : "no";
-}
-
-QString textOf(const QString& text)
-{
-    return text;
-}
-
-QString textOf(const std::optional<double>& number)
-{
-    return number ? textOf(*number) : "none";
-}
 
 /// The windows' computation of a run, answer by answer.
 class Recomputation {
@@ -97,9 +71,9 @@ private:
 
     void compareSounds(const RecordedTrial& trial)
     {
-        const QVector<bool> sequence = trialSequence(nSounds, m_data.deviantPosition);
+        const QVector<bool> sequence = trialSequence(soundsPerTrial, m_data.deviantPosition);
         for (const SoundStarted& sound : trial.sounds) {
-            const bool isSound = sound.interval >= 1 && sound.interval <= nSounds;
+            const bool isSound = sound.interval >= 1 && sound.interval <= soundsPerTrial;
             const QString digest = isSound
                 ? digestOf(sequence[sound.interval - 1] ? deviant : standard)
                 : digestOf(QByteArray());
