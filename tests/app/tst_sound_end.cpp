@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What happens when an output is idle or has stopped, and what is released then.
-#include "drivers/RunDriver.h"
+#include "RunningTrial.h"
+#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
-#include <QAudioOutput>
-#include <QBuffer>
 #include <QElapsedTimer>
 #include <QPointer>
 #include <QSignalSpy>
@@ -13,50 +12,6 @@
 namespace {
 
 const QString stopped("Audio stopped unexpectedly");
-
-bool holdsNoSound(MainWindow& window)
-{
-    return Probe::audioBytes(window) == nullptr && Probe::audioBuffer(window) == nullptr
-        && Probe::audioOutput(window) == nullptr;
-}
-
-void runDeferredDeletions()
-{
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
-// An output that still plays when the next sound starts, as the window keeps it: that of an
-// interval of the trial under way, or of no trial.
-QAudioOutput* addSoundAside(MainWindow& window, int interval = 0)
-{
-    auto* const bytes = new QByteArray(4, '\0');
-    auto* const buffer = new QBuffer(bytes);
-    buffer->open(QIODevice::ReadOnly);
-    auto* const output = new QAudioOutput(Probe::audioFormat(window), &window);
-    QObject::connect(output, SIGNAL(stateChanged(QAudio::State)), &window,
-        SLOT(handleStateChanged(QAudio::State)));
-    Probe::soundsAside(window).append({bytes, buffer, output, {interval}});
-    return output;
-}
-
-// A window in a run whose trial has come to the given sound, which still plays.
-class RunningTrial {
-public:
-    explicit RunningTrial(int nSounds)
-        : driver(window)
-    {
-        driver.open();
-        driver.beReady();
-        for (int i = 1; i < nSounds; ++i) {
-            driver.startSound();
-            driver.endSound();
-        }
-        driver.startSound();
-    }
-
-    MainWindow window;
-    RunDriver driver;
-};
 
 } // namespace
 
@@ -211,82 +166,6 @@ private slots:
         }
         QCOMPARE(told, QList<QVariantList>() << (QVariantList() << -1));
         QVERIFY(holdsNoSound(window));
-    }
-
-    void soundAside_freesItself_andLeavesTheTrialAlone_data()
-    {
-        QTest::addColumn<int>("state");
-        QTest::addColumn<bool>("isFreed");
-        QTest::newRow("idle") << int(QAudio::IdleState) << true;
-        QTest::newRow("stopped") << int(QAudio::StoppedState) << true;
-        QTest::newRow("active") << int(QAudio::ActiveState) << false;
-        QTest::newRow("suspended") << int(QAudio::SuspendedState) << false;
-    }
-
-    void soundAside_freesItself_andLeavesTheTrialAlone()
-    {
-        QFETCH(int, state);
-        QFETCH(bool, isFreed);
-        tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
-        RunningTrial trial(4);
-        const QPointer<QAudioOutput> aside(addSoundAside(trial.window));
-        const QAudioOutput* const current = Probe::audioOutput(trial.window);
-        QSignalSpy told(&trial.window, SIGNAL(soundPlaying(int)));
-        emit aside->stateChanged(static_cast<QAudio::State>(state));
-        runDeferredDeletions();
-
-        QCOMPARE(aside.isNull(), isFreed);
-        QCOMPARE(Probe::soundsAside(trial.window).isEmpty(), isFreed);
-        QCOMPARE(told.count(), 0);
-        QCOMPARE(Probe::audioOutput(trial.window), current);
-        QVERIFY(Probe::audioBuffer(trial.window)->isOpen());
-        QVERIFY(Probe::timerPlay(trial.window)->isActive());
-        trial.driver.endSound();
-        QCOMPARE(told.count(), 1);
-    }
-
-    void fourthSound_endsTheTrial_whenATickHasPutItAside()
-    {
-        RunningTrial trial(4);
-        MainWindow& window = trial.window;
-        const QPointer<QAudioOutput> fourth(addSoundAside(window, 4));
-        trial.driver.startSound();
-        QCOMPARE(Probe::soundIndex(window), 5);
-        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
-        trial.driver.endSound(); // that of the empty sound
-        QCOMPARE(told.count(), 0);
-        QVERIFY(Probe::timerPlay(window)->isActive());
-
-        emit fourth->stateChanged(QAudio::IdleState);
-        QCOMPARE(told, QList<QVariantList>() << (QVariantList() << -1));
-        QVERIFY(!Probe::timerPlay(window)->isActive());
-        QCOMPARE(Probe::nReactionTimerStarts(window), 1);
-        QVERIFY(Probe::soundsAside(window).isEmpty());
-    }
-
-    void fourthSound_endsNoTrial_whenItsOutputStopped()
-    {
-        tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
-        RunningTrial trial(4);
-        const QPointer<QAudioOutput> fourth(addSoundAside(trial.window, 4));
-        trial.driver.startSound();
-        QSignalSpy told(&trial.window, SIGNAL(soundPlaying(int)));
-        emit fourth->stateChanged(QAudio::StoppedState);
-        QCOMPARE(told.count(), 0);
-        QVERIFY(Probe::timerPlay(trial.window)->isActive());
-    }
-
-    void fourthSound_endsNoTrial_butItsOwn()
-    {
-        RunningTrial trial(4);
-        MainWindow& window = trial.window;
-        const QPointer<QAudioOutput> fourth(addSoundAside(window, 4));
-        trial.driver.endSound();
-        trial.driver.answer(2);
-        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
-        emit fourth->stateChanged(QAudio::IdleState);
-        QCOMPARE(told.count(), 0);
-        QVERIFY(Probe::timerPlay(window)->isActive());
     }
 
     void disturbances_areToldForTheTrialAndForEachRecord()
