@@ -18,6 +18,12 @@ bool isWhole(const Data& answered)
     return !answered.records.isEmpty() && enoughReversals(answered);
 }
 
+// A device that was pulled out and put back in a trial leaves nothing but a sound without an end.
+bool mayHaveLostSounds(const RecordedTrial& trial)
+{
+    return trial.answer->hasOutputFailed || trial.ends.size() < quorin::soundsPerTrial;
+}
+
 void takeTrials(Run& run, const RunRecord& record)
 {
     for (const RecordedTrial& trial : record.trials) {
@@ -25,7 +31,7 @@ void takeTrials(Run& run, const RunRecord& record)
             const AnswerGiven& answer = *trial.answer;
             run.trialLines.append(trial.answerLine);
             run.disturbances.append({answer.interruptedSounds, answer.lateSounds,
-                answer.worstLatenessMs, answer.hasOutputFailed});
+                answer.worstLatenessMs, mayHaveLostSounds(trial)});
         }
     }
 }

@@ -290,6 +290,26 @@ private slots:
                 "b.jsonl:23: \"9\" is not a position from 1 to 4", "c.jsonl: the file is empty"}));
     }
 
+    void soundWithoutAnEnd_countsAsLost()
+    {
+        QByteArray record = recordedRun().record;
+        for (int trial = 1; trial <= 10; ++trial)
+            record = withAnswer(record, trial, "output_failed", false);
+        const Folder folder;
+        folder.put("a.jsonl", record);
+        QVERIFY(!flagNames(folder.read().runs.value(0)).contains("output failed"));
+        QByteArrayList lines = record.split('\n');
+        const auto isEnd = [](const QByteArray& line) {
+            return line.contains(R"("event":"ended")") && line.contains(R"("trial":3)");
+        };
+        lines.erase(std::find_if(lines.begin(), lines.end(), isEnd));
+        folder.put("a.jsonl", lines.join('\n'));
+        const Run run = folder.read().runs.value(0);
+        QCOMPARE(run.flags[0].name, QString("output failed"));
+        QCOMPARE(run.flags[0].seen,
+            QString("a failed sound output in 1 of 10 trials, the first is trial 3"));
+    }
+
     void disturbedTrials_areFlagged()
     {
         QByteArray record = recordedRun().record;
