@@ -103,11 +103,12 @@ bool PipeWireServer::makeFolders()
     if (m_rules.isEmpty())
         return true;
     QFile rules(m_rules);
-    if (rules.open(QIODevice::ReadOnly))
-        return write(m_folder.filePath(".config/pipewire/pipewire-pulse.conf.d/rules.conf"),
-            rules.readAll());
-    m_errorText = m_rules + ": " + rules.errorString();
-    return false;
+    if (!rules.open(QIODevice::ReadOnly)) {
+        m_errorText = m_rules + ": " + rules.errorString();
+        return false;
+    }
+    return write(
+        m_folder.filePath(".config/pipewire/pipewire-pulse.conf.d/rules.conf"), rules.readAll());
 }
 
 bool PipeWireServer::write(const QString& fileName, const QByteArray& text)
@@ -158,11 +159,11 @@ bool PipeWireServer::run(const QString& program, const QStringList& arguments)
 bool PipeWireServer::makeSink()
 {
     const QStringList server = {"--server", address()};
-    const QString rate = QString("rate=%1").arg(sampleRate);
+    const QString rateOfSink = QString("rate=%1").arg(sampleRate);
     if (!run("pactl",
             server
                 + QStringList {"load-module", "module-null-sink", QString("sink_name=") + sinkName,
-                    rate, "channels=1", "format=float32le"}))
+                    rateOfSink, "channels=1", "format=float32le"}))
         return false;
     const auto isDefault = [&] {
         return run("pactl", server + QStringList {"set-default-sink", sinkName})

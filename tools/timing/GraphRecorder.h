@@ -2,6 +2,7 @@
 #pragma once
 
 #include "timing/Recorder.h"
+#include "timing/SampleClock.h"
 
 #include <memory>
 
@@ -24,7 +25,9 @@ public:
 
     bool begin() override;
     void end() override;
+    const QVector<float>& samples() const override { return m_samples; }
     double timeMs(qint64 sample) const override;
+    QString errorText() const override { return m_errorText; }
 
 private:
     struct Stream;
@@ -36,4 +39,7 @@ private:
     int m_seconds;
     bool m_isAwake;
     std::unique_ptr<Stream> m_stream;
+    QVector<float> m_samples;
+    QVector<Arrival> m_arrivals;
+    QString m_errorText;
 };

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "timing/SampleClock.h"
-
 #include <QString>
 #include <QVector>
 
@@ -21,13 +19,8 @@ public:
     virtual void end() = 0;
 
     // To be read after end().
-    const QVector<float>& samples() const { return m_samples; }
+    virtual const QVector<float>& samples() const = 0;
     /// When a sample began to be played, ms of the monotonic clock.
     virtual double timeMs(qint64 sample) const = 0;
-    QString errorText() const { return m_errorText; }
-
-protected:
-    QVector<float> m_samples;
-    QVector<Arrival> m_arrivals;
-    QString m_errorText;
+    virtual QString errorText() const = 0;
 };

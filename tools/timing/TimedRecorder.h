@@ -2,6 +2,7 @@
 #pragma once
 
 #include "timing/Recorder.h"
+#include "timing/SampleClock.h"
 
 #include <QProcessEnvironment>
 #include <QString>
@@ -29,7 +30,9 @@ public:
 
     bool begin() override;
     void end() override;
+    const QVector<float>& samples() const override { return m_samples; }
     double timeMs(qint64 sample) const override;
+    QString errorText() const override { return m_errorText; }
 
 protected:
     void run() override;
@@ -37,4 +40,7 @@ protected:
 private:
     RecordingSource m_source;
     std::atomic<qint64> m_nSamples {0};
+    QVector<float> m_samples;
+    QVector<Arrival> m_arrivals;
+    QString m_errorText;
 };
