@@ -195,6 +195,7 @@ void FlightRecorder::noteEnd(int trial, int interval)
     if (!m_isRunning) {
         return;
     }
+    noteInterruption(trial, interval); // the output need not have reported it
     const Disturbances& disturbances = m_window.trialDisturbances();
     add(SoundEnded {trial, interval, disturbances.interruptedSounds > m_interruptedTold,
         disturbances.lateSounds > m_lateTold, nowMs()});
