@@ -24,6 +24,18 @@ SubjectWindow& listenerOf(const MainWindow& window)
     return *window.findChildren<SubjectWindow*>().constLast();
 }
 
+const QScreen& screenForBoxes(const MainWindow& window)
+{
+    const QList<SubjectWindow*> listeners = window.findChildren<SubjectWindow*>();
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    for (const QScreen* screen : screens) {
+        if (!listeners.isEmpty() && screen != listeners.constLast()->screen()) {
+            return *screen;
+        }
+    }
+    return *QGuiApplication::primaryScreen();
+}
+
 } // namespace
 
 FaultMessages::FaultMessages(FlightRecorder& recorder, MainWindow& window, StandardStreams& streams)
@@ -57,7 +69,7 @@ QMessageBox* FaultMessages::makeBox(const QString& fault, const QString& consequ
     box->setAttribute(Qt::WA_ShowWithoutActivating);
     box->setAttribute(Qt::WA_QuitOnClose, false); // what is in memory is saved at the end
     box->setModal(false);
-    box->move(QGuiApplication::primaryScreen()->availableGeometry().topLeft());
+    box->move(screenForBoxes(m_window).availableGeometry().topLeft());
     return box;
 }
 
@@ -70,22 +82,42 @@ void FaultMessages::tell(const QString& fault, const QString& consequence)
 void FaultMessages::askAboutTrial(int trial)
 {
     if (m_question != nullptr) {
+        uncoverQuestion();
         return;
     }
     m_question = makeBox(
         QString("The sound output failed in trial %1, which does not end by itself.").arg(trial),
         whatCanBeDone);
-    const auto* const goOn = m_question->addButton("Go on", QMessageBox::AcceptRole);
+    const auto* const goesOn = m_question->addButton("Go on", QMessageBox::AcceptRole);
     const auto* const end = m_question->addButton("End the run", QMessageBox::DestructiveRole);
-    const auto goOnWithRun = [this] {
-        bringListenerForward();
-        m_recorder.endLostTrial();
-    };
     SubjectWindow& listener = listenerOf(m_window);
-    connect(goOn, &QPushButton::clicked, this, goOnWithRun, Qt::QueuedConnection);
+    connect(goesOn, &QPushButton::clicked, this, &FaultMessages::goOn, Qt::QueuedConnection);
     connect(end, &QPushButton::clicked, &listener, &QWidget::close, Qt::QueuedConnection);
     connect(&listener, &SubjectWindow::subjectWindowClosed, m_question, &QObject::deleteLater);
     m_question->show();
+    uncoverQuestion();
+}
+
+// A window that fills the screen lies in front of all others.
+void FaultMessages::uncoverQuestion()
+{
+    SubjectWindow& listener = listenerOf(m_window);
+    if (listener.isFullScreen() && m_question->screen() == listener.screen()) {
+        m_wasFullScreen = true;
+        listener.setWindowState(listener.windowState() & ~Qt::WindowFullScreen);
+    }
+    m_question->raise();
+}
+
+void FaultMessages::goOn()
+{
+    SubjectWindow& listener = listenerOf(m_window);
+    if (m_wasFullScreen) {
+        m_wasFullScreen = false;
+        listener.setWindowState(listener.windowState() | Qt::WindowFullScreen);
+    }
+    bringListenerForward();
+    m_recorder.endLostTrial();
 }
 
 // A click on a box has taken the keyboard.

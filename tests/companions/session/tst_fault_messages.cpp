@@ -93,6 +93,31 @@ private slots:
         QTRY_VERIFY(boxes().isEmpty());
     }
 
+    void question_isInFront_whereTheListenersWindowFilledTheScreen()
+    {
+        listener().setWindowState(Qt::WindowFullScreen);
+        QTRY_COMPARE(listener().geometry(), QRect(0, 0, 1366, 768));
+        QVERIFY(m_screen.becomesUsable(listener()));
+        loseTrial();
+        QVERIFY(clickButton("Go on"));
+        QTRY_VERIFY(boxes().isEmpty());
+        QTRY_COMPARE(listener().geometry(), QRect(0, 0, 1366, 768));
+        QVERIFY(m_screen.becomesUsable(listener()));
+    }
+
+    void question_comesForward_whenItIsAskedAgain()
+    {
+        loseTrial();
+        Probe::timerPlay(*m_run->window)->stop(); // it asks again at each tick
+        QWidget other;
+        other.setGeometry(boxes()[0]->geometry());
+        other.show();
+        QVERIFY(m_screen.becomesUsable(other));
+        QVERIFY(!ManagedScreen::isInFront(*boxes()[0]));
+        emit m_run->recorder.trialLost(1);
+        QTRY_VERIFY(ManagedScreen::isInFront(*boxes()[0]));
+    }
+
     void question_goesWithTheListenersWindow()
     {
         loseTrial();
