@@ -8,6 +8,8 @@
 #include "record/RecordReader.h"
 #include "session/AdaptedParameter.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -43,6 +45,38 @@ bool hasScreen(const QJsonArray& screens, const QString& name)
         [&name](const QJsonValue& screen) { return screen.toObject().value("name") == name; });
 }
 
+QVector<int> interruptedLines(const RunRecord& run)
+{
+    QVector<int> lines;
+    for (const RecordedTrial& trial : run.trials) {
+        lines += trial.interruptionLines;
+    }
+    std::sort(lines.begin(), lines.end());
+    return lines;
+}
+
+QVector<int> endLines(const RunRecord& run, bool SoundEnded::*isFlagged)
+{
+    QVector<int> lines;
+    for (const RecordedTrial& trial : run.trials) {
+        for (int i = 0; i < trial.ends.size(); ++i) {
+            if (trial.ends[i].*isFlagged) {
+                lines.append(trial.endLines[i]);
+            }
+        }
+    }
+    std::sort(lines.begin(), lines.end());
+    return lines;
+}
+
+// Of lines in the order of the file. One of an earlier trial's sound counts where it stands.
+int countBeforeAnswer(const QVector<int>& lines, const RecordedTrial& trial)
+{
+    const auto first = std::lower_bound(lines.cbegin(), lines.cend(), trial.begunLine);
+    const auto last = std::lower_bound(first, lines.cend(), trial.answerLine);
+    return static_cast<int>(last - first);
+}
+
 void addAnswer(Data& data, const RecordedTrial& trial)
 {
     const AnswerGiven& answer = *trial.answer;
@@ -61,6 +95,9 @@ public:
         : m_run(run)
         , m_data(run.begun.go)
         , m_value(adaptedValue(m_data))
+        , m_interrupted(interruptedLines(run))
+        , m_endsAfterGap(endLines(run, &SoundEnded::isInterrupted))
+        , m_endsAfterDelay(endLines(run, &SoundEnded::isLate))
     {
         clearRun(m_data);
     }
@@ -69,14 +106,18 @@ public:
     {
         checkChoices();
         for (const RecordedTrial& trial : m_run.trials) {
+            if (hasFound() && m_found.line < trial.begunLine) {
+                return m_found;
+            }
             checkBegin(trial);
             checkSounds(trial);
+            checkRestOfSounds(trial);
             if (trial.answer) {
                 checkAnswer(trial, *trial.answer);
             }
-            if (!m_found.text.isEmpty()) {
-                return m_found;
-            }
+        }
+        if (hasFound()) {
+            return m_found;
         }
         m_line = m_run.nLines;
         std::visit([this](const auto& end) { checkEnd(end); }, m_run.end);
@@ -132,6 +173,36 @@ private:
         }
     }
 
+    // The lines of a sound after its start may stand anywhere behind that.
+    void checkRestOfSounds(const RecordedTrial& trial)
+    {
+        for (int i = 0; i < trial.interruptions.size(); ++i) {
+            m_line = trial.interruptionLines[i];
+            checkIsOfSound(trial, trial.interruptions[i]);
+        }
+        QSet<int> ended;
+        for (int i = 0; i < trial.ends.size(); ++i) {
+            m_line = trial.endLines[i];
+            const int interval = trial.ends[i].interval;
+            checkIsOfSound(trial, trial.ends[i]);
+            demand(!ended.contains(interval),
+                QString("the sound of interval %1 has ended before").arg(interval));
+            ended.insert(interval);
+        }
+    }
+
+    template <typename Line> void checkIsOfSound(const RecordedTrial& trial, const Line& line)
+    {
+        const bool hasSound
+            = line.interval > 0 && trial.soundLines.value(line.interval - 1, m_line) < m_line;
+        demand(hasSound,
+            QString("there is no sound of interval %1 before in trial %2")
+                .arg(line.interval)
+                .arg(line.trial));
+        demand(!hasSound || line.atMs >= trial.sounds[line.interval - 1].atMs,
+            "the time is before that of the sound's start");
+    }
+
     void checkAnswer(const RecordedTrial& trial, const AnswerGiven& answer)
     {
         m_line = trial.answerLine;
@@ -157,13 +228,15 @@ private:
         m_value = answer.valueAfter.value_or(m_value);
     }
 
-    // A sound that ran dry while it was started is counted without a line.
+    // What is counted need not have its line: the sound may have no end.
     void checkDisturbances(const RecordedTrial& trial, const AnswerGiven& answer)
     {
-        demand(trial.interruptions.size() <= answer.interruptedSounds,
-            QString("%1 interrupted sounds are counted, and %2 have their line")
-                .arg(answer.interruptedSounds)
-                .arg(trial.interruptions.size()));
+        demandAtMost(answer.interruptedSounds, countBeforeAnswer(m_interrupted, trial),
+            "%1 interrupted sounds are counted, and %2 have their line");
+        demandAtMost(answer.interruptedSounds, countBeforeAnswer(m_endsAfterGap, trial),
+            "%1 interrupted sounds are counted, and %2 lines of an end tell one");
+        demandAtMost(answer.lateSounds, countBeforeAnswer(m_endsAfterDelay, trial),
+            "%1 late sounds are counted, and %2 lines of an end tell one");
         demand((answer.lateSounds > 0) == (answer.worstLatenessMs > 0),
             QString("%1 sounds are late, the latest by %2 ms")
                 .arg(answer.lateSounds)
@@ -214,16 +287,27 @@ private:
                 .arg(name, textOf(recorded), textOf(expected)));
     }
 
+    void demandAtMost(int most, int count, const char* otherwise)
+    {
+        demand(count <= most, QString(otherwise).arg(most).arg(count));
+    }
+
+    // The lines of a trial are not looked at in their order.
     void demand(bool isMet, const QString& otherwise)
     {
-        if (!isMet && m_found.text.isEmpty()) {
+        if (!isMet && (!hasFound() || m_line < m_found.line)) {
             m_found = {m_line, otherwise};
         }
     }
 
+    bool hasFound() const { return !m_found.text.isEmpty(); }
+
     const RunRecord& m_run;
     Data m_data;
     double m_value; ///< that the next trial has
+    QVector<int> m_interrupted; ///< lines of interruptions, in the order of the file
+    QVector<int> m_endsAfterGap; ///< of ends that tell an interruption, likewise
+    QVector<int> m_endsAfterDelay; ///< of ends that tell a late sound, likewise
     double m_lastMs = 0.0;
     bool m_hasEnded = false;
     int m_line = 0; ///< that is looked at

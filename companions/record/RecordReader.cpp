@@ -67,10 +67,10 @@ private:
             return addSound();
         }
         if (event == SoundInterrupted::event) {
-            return addOfSound(&RecordedTrial::interruptions);
+            return addOfSound(&RecordedTrial::interruptions, &RecordedTrial::interruptionLines);
         }
         if (event == SoundEnded::event) {
-            return addOfSound(&RecordedTrial::ends);
+            return addOfSound(&RecordedTrial::ends, &RecordedTrial::endLines);
         }
         if (event == AnswerAllowed::event) {
             return addOnce(&RecordedTrial::allowed, &RecordedTrial::allowedLine);
@@ -148,7 +148,8 @@ private:
     }
 
     // A sound may run dry, and end, after its trial has ended.
-    template <typename Line> QString addOfSound(QVector<Line> RecordedTrial::*lines)
+    template <typename Line>
+    QString addOfSound(QVector<Line> RecordedTrial::*lines, QVector<int> RecordedTrial::*numbers)
     {
         Line line;
         QString error = read(line);
@@ -156,7 +157,9 @@ private:
             return QString("\"%1\": trial %2 has not begun").arg(Line::event).arg(line.trial);
         }
         if (error.isEmpty()) {
-            (m_run.trials[line.trial - 1].*lines).append(line);
+            RecordedTrial& trial = m_run.trials[line.trial - 1];
+            (trial.*lines).append(line);
+            (trial.*numbers).append(m_run.nLines);
         }
         return error;
     }

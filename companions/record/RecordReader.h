@@ -21,6 +21,8 @@ struct RecordedTrial {
     // Their lines in the file, counted from 1; 0 for what is not there.
     int begunLine = 0;
     QVector<int> soundLines;
+    QVector<int> interruptionLines;
+    QVector<int> endLines;
     int allowedLine = 0;
     int answerLine = 0;
 };

@@ -21,6 +21,7 @@ struct Place {
 } // namespace
 
 Q_DECLARE_METATYPE(Place)
+Q_DECLARE_METATYPE(SoundInterrupted)
 
 namespace {
 
@@ -59,6 +60,37 @@ int indexOf(const QVector<QJsonObject>& lines, const Place& place)
     qFatal("there is no such line");
 }
 
+void addChangeColumns()
+{
+    QTest::addColumn<Place>("place");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QJsonValue>("value");
+    QTest::addColumn<Place>("found");
+    QTest::addColumn<QString>("text");
+}
+
+// A change of one field, what is found then, and in which line if not in the changed one.
+void row(const Place& place, const char* key, const QJsonValue& value, const QString& text,
+    const Place& found = {nullptr, 0})
+{
+    QTest::addRow(
+        "%s %d: %s %s", place.event, place.number, key, qPrintable(value.toVariant().toString()))
+        << place << key << value << (found.event == nullptr ? place : found) << text;
+}
+
+void checkChange()
+{
+    QFETCH(Place, place);
+    QFETCH(QString, key);
+    QFETCH(QJsonValue, value);
+    QFETCH(Place, found);
+    QFETCH(QString, text);
+    QVector<QJsonObject> lines = recordedLines();
+    QCOMPARE(contradictionIn(lines), QString("0: "));
+    lines[indexOf(lines, place)].insert(key, value);
+    QCOMPARE(contradictionIn(lines), QString("%1: %2").arg(indexOf(lines, found) + 1).arg(text));
+}
+
 } // namespace
 
 class TestRecordCheck : public WindowTest {
@@ -88,16 +120,7 @@ private slots:
 
     void changedField_isFoundInItsLine_data()
     {
-        QTest::addColumn<Place>("place");
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QJsonValue>("value");
-        QTest::addColumn<Place>("found");
-        QTest::addColumn<QString>("text");
-        const auto row = [](const Place& place, const char* key, const QJsonValue& value,
-                             const QString& text, const Place& found = {nullptr, 0}) {
-            QTest::addRow("%s %d: %s", place.event, place.number, key)
-                << place << key << value << (found.event == nullptr ? place : found) << text;
-        };
+        addChangeColumns();
         row({"run", 1}, "session_type", "practice",
             "the type of session has another name than number");
         row({"run", 1}, "sound_type", "noise ", "the type of sound has another name than number");
@@ -138,19 +161,26 @@ private slots:
         row({"result", 1}, "at_ms", 0.0, "the time is before that of an earlier line");
     }
 
-    void changedField_isFoundInItsLine()
+    void changedField_isFoundInItsLine() { checkChange(); }
+
+    void changedEnd_isFound_whenItCannotBeTrue_data()
     {
-        QFETCH(Place, place);
-        QFETCH(QString, key);
-        QFETCH(QJsonValue, value);
-        QFETCH(Place, found);
-        QFETCH(QString, text);
-        QVector<QJsonObject> lines = recordedLines();
-        QCOMPARE(contradictionIn(lines), QString("0: "));
-        lines[indexOf(lines, place)].insert(key, value);
-        QCOMPARE(
-            contradictionIn(lines), QString("%1: %2").arg(indexOf(lines, found) + 1).arg(text));
+        addChangeColumns();
+        row({"ended", 2}, "interval", 0, "there is no sound of interval 0 before in trial 1");
+        row({"ended", 2}, "interval", 3, "there is no sound of interval 3 before in trial 1");
+        row({"ended", 4}, "interval", 5, "there is no sound of interval 5 before in trial 1");
+        row({"ended", 5}, "interval", -2147483647 - 1,
+            "there is no sound of interval -2147483648 before in trial 2");
+        row({"ended", 2}, "interval", 1, "the sound of interval 1 has ended before");
+        row({"ended", 5}, "trial", 1, "the sound of interval 1 has ended before");
+        row({"ended", 2}, "at_ms", 0.0, "the time is before that of the sound's start");
+        row({"ended", 2}, "interrupted", true,
+            "0 interrupted sounds are counted, and 1 lines of an end tell one", {"answer", 1});
+        row({"ended", 6}, "late", true, "0 late sounds are counted, and 1 lines of an end tell one",
+            {"answer", 2});
     }
+
+    void changedEnd_isFound_whenItCannotBeTrue() { checkChange(); }
 
     void meanReactionTime_isFound_whenItIsAnother()
     {
@@ -196,8 +226,8 @@ private slots:
             QTest::addRow("%s %d", place.event, place.number) << place << text;
         };
         row({"trial", 2}, "unread: \"sound\": trial 2 is not under way");
-        row({"sound", 7}, "19: the interval is 4, and 3 follows from the lines before");
-        row({"sound", 8}, "21: the answer is allowed before four sounds");
+        row({"sound", 7}, "18: there is no sound of interval 3 before in trial 2");
+        row({"sound", 8}, "20: there is no sound of interval 4 before in trial 2");
         row({"answer allowed", 2}, "22: the answer comes before it is allowed");
         row({"answer", 2}, "unread: trial 3 begins out of order");
     }
@@ -209,6 +239,80 @@ private slots:
         QVector<QJsonObject> lines = recordedLines();
         lines.remove(indexOf(lines, place));
         QCOMPARE(contradictionIn(lines), text);
+    }
+
+    void sound_isMissed_whenItIsLeftOutWithItsEnd()
+    {
+        QVector<QJsonObject> lines = recordedLines();
+        lines.remove(indexOf(lines, {"sound", 7}), 2);
+        QCOMPARE(contradictionIn(lines),
+            QString("18: the interval is 4, and 3 follows from the lines before"));
+        lines = recordedLines();
+        lines.remove(indexOf(lines, {"sound", 8}), 2);
+        QCOMPARE(contradictionIn(lines), QString("20: the answer is allowed before four sounds"));
+    }
+
+    void interruption_isFound_whenItCannotBeTrue_data()
+    {
+        QTest::addColumn<SoundInterrupted>("line");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("interval 0") << SoundInterrupted {2, 0, 1e9}
+                                    << "18: there is no sound of interval 0 before in trial 2";
+        QTest::newRow("interval 5") << SoundInterrupted {2, 5, 1e9}
+                                    << "18: there is no sound of interval 5 before in trial 2";
+        QTest::newRow("before its sound") << SoundInterrupted {
+            2, 3, 1e9} << "18: there is no sound of interval 3 before in trial 2";
+        QTest::newRow("too early")
+            << SoundInterrupted {2, 2, 0.0} << "18: the time is before that of the sound's start";
+        QTest::newRow("not counted") << SoundInterrupted {2, 2, 1e9}
+                                     << "24: 0 interrupted sounds are counted, and 1 have their "
+                                        "line";
+    }
+
+    void interruption_isFound_whenItCannotBeTrue()
+    {
+        QFETCH(SoundInterrupted, line);
+        QVector<QJsonObject> lines = recordedLines();
+        lines.insert(indexOf(lines, {"sound", 7}), lineObject(line));
+        QTEST(contradictionIn(lines), "text");
+    }
+
+    // Of two lines that are wrong the first is told, also where it belongs to the trial before.
+    void firstContradiction_isFound_inTheOrderOfTheFile()
+    {
+        QVector<QJsonObject> lines = recordedLines();
+        const int second = indexOf(lines, {"trial", 2});
+        lines.insert(second + 1, lineObject(SoundEnded {1, 1, false, false, 1e9}));
+        QCOMPARE(contradictionIn(lines),
+            QString("%1: the sound of interval 1 has ended before").arg(second + 2));
+        lines[second].insert("value", 0.25);
+        QVERIFY(contradictionIn(lines).startsWith(
+            QString("%1: the value is 0.25, and ").arg(second + 1)));
+    }
+
+    void soundsThatOverlapTheNext_areNoContradiction()
+    {
+        QVector<QJsonObject> lines = recordedLines();
+        const double startMs = lines[indexOf(lines, {"sound", 4})]["at_ms"].toDouble();
+        const QJsonObject third = lines.takeAt(indexOf(lines, {"ended", 3}));
+        const int fourthEnd = indexOf(lines, {"ended", 3});
+        const SoundStarted empty {1, 5, 0.0, {}, startMs};
+        lines.insert(fourthEnd, lineObject(empty));
+        lines.insert(fourthEnd + 2, lineObject(SoundEnded {1, 5, false, false, startMs}));
+        QCOMPARE(contradictionIn(lines), QString("0: "));
+
+        QJsonObject interrupted = lineObject(SoundInterrupted {1, 3, 1e9});
+        QJsonObject ended = third;
+        ended.insert("interrupted", true);
+        ended.insert("late", true);
+        const int second = indexOf(lines, {"trial", 2});
+        lines.insert(second + 1, interrupted);
+        lines.insert(second + 2, ended);
+        QJsonObject& answer = lines[indexOf(lines, {"answer", 2})];
+        answer.insert("interrupted_sounds", 1);
+        answer.insert("late_sounds", 1);
+        answer.insert("worst_lateness_ms", 30);
+        QCOMPARE(contradictionIn(lines), QString("0: "));
     }
 
     void end_isFound_whenTheRunCannotHaveIt()
