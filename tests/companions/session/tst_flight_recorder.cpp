@@ -4,6 +4,7 @@
 #include "RecordedRun.h"
 #include "app/PlayedSound.h"
 #include "procedure/StaircaseRule.h"
+#include "record/RecordWriter.h"
 #include "session/RunSettings.h"
 #include "support/ModalBoxes.h"
 #include "support/TestProgram.h"
@@ -85,6 +86,7 @@ private slots:
         all.write(R"({"event":"save failed","trials":0,"threshold":"nan","mean_reaction_ms":"nan",)"
                   R"("mean_reaction_correct_ms":"nan","mean_reaction_wrong_ms":"nan","at_ms":1,)"
                   R"("reason":"full"})");
+        all.write("\n" + lineBytes(lineObject(SoundInterrupted {1, 3, 2500.25})));
         all.close();
         const char* const check = "import json, jsonschema, sys\n"
                                   "schema = json.load(open(sys.argv[1]))\n"
@@ -103,7 +105,7 @@ private slots:
         python.setProcessChannelMode(QProcess::MergedChannels);
         python.start("/usr/bin/python3", {"-c", check, RECORD_SCHEMA, all.fileName()});
         QVERIFY(python.waitForFinished());
-        QCOMPARE(QString(python.readAll()), QString("9\n"));
+        QCOMPARE(QString(python.readAll()), QString("10\n"));
     }
 
     void firstLine_hasAllThatTheRunDependsOn()
