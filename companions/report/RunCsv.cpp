@@ -35,7 +35,8 @@ QStringList csvRow(
         csvNumber(data.meanReactionTimeCorrect), csvNumber(data.meanReactionTimeIncorrect),
         csvNumber(run.percentCorrect), flagNames(run), run.departure.text.isEmpty() ? "1" : "0",
         countOf(run, [](const Disturbances& trial) { return trial.interruptedSounds > 0; }),
-        countOf(run, [](const Disturbances& trial) { return trial.lateSounds > 0; })};
+        countOf(run, [](const Disturbances& trial) { return trial.lateSounds > 0; }),
+        countOf(run, [](const Disturbances& trial) { return trial.hasOutputFailed; })};
 }
 
 } // namespace
@@ -45,7 +46,8 @@ QString runCsv(const QVector<Run>& runs, std::optional<double> carrier)
     QString csv("file,subject,session_type,session,sound,main_parameter,unit,trials,reversals,"
                 "rule_reversals,rule_last,threshold,threshold_db,threshold_percent_of_carrier,"
                 "geometric_mean,sd_of_reversals,condition_runs,condition_se,rt_ms,rt_correct_ms,"
-                "rt_wrong_ms,percent_correct,flags,checked,interrupted_trials,late_trials\n");
+                "rt_wrong_ms,percent_correct,flags,checked,interrupted_trials,late_trials,"
+                "output_failed_trials\n");
     QVector<ThresholdEstimate> estimates(runs.size());
     const QVector<QVector<int>> conditions = byCondition(runs);
     for (const QVector<int>& condition : conditions) {

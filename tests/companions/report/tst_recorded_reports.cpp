@@ -275,7 +275,7 @@ private slots:
         QCOMPARE(
             unchecked.told, QStringList(QString("a.jsonl:%1: note: unchecked: ").arg(line) + what));
         QCOMPARE(unchecked.runs.value(0).data.nTrials, 10);
-        QVERIFY(runCsv(unchecked.runs).endsWith(",0,0,0\n"));
+        QVERIFY(runCsv(unchecked.runs).endsWith(",0,0,0,10\n"));
     }
 
     void damage_isRefusedWithItsLine_evenUnchecked()
@@ -331,7 +331,7 @@ private slots:
             QString("sounds up to 31 ms late in 2 of 10 trials, the first is trial 4"));
         QCOMPARE(run.flags[2].seen,
             QString("a failed sound output in 1 of 10 trials, the first is trial 7"));
-        QVERIFY(runCsv({run}).endsWith(",1,1,2\n"));
+        QVERIFY(runCsv({run}).endsWith(",1,1,2,1\n"));
         const QStringList trials = trialsCsv({run}, {}).split('\n');
         QVERIFY(trials[1].endsWith(",1,0,0,0,0"));
         QVERIFY(trials[2].endsWith(",1,1,0,0,0"));
