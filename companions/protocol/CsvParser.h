@@ -23,6 +23,9 @@ public:
     /// What is wrong; empty: nothing.
     QString error() const { return m_error; }
 
+    /// Whether the whole text has been read.
+    bool isAtEnd() const { return m_position >= m_text.size(); }
+
 private:
     void skipEmptyLines();
     void readCell(CsvCell& cell);
@@ -30,7 +33,6 @@ private:
     void readPlain(CsvCell& cell);
     bool isAt(const char* what) const;
     bool isAtLineEnd() const { return isAt("\n") || isAt("\r\n"); }
-    bool isAtEnd() const { return m_position >= m_text.size(); }
     void passLineEnd();
 
     const QString m_text;

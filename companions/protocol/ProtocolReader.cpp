@@ -16,11 +16,61 @@ using namespace quorin;
 
 namespace {
 
-bool isUtf8(const QByteArray& line)
+// Where a line is found not to be UTF-8, a byte or a few behind the first wrong one; -1: nowhere.
+int wrongUtf8Position(const QByteArray& line)
 {
+    const QTextCodec* const codec = QTextCodec::codecForName("UTF-8");
+    QTextCodec::ConverterState whole(QTextCodec::IgnoreHeader);
+    codec->toUnicode(line.constData(), line.size(), &whole);
+    if (whole.invalidChars == 0) {
+        return whole.remainingChars == 0 ? -1 : line.size();
+    }
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    QTextCodec::codecForName("UTF-8")->toUnicode(line.constData(), line.size(), &state);
-    return state.invalidChars == 0 && state.remainingChars == 0;
+    int position = 0;
+    while (state.invalidChars == 0) {
+        codec->toUnicode(line.constData() + position, 1, &state);
+        ++position;
+    }
+    return position - 1;
+}
+
+QByteArray withoutMark(const QByteArray& bytes)
+{
+    return bytes.startsWith(utf8Mark) ? bytes.mid(static_cast<int>(qstrlen(utf8Mark))) : bytes;
+}
+
+// The number of the cell in which a text that is cut off ends. Where the text is damaged before,
+// nobody can know; then it is empty.
+QString numberOfLastCell(const QByteArray& text)
+{
+    CsvParser parser(QString::fromLatin1(text.constData(), text.size()) + 'x');
+    QVector<CsvCell> cells;
+    while (!parser.isAtEnd() && parser.error().isEmpty()) {
+        parser.next(cells);
+    }
+    return parser.isAtEnd() ? QString::number(cells.size()) : QString();
+}
+
+ProtocolComplaint wrongByte(const QByteArray& text)
+{
+    int number = 0;
+    int start = 0;
+    const QList<QByteArray> lines = text.split('\n');
+    for (const QByteArray& line : lines) {
+        ++number;
+        const int position = wrongUtf8Position(line);
+        if (position >= 0) {
+            return {number, numberOfLastCell(text.left(start + position)),
+                "there are bytes that are not UTF-8: save the file as CSV in UTF-8"};
+        }
+        const int zero = line.indexOf('\0');
+        if (zero >= 0) {
+            return {number, numberOfLastCell(text.left(start + zero)),
+                "there is a zero byte: this is not a text file"};
+        }
+        start += line.size() + 1;
+    }
+    return {};
 }
 
 ProtocolComplaint fileComplaint(const QByteArray& bytes)
@@ -31,19 +81,7 @@ ProtocolComplaint fileComplaint(const QByteArray& bytes)
     if (isUtf16(bytes)) {
         return {0, {}, "the file is in UTF-16: save it as CSV in UTF-8"};
     }
-    int number = 0;
-    const QList<QByteArray> lines = bytes.split('\n');
-    for (const QByteArray& line : lines) {
-        ++number;
-        if (!isUtf8(line)) {
-            return {
-                number, {}, "there are bytes that are not UTF-8: save the file as CSV in UTF-8"};
-        }
-        if (line.contains('\0')) {
-            return {number, {}, "there is a zero byte: this is not a text file"};
-        }
-    }
-    return {};
+    return wrongByte(withoutMark(bytes));
 }
 
 // What a spreadsheet or an editor made of the line of headings.
@@ -150,7 +188,8 @@ private:
         while (nextRow(cells)) {
             const int line = cells[0].line;
             if (cells.size() != m_columns.size()) {
-                complain(line, {}, cellCountComplaint(cells.size()));
+                complain(line, columnName(std::min(cells.size(), m_columns.size())),
+                    cellCountComplaint(cells.size()));
             } else if (std::all_of(cells.cbegin(), cells.cend(),
                            [](const CsvCell& cell) { return cell.text.isEmpty(); })) {
                 complain(line, {}, "all cells are empty: remove the line, or write what is meant");
@@ -158,6 +197,12 @@ private:
                 m_protocol.rows.append(protocolRow(byColumn(cells), line, m_protocol.complaints));
             }
         }
+    }
+
+    QString columnName(int place) const
+    {
+        return place < m_columns.size() ? protocolColumn(m_columns[place]).name
+                                        : QString::number(place + 1);
     }
 
     QString cellCountComplaint(int nCells) const
@@ -185,10 +230,7 @@ private:
             cell.text = cell.text.trimmed();
         }
         if (!m_parser.error().isEmpty()) {
-            const int place = cells.size() - 1;
-            complain(cells.last().line,
-                place < m_columns.size() ? protocolColumn(m_columns[place]).name : QString(),
-                m_parser.error());
+            complain(cells.last().line, columnName(cells.size() - 1), m_parser.error());
         }
         return isThere;
     }
@@ -199,8 +241,9 @@ private:
         for (const ProtocolRow& row : qAsConst(m_protocol.rows)) {
             nRuns += row.repeat;
             if (nRuns > mostProtocolRuns) {
-                complain(
-                    row.line, {}, QString("there are more than %1 runs").arg(mostProtocolRuns));
+                const bool hasRepeats = m_columns.contains(repeatColumn);
+                complain(row.line, hasRepeats ? protocolColumn(repeatColumn).name : QString(),
+                    QString("there are more than %1 runs").arg(mostProtocolRuns));
                 return;
             }
         }
@@ -222,8 +265,7 @@ Protocol readProtocol(const QByteArray& bytes)
     if (!complaint.text.isEmpty()) {
         return {{}, {complaint}};
     }
-    const int nMarkBytes = bytes.startsWith(utf8Mark) ? static_cast<int>(qstrlen(utf8Mark)) : 0;
-    return ProtocolFile(QString::fromUtf8(bytes.mid(nMarkBytes))).read();
+    return ProtocolFile(QString::fromUtf8(withoutMark(bytes))).read();
 }
 
 QString complaintText(const ProtocolComplaint& complaint)
@@ -232,7 +274,11 @@ QString complaintText(const ProtocolComplaint& complaint)
         return complaint.text;
     }
     const QString line = QString("line %1").arg(complaint.line);
-    const QString place
-        = complaint.column.isEmpty() ? line : line + ", column " + quotedStart(complaint.column);
-    return place + ": " + complaint.text;
+    if (complaint.column.isEmpty()) {
+        return line + ": " + complaint.text;
+    }
+    const bool isNumber = std::all_of(complaint.column.begin(), complaint.column.end(),
+        [](QChar character) { return character.isDigit(); });
+    const QString column = isNumber ? complaint.column : quotedStart(complaint.column);
+    return line + ", column " + column + ": " + complaint.text;
 }

@@ -72,14 +72,6 @@ private slots:
             << utf16(good, true) << "the file is in UTF-16: save it as CSV in UTF-8";
         QTest::newRow("UTF-16 without a mark")
             << utf16(good, false) << "the file is in UTF-16: save it as CSV in UTF-8";
-        QTest::newRow("Latin-1")
-            << QByteArray("instruction\nH\xf6ren\n")
-            << "line 2: there are bytes that are not UTF-8: save the file as CSV in UTF-8";
-        QTest::newRow("cut UTF-8")
-            << QByteArray("instruction\na\nb\xc3")
-            << "line 3: there are bytes that are not UTF-8: save the file as CSV in UTF-8";
-        QTest::newRow("zero byte") << QByteArray("session\n1\0\n", 10)
-                                   << "line 2: there is a zero byte: this is not a text file";
         QTest::newRow("semicolons")
             << QByteArray(good).replace(',', ';')
             << "line 1: the columns are parted by semicolons, not by commas: a spreadsheet saved "
@@ -91,7 +83,7 @@ private slots:
                                 << "line 1: there are blanks in the place of commas: an editor "
                                    "changed the file";
         QTest::newRow("CR") << QByteArray(good).replace('\n', '\r')
-                            << "line 1: there is a CR without LF: lines must end in "
+                            << "line 1, column 2: there is a CR without LF: lines must end in "
                                "LF or CR LF";
         QTest::newRow("CR below the headings")
             << QByteArray("session,repeat\n1,2\r3,4\n")
@@ -101,7 +93,8 @@ private slots:
             << "line 2, column \"instruction\": the quotation mark is never closed";
         QTest::newRow("mark inside, in a third cell")
             << QByteArray("session,repeat\n1,2,a\"b\n")
-            << "line 2: there is a quotation mark inside: such a cell stands in quotation marks, "
+            << "line 2, column 3: there is a quotation mark inside: such a cell stands in "
+               "quotation marks, "
                "and the one inside is written twice";
         QTest::newRow("text behind a mark")
             << QByteArray("instruction\n\"a\" b\n")
@@ -115,6 +108,36 @@ private slots:
         QTEST(complaintsOf(file), "complaints");
         QCOMPARE(readProtocol(file).rows.size(), 0);
     }
+
+    void wrongByte_isToldWithItsCell_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("complaints");
+        const QString isNotUtf8
+            = "there are bytes that are not UTF-8: save the file as CSV in UTF-8";
+        QTest::newRow("Latin-1") << QByteArray("instruction\nH\xf6ren\n")
+                                 << "line 2, column 1: there are bytes that are not UTF-8: save "
+                                    "the file as CSV in UTF-8";
+        QTest::newRow("cut UTF-8") << QByteArray("instruction\na\nb\xc3")
+                                   << "line 3, column 1: there are bytes that are not UTF-8: save "
+                                      "the file as CSV in UTF-8";
+        QTest::newRow("zero byte") << QByteArray("session\n1\0\n",
+            10) << "line 2, column 1: there is a zero byte: this is not a text file";
+        QTest::newRow("Latin-1 behind a comma in quotation marks")
+            << QByteArray("repeat,instruction\n1,\"a, \"\"b\"\"\nH\xf6ren\"\n")
+            << "line 3, column 2: " + isNotUtf8;
+        QTest::newRow("Latin-1 before a comma")
+            << QByteArray("instruction,repeat\n\xc3\xb6\xc3,1\n")
+            << "line 2, column 1: " + isNotUtf8;
+        QTest::newRow("Latin-1 in a heading behind a mark")
+            << QByteArray("\xef\xbb\xbf\"session\",H\xf6\n") << "line 1, column 2: " + isNotUtf8;
+        QTest::newRow("Latin-1 behind a damaged cell")
+            << QByteArray("session,repeat\n1,a\"b\n2,\xf6\n") << "line 3: " + isNotUtf8;
+        QTest::newRow("zero byte in an empty cell") << QByteArray("session,repeat\n1,\0,\n",
+            20) << "line 2, column 2: there is a zero byte: this is not a text file";
+    }
+
+    void wrongByte_isToldWithItsCell() { damagedFile_isRefused(); }
 
     void headings_areRefused_data()
     {
@@ -156,10 +179,11 @@ private slots:
         QTest::addColumn<QByteArray>("rows");
         QTest::addColumn<QString>("complaints");
         QTest::newRow("fewer cells")
-            << QByteArray("1,2\n3\n") << "line 3: 2 cells are needed, not 1";
-        QTest::newRow("more cells") << QByteArray("1,2,5\n")
-                                    << "line 2: 2 cells are needed, not 3: there may be a decimal "
-                                       "comma, or a comma in a text without quotation marks";
+            << QByteArray("1,2\n3\n") << "line 3, column \"repeat\": 2 cells are needed, not 1";
+        QTest::newRow("more cells")
+            << QByteArray("1,2,5\n")
+            << "line 2, column 3: 2 cells are needed, not 3: there may be a decimal "
+               "comma, or a comma in a text without quotation marks";
         QTest::newRow("empty cells") << QByteArray("1,2\n , \n")
                                      << "line 3: all cells are empty: remove the line, or write "
                                         "what is meant";
@@ -169,8 +193,9 @@ private slots:
                "line 2, column \"repeat\": \"b\" is not a whole number\n"
                "line 3, column \"repeat\": \"2,5\" has a decimal comma: numbers have a point\n"
                "line 6, column \"repeat\": \"0\" is not from 1 to 1000";
-        QTest::newRow("too many runs") << QByteArray("1,1000\n").repeated(10) + "1,\n1,\n"
-                                       << "line 12: there are more than 10000 runs";
+        QTest::newRow("too many runs")
+            << QByteArray("1,1000\n").repeated(10) + "1,\n1,\n"
+            << "line 12, column \"repeat\": there are more than 10000 runs";
     }
 
     void rows_areRefused()
@@ -178,6 +203,12 @@ private slots:
         QFETCH(QByteArray, rows);
         QTEST(complaintsOf("session,repeat\n" + rows), "complaints");
         QCOMPARE(readProtocol("session,repeat\n" + rows).rows.size(), 0);
+    }
+
+    void tooManyRuns_haveNoColumn_whenNoneIsRepeated()
+    {
+        QCOMPARE(complaintsOf("session\n" + QByteArray("1\n").repeated(10001)),
+            QString("line 10002: there are more than 10000 runs"));
     }
 
     void mostRuns_areTaken()

@@ -203,8 +203,8 @@ private slots:
         const Outcome outcome = session({folder.path(), "--protocol", path, "--subject", "S07"});
         QCOMPARE(outcome.errors,
             QString("quorin-session: %1: line 2, column \"session\": \"x\" is not a whole number\n"
-                    "quorin-session: %1: line 4: 2 cells are needed, not 3: there may be a decimal "
-                    "comma, or a comma in a text without quotation marks\n")
+                    "quorin-session: %1: line 4, column 3: 2 cells are needed, not 3: there may be "
+                    "a decimal comma, or a comma in a text without quotation marks\n")
                 .arg(path));
         QCOMPARE(outcome.output, QString());
         QCOMPARE(outcome.status, 1);
