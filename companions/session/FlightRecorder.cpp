@@ -289,8 +289,8 @@ void FlightRecorder::abandon(const QString& reason)
         return;
     }
     m_isRunning = false;
+    add(RunAbandoned {m_answers, reason + m_lastSound.loss(), nowMs()});
     m_lastSound.forget();
-    add(RunAbandoned {m_answers, reason, nowMs()});
     m_queue.file().finish();
     flush();
     tellFault();

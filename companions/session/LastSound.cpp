@@ -54,6 +54,15 @@ bool LastSound::isAwaited() const
         && m_window.soundNowPlaying() != nullptr;
 }
 
+QString LastSound::loss() const
+{
+    const int trial = m_window.sessionRecord().nTrials;
+    const bool isLost = isAwaited() && (m_isLost || hasGone());
+    const bool wasLost = trial > 0 && wasGivenUpIn(trial);
+    return isLost || wasLost ? QString(" after the sound of trial %1 was lost").arg(trial)
+                             : QString();
+}
+
 // It ends no more when its output has stopped with an error, or its stream is gone. Where a device
 // was pulled out Qt reports nothing, but the queue is gone in which samples could be
 // free.

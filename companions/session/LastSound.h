@@ -31,6 +31,9 @@ public:
     void giveUp();
     /// Whether giveUp() has ended this trial of the run.
     bool wasGivenUpIn(int trial) const { return m_trialGivenUp == trial; }
+    /// " after the sound of trial 3 was lost", if the trial under way has lost its fourth sound,
+    /// ended by giveUp() or not; else empty.
+    QString loss() const;
 
 signals:
     /// The fourth sound is lost. Comes a period and 5 s after its start, and again as long as it is

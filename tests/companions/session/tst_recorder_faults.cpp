@@ -215,6 +215,49 @@ private slots:
         QCOMPARE(lost.last(), QVariantList {1});
     }
 
+    void lostSound_isInTheReason_whenItsTrialEndsTheRun_data()
+    {
+        QTest::addColumn<bool>("isGivenUp");
+        QTest::newRow("told, and the window closed") << false;
+        QTest::newRow("trial ended, and the window closed") << true;
+    }
+
+    void lostSound_isInTheReason_whenItsTrialEndsTheRun()
+    {
+        QFETCH(bool, isGivenUp);
+        RecordedRun run;
+        QSignalSpy lost(&run.recorder, &FlightRecorder::trialLost);
+        run.play({});
+        playAndAnswer(run, true);
+        loseFourthSound(run);
+        QTRY_VERIFY(!lost.isEmpty());
+        if (isGivenUp)
+            run.recorder.endLostTrial();
+        ModalBoxes boxes;
+        boxes.answerNext(QMessageBox::Yes);
+        Probe::subjectWindow(*run.window)->close();
+        const QJsonObject last = run.lines().last();
+        QCOMPARE(last["trials"].toInt(), 1);
+        QCOMPARE(last["reason"].toString(),
+            QString("the listener's window was closed after the sound of trial 2 was lost"));
+    }
+
+    void lostSound_isNotInTheReason_whenItsTrialWasAnswered()
+    {
+        RecordedRun run;
+        QSignalSpy lost(&run.recorder, &FlightRecorder::trialLost);
+        run.play({});
+        loseFourthSound(run);
+        QTRY_VERIFY(!lost.isEmpty());
+        run.recorder.endLostTrial();
+        run.driver.answerRightly(true);
+        ModalBoxes boxes;
+        boxes.answerNext(QMessageBox::Yes);
+        Probe::subjectWindow(*run.window)->close();
+        QCOMPARE(
+            run.lines().last()["reason"].toString(), QString("the listener's window was closed"));
+    }
+
     void folderGoneForGood_losesNoRunWhileTheProgramGoesOn()
     {
         RecordedRun run;
