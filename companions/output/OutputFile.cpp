@@ -87,28 +87,6 @@ bool renameWithoutReplacing(const QByteArray& from, const QByteArray& to)
             && ::unlink(from.constData()) == 0);
 }
 
-QString createFile(const QString& path, const QByteArray& content)
-{
-    static int number = 0;
-    const QString part = QFileInfo(path).path()
-        + QString("/.quorin-%1-%2.part").arg(QCoreApplication::applicationPid()).arg(++number);
-    QFile file(part);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
-        return path + ": cannot be written: " + file.errorString();
-    }
-    const bool isWritten = file.write(content) == content.size();
-    QString error = isWritten ? QString() : path + ": cannot be written: " + file.errorString();
-    file.close();
-    if (isWritten && !renameWithoutReplacing(QFile::encodeName(part), QFile::encodeName(path))) {
-        error = errno == EEXIST ? path + ": was made by another program meanwhile: left as it is"
-                                : failure(path, errno);
-    }
-    if (!error.isEmpty()) {
-        QFile::remove(part);
-    }
-    return error;
-}
-
 QString replaceFile(const QString& path, const QByteArray& content)
 {
     QSaveFile file(path);
@@ -162,6 +140,31 @@ QString outputObstacle(const OutputFile& file)
     const QString folder = QFileInfo(file.path).path();
     return QFileInfo(folder).isDir() ? QString()
                                      : file.path + ": there is no folder " + folder + ": make it";
+}
+
+QString createFile(const QString& path, const QByteArray& content)
+{
+    static int number = 0;
+    const QString part = QFileInfo(path).path()
+        + QString("/.quorin-%1-%2.part").arg(QCoreApplication::applicationPid()).arg(++number);
+    QFile file(part);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
+        return path + ": cannot be written: " + file.errorString();
+    }
+    QString error;
+    if (file.write(content) != content.size() || ::fsync(file.handle()) != 0) {
+        error = failure(path, errno);
+    }
+    file.close();
+    if (error.isEmpty()
+        && !renameWithoutReplacing(QFile::encodeName(part), QFile::encodeName(path))) {
+        error = errno == EEXIST ? path + ": was made by another program meanwhile: left as it is"
+                                : failure(path, errno);
+    }
+    if (!error.isEmpty()) {
+        QFile::remove(part);
+    }
+    return error;
 }
 
 QString writeOutput(const OutputFile& file, const QByteArray& content)

@@ -28,6 +28,11 @@ QString makerText();
 /// file's name. Empty if nothing does.
 QString outputObstacle(const OutputFile& file);
 
+/// Makes a new file, whole or not at all, and waits until its content is on the disk. A file that
+/// is there already is left as it is.
+/// @return what went wrong, with the path in front; empty if the file was made
+QString createFile(const QString& path, const QByteArray& content);
+
 /// Writes a whole file. It appears complete or not at all, and no file that somebody else makes in
 /// the meantime is replaced; one that is replaced stays as it was until then. Bytes for a character
 /// device or a pipe are written to it.
