@@ -6,6 +6,8 @@
 
 #include <QByteArray>
 
+struct Data;
+
 /// A line of a record, of one of the kinds in RecordLines.h, as an object: its event and its
 /// fields.
 template <typename Line> QJsonObject lineObject(const Line& line)
@@ -19,3 +21,7 @@ template <typename Line> QJsonObject lineObject(const Line& line)
 
 /// The bytes of such an object in the file, UTF-8, with the line's end.
 QByteArray lineBytes(const QJsonObject& line);
+
+/// What a finished run came to.
+/// @param atMs since Go
+RunFigures figuresOf(const Data& data, double atMs);

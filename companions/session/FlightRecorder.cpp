@@ -33,12 +33,6 @@ double inWholeUs(double ms)
     return std::round(ms * usPerMs) / usPerMs;
 }
 
-RunFigures figuresOf(const Data& data, double atMs)
-{
-    return {data.records.size(), data.threshold, data.meanReactionTime,
-        data.meanReactionTimeCorrect, data.meanReactionTimeIncorrect, atMs};
-}
-
 } // namespace
 
 // The window's own slots are connected before these: at a click, it has done all when they run.
@@ -121,7 +115,7 @@ void FlightRecorder::begin()
     m_queue.begin(line.go.subCode, line.time);
     add(line);
     flush();
-    tellFault();
+    tellFaults();
     watchListener();
 }
 
@@ -212,7 +206,7 @@ void FlightRecorder::catchUp()
     const Data& data = m_window.sessionRecord();
     if (data.records.size() > m_answers) {
         noteAnswer();
-        tellFault();
+        tellFaults();
         tellSoundFailure();
     }
     if (data.nTrials > m_trials) {
@@ -267,20 +261,18 @@ void FlightRecorder::finish()
         return;
     }
     catchUp();
-    flush();
-    const Data& data = m_window.sessionRecord();
-    const QString error = m_queue.file().writeResults(resultsBytes(data));
-    if (error.isEmpty()) {
-        add(RunSaved {figuresOf(data, nowMs()), m_queue.file().resultsName()});
-    } else {
-        add(RunUnsaved {figuresOf(data, nowMs()), error});
-    }
     m_isRunning = false;
-    m_queue.file().finish();
-    if (flush() && !error.isEmpty()) {
-        emit resultsFailed(error);
-    }
-    tellFault();
+    const Data& data = m_window.sessionRecord();
+    m_queue.file().finish(resultsBytes(data),
+        [this, figures = figuresOf(data, nowMs())](const QString& name, const QString& error) {
+            if (error.isEmpty()) {
+                return lineBytes(lineObject(RunSaved {figures, name}));
+            }
+            m_resultsFaults.append(error);
+            return lineBytes(lineObject(RunUnsaved {figures, error}));
+        });
+    flush();
+    tellFaults();
 }
 
 void FlightRecorder::abandon(const QString& reason)
@@ -293,7 +285,7 @@ void FlightRecorder::abandon(const QString& reason)
     m_lastSound.forget();
     m_queue.file().finish();
     flush();
-    tellFault();
+    tellFaults();
 }
 
 template <typename Line> void FlightRecorder::add(const Line& line, const QByteArray& sound)
@@ -309,21 +301,22 @@ bool FlightRecorder::flush()
 QStringList FlightRecorder::rescue(const QString& otherFolder)
 {
     abandon(endOfProgram);
-    return m_queue.rescue(otherFolder);
+    const QStringList told = m_queue.rescue(otherFolder);
+    return told + std::exchange(m_resultsFaults, {});
 }
 
 // Boxes must not open while a trial is heard: this is called between trials only.
-void FlightRecorder::tellFault()
+void FlightRecorder::tellFaults()
 {
     const QString fault = m_queue.file().error();
-    if (fault == m_fault) {
-        return;
-    }
-    m_fault = fault;
-    if (fault.isEmpty()) {
-        emit recovered();
-    } else {
+    const bool isNews = fault != std::exchange(m_fault, fault);
+    if (!fault.isEmpty() && isNews) {
         emit failed(fault);
+    } else if (isNews) {
+        emit recovered();
+    }
+    while (fault.isEmpty() && !m_resultsFaults.isEmpty()) {
+        emit resultsFailed(m_resultsFaults.takeFirst());
     }
 }
 

@@ -40,7 +40,8 @@ public:
     /// @return whether all is there
     bool flush();
     /// Ends the recording. What could not be written to the folder is written to another one.
-    /// @return a line for each record that is there now, or cannot be written there either
+    /// @return a line for each record that is there now, or cannot be written there either, and for
+    ///         each results file that cannot
     QStringList rescue(const QString& otherFolder);
     /// The name of the record under way or of the last one; empty before the first.
     QString recordName() const;
@@ -48,7 +49,7 @@ public:
 signals:
     /// Something cannot be recorded. Comes between trials, once for each text.
     void failed(const QString& what);
-    /// A finished run's results file cannot be written. The record has all of it.
+    /// A finished run's results file cannot be written. The record has all of it, and is written.
     void resultsFailed(const QString& what);
     /// All that waited is on the disk again.
     void recovered();
@@ -72,7 +73,7 @@ private:
     void finish();
     void abandon(const QString& reason);
     template <typename Line> void add(const Line& line, const QByteArray& sound = {});
-    void tellFault();
+    void tellFaults();
     void tellSoundFailure();
     bool hasOutputFailed() const;
     double nowMs() const;
@@ -96,5 +97,6 @@ private:
     int m_interruptedTold = 0; ///< of these at the last line of an end
     int m_lateTold = 0;
     QString m_fault; ///< told last
+    QStringList m_resultsFaults; ///< of results files, not told yet
     bool m_hasSoundFailed = false; ///< in the run's last trial
 };

@@ -2,6 +2,8 @@
 // A run's two files: what is written is on the disk, and no file is ever replaced.
 #include "session/RecordFile.h"
 
+#include "output/OutputFile.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -65,11 +67,23 @@ void RecordFile::append(const QByteArray& line)
 bool RecordFile::sync()
 {
     m_error.clear();
-    const bool isAllOnDisk = m_onDisk == m_content.size();
+    const bool isAllMade = !m_lastLine || m_lastLineSize > 0;
+    const bool isAllOnDisk = isAllMade && m_onDisk == m_content.size();
     if (isAllOnDisk && (m_isFinished || isThere())) {
         return true;
     }
-    return (isThere() || make()) && writeRest();
+    if (!(isThere() || make()) || !writeRest()) {
+        return false;
+    }
+    const bool isLastLineDue = m_lastLine && m_lastLineSize == 0;
+    return !isLastLineDue || addLastLine();
+}
+
+void RecordFile::finish(QByteArray results, LastLine lastLine)
+{
+    m_results = std::move(results);
+    m_lastLine = std::move(lastLine);
+    finish();
 }
 
 // A file that was removed, or whose folder was, still takes what is written, for nobody to read.
@@ -79,10 +93,13 @@ bool RecordFile::isThere() const
     return m_file != nullptr && ::fstat(m_file->handle(), &status) == 0 && status.st_nlink > 0;
 }
 
+// A last line that was made tells of a results file beside the file that is gone.
 bool RecordFile::make()
 {
     constexpr int mostFiles = 999; // of one subject in one second
     m_onDisk = 0;
+    m_content.chop(m_lastLineSize);
+    m_lastLineSize = 0;
     for (int number = 1; number <= mostFiles; ++number) {
         m_name = runFileName(m_subject, m_time, number);
         if (!isFree(pathOf(resultsEnding)) || !isFree(pathOf(recordEnding))) {
@@ -107,36 +124,23 @@ bool RecordFile::make()
 bool RecordFile::writeRest()
 {
     const QByteArray rest = m_content.mid(static_cast<int>(m_onDisk));
-    if (!m_file->seek(m_onDisk) || m_file->write(rest) != rest.size()) {
-        return fail(m_file->errorString());
-    }
-    if (::fsync(m_file->handle()) != 0) {
+    if (!m_file->seek(m_onDisk) || m_file->write(rest) != rest.size()
+        || ::fsync(m_file->handle()) != 0) {
         return fail(std::strerror(errno));
     }
     m_onDisk = m_content.size();
     return true;
 }
 
-QString RecordFile::writeResults(const QByteArray& content)
+// A results file is tried once: the last line tells what became of it.
+bool RecordFile::addLastLine()
 {
-    const QString path = pathOf(resultsEnding);
-    if (m_file == nullptr) {
-        return path + ": cannot be written: the record has no file";
-    }
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
-        return path + ": cannot be written: " + file.errorString();
-    }
-    if (file.write(content) != content.size()) {
-        const QString reason = file.errorString();
-        file.remove();
-        return path + ": cannot be written: " + reason;
-    }
-    if (::fsync(file.handle()) != 0) {
-        return path + ": cannot be written: " + std::strerror(errno);
-    }
+    const QString fault = createFile(pathOf(resultsEnding), m_results);
     syncFolder(m_folder);
-    return {};
+    const QByteArray line = m_lastLine(m_name + resultsEnding, fault);
+    m_lastLineSize = line.size();
+    append(line);
+    return writeRest();
 }
 
 void RecordFile::moveTo(const QString& folder)
@@ -149,11 +153,6 @@ void RecordFile::moveTo(const QString& folder)
 QString RecordFile::recordName() const
 {
     return m_file == nullptr ? QString() : m_name + recordEnding;
-}
-
-QString RecordFile::resultsName() const
-{
-    return m_file == nullptr ? QString() : m_name + resultsEnding;
 }
 
 bool RecordFile::fail(const QString& what)

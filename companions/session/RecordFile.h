@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 /// The names, without their endings, of a run's files: subject, date, time and a number. Characters
@@ -30,21 +31,25 @@ public:
     /// No line follows. Once all is on the disk, a file that is gone is not made again: somebody
     /// has removed it.
     void finish() { m_isFinished = true; }
+    /// The record's last line, made when the results file is there or cannot be.
+    /// @param resultsName of the file
+    /// @param error       what went wrong; empty if the file is on the disk
+    using LastLine = std::function<QByteArray(const QString& resultsName, const QString& error)>;
+    /// The same for a finished run: sync() makes the file of its results beside the record, never
+    /// one that is there already, as soon as all lines are on the disk, and adds the last line.
+    void finish(QByteArray results, LastLine lastLine);
     /// Why not, with the file's or the folder's name; empty when all is there.
     QString error() const { return m_error; }
-    /// Makes the file of the run's results beside the record, never one that is there already.
-    /// @return what went wrong; empty if all is on the disk
-    QString writeResults(const QByteArray& content);
     /// From now on the file belongs into another folder: the next sync() makes it there, whole.
     void moveTo(const QString& folder);
-    /// Names in the folder; empty before the record's file is made.
+    /// Its name in the folder; empty before the record's file is made.
     QString recordName() const;
-    QString resultsName() const;
 
 private:
     bool isThere() const;
     bool make();
     bool writeRest();
+    bool addLastLine();
     bool fail(const QString& what);
     QString pathOf(const QString& ending) const;
 
@@ -56,5 +61,8 @@ private:
     QByteArray m_content;
     qint64 m_onDisk = 0; ///< so many bytes of the content
     bool m_isFinished = false;
+    QByteArray m_results;
+    LastLine m_lastLine; ///< of a finished run
+    int m_lastLineSize = 0; ///< 0 until it is made
     QString m_error;
 };

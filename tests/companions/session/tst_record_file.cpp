@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The names of a run's files, none of which was there before.
 #include "RecordedRun.h"
+#include "SmallDisk.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
 
@@ -33,13 +34,79 @@ private slots:
         file.append("line\n");
         QVERIFY(file.sync());
         QCOMPARE(file.recordName(), QString("S_20260102-030405_004.jsonl"));
-        QCOMPARE(file.writeResults("results"), QString());
-        const QString results = folder.filePath("S_20260102-030405_004.txt");
-        QCOMPARE(RecordedRun::contentOf(results), QByteArray("results"));
-        QVERIFY(file.writeResults("others").startsWith(results + ": cannot be written: "));
-        QCOMPARE(RecordedRun::contentOf(results), QByteArray("results"));
+        file.finish("results", lastLine);
+        QVERIFY(file.sync());
+        QCOMPARE(RecordedRun::contentOf(folder.filePath("S_20260102-030405_004.txt")),
+            QByteArray("results"));
+        QCOMPARE(RecordedRun::contentOf(folder.filePath("S_20260102-030405_004.jsonl")),
+            QByteArray("line\nS_20260102-030405_004.txt: \n"));
         QCOMPARE(RecordedRun::contentOf(folder.filePath("S_20260102-030405_001.jsonl")),
             QByteArray("mine"));
+    }
+
+    void resultsFile_isNeverAnExistingOne()
+    {
+        const QTemporaryDir folder;
+        RecordFile file(folder.path(), "S", "2026-01-02T03:04:05.678Z");
+        file.append("line\n");
+        QVERIFY(file.sync());
+        const QString path = folder.filePath("S_20260102-030405_001.txt");
+        QFile others(path);
+        QVERIFY(others.open(QIODevice::WriteOnly) && others.write("others") == 6);
+        others.close();
+        file.finish("results", lastLine);
+        QVERIFY(file.sync());
+        QVERIFY(file.sync());
+        QCOMPARE(RecordedRun::contentOf(path), QByteArray("others"));
+        QCOMPARE(RecordedRun::contentOf(folder.filePath(file.recordName())),
+            "line\nS_20260102-030405_001.txt: " + path.toUtf8()
+                + ": was made by another program meanwhile: left as it is\n");
+    }
+
+    // On a full disk neither the results nor the line that tells of them have a place.
+    void resultsFile_isWholeOrNotThere_whenTheDiskIsFull()
+    {
+        const QTemporaryDir folder;
+        RecordFile file(folder.path(), "S", "2026-01-02T03:04:05.678Z");
+        file.append("line\n");
+        QVERIFY(file.sync());
+        file.finish("results", lastLine);
+        {
+            const SmallDisk disk(5);
+            QVERIFY(!file.sync());
+            QVERIFY(!file.sync());
+        }
+        QVERIFY(file.sync());
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden),
+            QStringList(file.recordName()));
+        QVERIFY(RecordedRun::contentOf(folder.filePath(file.recordName()))
+                    .endsWith(".txt: cannot be written: File too large\n"));
+    }
+
+    void recordMadeAnew_hasItsResultsFileBesideIt()
+    {
+        const QTemporaryDir folder;
+        RecordFile file(folder.path(), "S", "2026-01-02T03:04:05.678Z");
+        file.append("line\n");
+        QVERIFY(file.sync());
+        file.finish("results", lastLine);
+        {
+            const SmallDisk disk(10); // the results fit, the last line does not
+            QVERIFY(!file.sync());
+        }
+        QVERIFY(QFile::remove(folder.filePath(file.recordName())));
+        QVERIFY(file.sync());
+        QCOMPARE(file.recordName(), QString("S_20260102-030405_002.jsonl"));
+        QCOMPARE(RecordedRun::contentOf(folder.filePath("S_20260102-030405_002.txt")),
+            QByteArray("results"));
+        QCOMPARE(RecordedRun::contentOf(folder.filePath(file.recordName())),
+            QByteArray("line\nS_20260102-030405_002.txt: \n"));
+    }
+
+private:
+    static QByteArray lastLine(const QString& name, const QString& error)
+    {
+        return (name + ": " + error + '\n').toUtf8();
     }
 };
 

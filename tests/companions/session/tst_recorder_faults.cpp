@@ -2,42 +2,15 @@
 // What a full disk, a folder that goes and a failing sound output do to a record.
 #include "RecordedLines.h"
 #include "RecordedRun.h"
+#include "SmallDisk.h"
+#include "procedure/ResultsFormat.h"
+#include "record/RecordReader.h"
 #include "support/ModalBoxes.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QSignalSpy>
 #include <QTimer>
-
-#include <csignal>
-#include <sys/resource.h>
-
-namespace {
-
-/// Until it ends, no file of this process grows beyond a size: as on a full disk, what still fits
-/// is written and the rest is not.
-class SmallDisk {
-public:
-    explicit SmallDisk(qint64 size)
-        : m_before(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &m_limit);
-        const rlimit small = {static_cast<rlim_t>(size), m_limit.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &small);
-    }
-    Q_DISABLE_COPY(SmallDisk)
-    ~SmallDisk()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_limit);
-        std::signal(SIGXFSZ, m_before);
-    }
-
-private:
-    rlimit m_limit {};
-    void (*m_before)(int);
-};
-
-} // namespace
 
 class TestRecorderFaults : public WindowTest {
     Q_OBJECT
@@ -63,8 +36,8 @@ private slots:
             run.driver.playTrial();
             run.driver.answerRightly(false);
             QCOMPARE(failures.size(), 1);
-            QVERIFY(
-                failures[0][0].toString().startsWith(run.recordPath() + ": cannot be written: "));
+            QCOMPARE(failures[0][0].toString(),
+                run.recordPath() + ": cannot be written: File too large");
         }
         QCOMPARE(recoveries.size(), 0);
         run.driver.playTrial();
@@ -97,6 +70,54 @@ private slots:
         QCOMPARE(run.names().size(), 2);
     }
 
+    void folderGoneAtTheLastAnswer_getsRecordAndResultsWhenItIsBack()
+    {
+        RecordedRun run;
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
+        const QSignalSpy unsaved(&run.recorder, &FlightRecorder::resultsFailed);
+        run.play("cw");
+        QVERIFY(QDir(run.folder.path()).removeRecursively());
+        run.driver.playTrial();
+        run.driver.answerRightly(true);
+        QCOMPARE(failures.size(), 1);
+        QVERIFY(!QDir(run.folder.path()).exists());
+        QVERIFY(QDir().mkpath(run.folder.path()));
+        ModalBoxes boxes;
+        boxes.answerNext(QMessageBox::Yes);
+        run.dismiss();
+        const QByteArray results = resultsBytes(run.window->sessionRecord());
+        run.driver.open(); // the next run's record is there too
+        QCOMPARE(unsaved.size(), 0);
+        QCOMPARE(run.names().filter(".jsonl").size(), 2);
+        const QString record = run.path(run.names().filter(".jsonl").first());
+        QCOMPARE(RecordedRun::contentOf(record).count('\n'), 35);
+        const QByteArray last = RecordedRun::contentOf(record).trimmed().split('\n').last();
+        const QString name = QJsonDocument::fromJson(last).object()["results_file"].toString();
+        QCOMPARE(run.path(name), QString(record).replace(".jsonl", ".txt"));
+        QCOMPARE(RecordedRun::contentOf(run.path(name)), results);
+    }
+
+    void resultsFileThatCannotBeMade_isToldInTheRecordAndByASignal()
+    {
+        RecordedRun run;
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
+        const QSignalSpy unsaved(&run.recorder, &FlightRecorder::resultsFailed);
+        run.play("cw");
+        const QString path = QString(run.recordPath()).replace(".jsonl", ".txt");
+        QVERIFY(QDir().mkdir(path));
+        run.driver.playTrial();
+        run.driver.answerRightly(true);
+        const QString reason = path + ": was made by another program meanwhile: left as it is";
+        QCOMPARE(unsaved, QList<QVariantList>({QVariantList {reason}}));
+        QCOMPARE(failures.size(), 0);
+        const QJsonObject last = run.lines().last();
+        QCOMPARE(last["event"].toString(), QString("save failed"));
+        QCOMPARE(last["reason"].toString(), reason);
+        QCOMPARE(last["trials"].toInt(), 3);
+        QVERIFY(std::holds_alternative<RunUnsaved>(readRecordFile(run.recordPath()).run.end));
+        QCOMPARE(run.recorder.rescue("/nowhere"), QStringList()); // told already
+    }
+
     void recordThatCannotBeWritten_isKeptElsewhere_whenTheProgramEnds()
     {
         RecordedRun run;
@@ -109,6 +130,10 @@ private slots:
         const QString path = other.filePath(run.recorder.recordName());
         QCOMPARE(rescued, QStringList(path + ": kept here"));
         QCOMPARE(RecordedRun::contentOf(path).count('\n'), 35);
+        const QString results = QString(run.recorder.recordName()).replace(".jsonl", ".txt");
+        QVERIFY(RecordedRun::contentOf(path).contains('"' + results.toUtf8() + '"'));
+        QCOMPARE(RecordedRun::contentOf(other.filePath(results)),
+            resultsBytes(run.window->sessionRecord()));
         QCOMPARE(run.recorder.rescue("/nowhere"), QStringList()); // all is written
     }
 
@@ -274,6 +299,7 @@ private slots:
         QVERIFY(QDir().mkpath(run.folder.path()));
         QVERIFY(run.recorder.flush());
         QCOMPARE(run.names().filter(".jsonl").size(), 2);
+        QCOMPARE(run.names().filter(".txt").size(), 2);
     }
 
 private:
