@@ -38,7 +38,7 @@ double inWholeUs(double ms)
 // The window's own slots are connected before these: at a click, it has done all when they run.
 FlightRecorder::FlightRecorder(MainWindow& window, QString folder, qint64 seed)
     : m_window(window)
-    , m_queue(std::move(folder))
+    , m_queue(std::move(folder), [this] { tellFaults(); })
     , m_seed(seed)
     , m_draws(drawsOfView(window.sessionRecord()))
     , m_lastSound(window)
@@ -133,6 +133,7 @@ void FlightRecorder::noteState(int state)
         return;
     }
     catchUp();
+    m_isInTrial = true;
     if (state == answerState) {
         add(AnswerAllowed {m_trials, nowMs()});
         m_queue.hold();
@@ -221,6 +222,7 @@ void FlightRecorder::noteAnswer()
     const Disturbances& disturbances = m_window.runDisturbances().constLast();
     AnswerGiven line;
     m_answers = data.records.size();
+    m_isInTrial = false;
     m_queue.release();
     line.trial = m_answers;
     line.response = record.responsePosition;
@@ -281,6 +283,7 @@ void FlightRecorder::abandon(const QString& reason)
         return;
     }
     m_isRunning = false;
+    m_isInTrial = false;
     add(RunAbandoned {m_answers, reason + m_lastSound.loss(), nowMs()});
     m_lastSound.forget();
     m_queue.file().finish();
@@ -305,9 +308,12 @@ QStringList FlightRecorder::rescue(const QString& otherFolder)
     return told + std::exchange(m_resultsFaults, {});
 }
 
-// Boxes must not open while a trial is heard: this is called between trials only.
+// Boxes must not open while a trial is heard.
 void FlightRecorder::tellFaults()
 {
+    if (m_isInTrial) {
+        return;
+    }
     const QString fault = m_queue.file().error();
     const bool isNews = fault != std::exchange(m_fault, fault);
     if (!fault.isEmpty() && isNews) {

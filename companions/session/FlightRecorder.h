@@ -47,7 +47,8 @@ public:
     QString recordName() const;
 
 signals:
-    /// Something cannot be recorded. Comes between trials, once for each text.
+    /// Something cannot be recorded. Comes once for each text, between an answer and the next
+    /// trial's first sound.
     void failed(const QString& what);
     /// A finished run's results file cannot be written. The record has all of it, and is written.
     void resultsFailed(const QString& what);
@@ -96,6 +97,7 @@ private:
     int m_interruptions = 0; ///< of the trial's sounds that have their line
     int m_interruptedTold = 0; ///< of these at the last line of an end
     int m_lateTold = 0;
+    bool m_isInTrial = false; ///< from its first sound to its answer
     QString m_fault; ///< told last
     QStringList m_resultsFaults; ///< of results files, not told yet
     bool m_hasSoundFailed = false; ///< in the run's last trial

@@ -10,11 +10,14 @@
 #include <algorithm>
 #include <utility>
 
-RecordQueue::RecordQueue(QString folder)
+RecordQueue::RecordQueue(QString folder, std::function<void()> written)
     : m_folder(std::move(folder))
 {
     m_timer.setSingleShot(true);
-    QObject::connect(&m_timer, &QTimer::timeout, [this] { flush(); });
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, written = std::move(written)] {
+        flush();
+        written();
+    });
 }
 
 void RecordQueue::begin(const QString& subject, const QString& time)

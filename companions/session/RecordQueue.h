@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <QVector>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -15,8 +16,10 @@
 /// comes to them. What cannot be written is kept and tried again with every later line.
 class RecordQueue {
 public:
-    /// @param folder where the records go
-    explicit RecordQueue(QString folder);
+    /// @param folder  where the records go
+    /// @param written called when the event loop has come to the lines, whether they could be
+    ///                written or not
+    RecordQueue(QString folder, std::function<void()> written);
     Q_DISABLE_COPY(RecordQueue)
     ~RecordQueue() = default;
 

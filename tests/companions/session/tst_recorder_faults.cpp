@@ -118,6 +118,53 @@ private slots:
         QCOMPARE(run.recorder.rescue("/nowhere"), QStringList()); // told already
     }
 
+    void fullDisk_isToldBeforeTheNextTrial_whenTheAnswerFindsIt()
+    {
+        RecordedRun run;
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
+        const QSignalSpy recoveries(&run.recorder, &FlightRecorder::recovered);
+        run.driver.open();
+        run.driver.beReady();
+        run.driver.playTrial();
+        QCoreApplication::processEvents();
+        {
+            const SmallDisk disk(run.content().size());
+            run.driver.answerRightly(true);
+            QCOMPARE(failures.size(), 0);
+            QTRY_COMPARE(failures.size(), 1);
+        }
+        for (int i = 0; i < 4; ++i) {
+            run.driver.startSound();
+            QVERIFY(run.recorder.flush());
+            QCOMPARE(recoveries.size(), 0); // a trial is not disturbed
+            run.driver.endSound();
+        }
+        run.driver.answerRightly(false);
+        QCOMPARE(recoveries.size(), 1);
+    }
+
+    void fullDisk_isNotTold_whileATrialIsHeardOrAnswered()
+    {
+        RecordedRun run;
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
+        run.driver.open();
+        run.driver.beReady();
+        QCoreApplication::processEvents();
+        const SmallDisk disk(run.content().size());
+        run.driver.startSound();
+        QCoreApplication::processEvents();
+        QVERIFY(!run.recorder.flush());
+        run.driver.endSound();
+        for (int i = 0; i < 3; ++i) {
+            run.driver.startSound();
+            run.driver.endSound();
+            QCoreApplication::processEvents();
+            QCOMPARE(failures.size(), 0);
+        }
+        run.driver.answerRightly(true);
+        QCOMPARE(failures.size(), 1);
+    }
+
     void recordThatCannotBeWritten_isKeptElsewhere_whenTheProgramEnds()
     {
         RecordedRun run;
