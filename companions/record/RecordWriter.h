@@ -6,7 +6,7 @@
 
 #include <QByteArray>
 
-struct Data;
+class Data;
 
 /// A line of a record, of one of the kinds in RecordLines.h, as an object: its event and its
 /// fields.
