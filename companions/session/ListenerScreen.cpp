@@ -95,7 +95,7 @@ bool ListenerScreen::eventFilter(QObject* watched, QEvent* event)
 {
     const bool isOurs = !event->spontaneous();
     if (watched == &m_window && event->type() == QEvent::ChildPolished) {
-        watch(*static_cast<QChildEvent*>(event)->child());
+        watch(static_cast<QChildEvent*>(event)->child());
     } else if (watched == &m_cover && event->type() == QEvent::MouseButtonPress) {
         bringListenerForward();
     } else if (isOurs && event->type() == QEvent::Show) {
@@ -113,11 +113,11 @@ bool ListenerScreen::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
-void ListenerScreen::watch(QObject& child)
+void ListenerScreen::watch(QObject* child)
 {
-    if (qobject_cast<SubjectWindow*>(&child) != nullptr
-        || qobject_cast<TextWindow*>(&child) != nullptr) {
-        child.installEventFilter(this);
+    if (qobject_cast<SubjectWindow*>(child) != nullptr
+        || qobject_cast<TextWindow*>(child) != nullptr) {
+        child->installEventFilter(this);
     }
 }
 

@@ -45,7 +45,7 @@ signals:
     void moved(const QString& missing, const QString& instead);
 
 private:
-    void watch(QObject& child);
+    void watch(QObject* child);
     void listenerOpens(SubjectWindow& listener);
     void putInPlace();
     void textOpens(TextWindow& text);

@@ -13,6 +13,7 @@ struct Command {
     /// @return the exit status
     int (*run)(const QStringList& arguments, StandardStreams& streams);
 };
+Q_DECLARE_TYPEINFO(Command, Q_PRIMITIVE_TYPE);
 
 /// All commands, in the order of the help.
 QVector<Command> commands();

@@ -172,7 +172,8 @@ private:
 
 QString argumentOf(const QString& arguments, const QString& name)
 {
-    for (const QString& argument : arguments.split(' ')) {
+    const QStringList all = arguments.split(' ');
+    for (const QString& argument : all) {
         if (argument.startsWith(name + '=')) {
             return argument.mid(name.size() + 1).remove('"');
         }

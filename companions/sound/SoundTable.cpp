@@ -6,6 +6,7 @@
 #include "session/Units.h"
 
 #include <cmath>
+#include <vector>
 
 using namespace quorin;
 
@@ -21,7 +22,7 @@ struct Figure {
     std::array<double, 2> values; ///< of standard and deviant
 };
 
-QVector<Figure> figuresOf(const BothFigures& figures, const QVector<int>& lengths, double rate)
+std::vector<Figure> figuresOf(const BothFigures& figures, const QVector<int>& lengths, double rate)
 {
     const auto both = [&figures](auto value) {
         return std::array<double, 2> {value(figures[standard]), value(figures[deviant])};
@@ -58,7 +59,8 @@ QString soundTable(const BothFigures& figures, const QVector<int>& lengths, doub
     constexpr int valueWidth = 12;
     QString table = QString(nameWidth, ' ') + QString("standard").rightJustified(valueWidth)
         + QString("deviant").rightJustified(valueWidth) + '\n';
-    for (const Figure& figure : figuresOf(figures, lengths, rate)) {
+    const std::vector<Figure> all = figuresOf(figures, lengths, rate);
+    for (const Figure& figure : all) {
         table += QString(figure.name).leftJustified(nameWidth);
         for (const double value : figure.values) {
             table += shown(value, figure.decimals).rightJustified(valueWidth);
@@ -71,7 +73,8 @@ QString soundTable(const BothFigures& figures, const QVector<int>& lengths, doub
 QString soundHeadings()
 {
     QStringList headings {"sound"};
-    for (const Figure& figure : figuresOf({}, {0, 0}, 1.0)) {
+    const std::vector<Figure> all = figuresOf({}, {0, 0}, 1.0);
+    for (const Figure& figure : all) {
         headings.append(figure.name);
     }
     return headings.join(',');
@@ -79,10 +82,11 @@ QString soundHeadings()
 
 QString soundRows(const BothFigures& figures, const QVector<int>& lengths, double rate)
 {
+    const std::vector<Figure> all = figuresOf(figures, lengths, rate);
     QString rows;
     for (const int i : {standard, deviant}) {
         QStringList cells {i == standard ? "standard" : "deviant"};
-        for (const Figure& figure : figuresOf(figures, lengths, rate)) {
+        for (const Figure& figure : all) {
             cells.append(shown(figure.values.at(static_cast<size_t>(i)), figure.decimals));
         }
         rows += cells.join(',') + '\n';
