@@ -335,7 +335,7 @@ void FlightRecorder::tellSoundFailure()
     }
 }
 
-// In the trial that was answered last. The window does not notice a device that is pulled out.
+// In the trial that was answered last. The window is not told of a fourth sound's loss.
 bool FlightRecorder::hasOutputFailed() const
 {
     return m_lastSound.wasGivenUpIn(m_answers)

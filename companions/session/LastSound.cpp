@@ -64,8 +64,7 @@ QString LastSound::loss() const
 }
 
 // It ends no more when its output has stopped with an error, or its stream is gone. Where a device
-// was pulled out Qt reports nothing, but the queue is gone in which samples could be
-// free.
+// was pulled out Qt reports nothing, but the queue is gone in which samples could be free.
 bool LastSound::hasGone() const
 {
     if (m_output == nullptr) {

@@ -21,11 +21,25 @@ constexpr int soundTimeoutMs = 30000;
 
 const QList<QVariantList> endOfTrial = {{-1}};
 
+void typeDuration(const MainWindow& window, const QString& ms)
+{
+    type(window, "lineEditStdDuration", ms);
+    type(window, "lineEditDevDuration", ms);
+}
+
+// The timer paces the trials of this run.
+void openPacedRun(MainWindow& window, const QString& soundMs, const QString& silenceMs)
+{
+    typeDuration(window, soundMs);
+    type(window, "lineEditSilentInterval", silenceMs);
+    window.on_pushButtonView_clicked();
+    window.on_pushButtonGo_clicked();
+}
+
 // A run whose sounds take a tenth of a second each.
 void openBriefRun(MainWindow& window, RunDriver& driver)
 {
-    type(window, "lineEditStdDuration", "100.00");
-    type(window, "lineEditDevDuration", "100.00");
+    typeDuration(window, "100.00");
     driver.open();
     driver.beReady();
 }
@@ -114,11 +128,7 @@ private slots:
     void trial_ends_withoutASilentInterval()
     {
         MainWindow window;
-        type(window, "lineEditSilentInterval", "0");
-        type(window, "lineEditStdDuration", "100.00");
-        type(window, "lineEditDevDuration", "100.00");
-        window.on_pushButtonView_clicked();
-        window.on_pushButtonGo_clicked();
+        openPacedRun(window, "100.00", "0");
         QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
         window.updateMainwindow(0);
         QCOMPARE(Probe::timerPlay(window)->interval(), 100);
@@ -132,11 +142,7 @@ private slots:
     void soundsShorterThanTheOnset_areNotLate()
     {
         MainWindow window;
-        type(window, "lineEditSilentInterval", "5");
-        type(window, "lineEditStdDuration", "10.00");
-        type(window, "lineEditDevDuration", "10.00");
-        window.on_pushButtonView_clicked();
-        window.on_pushButtonGo_clicked();
+        openPacedRun(window, "10.00", "5");
         QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
         int nTrials = 0;
         do {
