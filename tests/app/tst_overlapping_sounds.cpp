@@ -37,7 +37,7 @@ void openPacedRun(MainWindow& window, const QString& soundMs, const QString& sil
 }
 
 // A run whose sounds take a tenth of a second each.
-void openBriefRun(MainWindow& window, RunDriver& driver)
+void openBriefRun(const MainWindow& window, RunDriver& driver)
 {
     typeDuration(window, "100.00");
     driver.open();
