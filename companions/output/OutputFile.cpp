@@ -13,6 +13,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -142,29 +143,32 @@ QString outputObstacle(const OutputFile& file)
                                      : file.path + ": there is no folder " + folder + ": make it";
 }
 
-QString createFile(const QString& path, const QByteArray& content)
+CreatedFile createOpenFile(const QString& path, const QByteArray& content)
 {
     static int number = 0;
     const QString part = QFileInfo(path).path()
         + QString("/.quorin-%1-%2.part").arg(QCoreApplication::applicationPid()).arg(++number);
-    QFile file(part);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
-        return path + ": cannot be written: " + file.errorString();
+    auto file = std::make_unique<QFile>(part);
+    if (!file->open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
+        return {nullptr, path + ": cannot be written: " + file->errorString()};
     }
     QString error;
-    if (file.write(content) != content.size() || ::fsync(file.handle()) != 0) {
+    if (file->write(content) != content.size() || ::fsync(file->handle()) != 0) {
         error = failure(path, errno);
-    }
-    file.close();
-    if (error.isEmpty()
-        && !renameWithoutReplacing(QFile::encodeName(part), QFile::encodeName(path))) {
+    } else if (!renameWithoutReplacing(QFile::encodeName(part), QFile::encodeName(path))) {
         error = errno == EEXIST ? path + ": was made by another program meanwhile: left as it is"
                                 : failure(path, errno);
     }
     if (!error.isEmpty()) {
         QFile::remove(part);
+        file.reset();
     }
-    return error;
+    return {std::move(file), error};
+}
+
+QString createFile(const QString& path, const QByteArray& content)
+{
+    return createOpenFile(path, content).error;
 }
 
 QString writeOutput(const OutputFile& file, const QByteArray& content)

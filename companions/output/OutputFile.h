@@ -2,7 +2,10 @@
 #pragma once
 
 #include <QByteArray>
+#include <QFile>
 #include <QString>
+
+#include <memory>
 
 /// A file that a companion program is asked to write. One that is there already is replaced only
 /// if isForced and it carries the mark of a companion, which depends on its kind.
@@ -28,8 +31,17 @@ QString makerText();
 /// file's name. Empty if nothing does.
 QString outputObstacle(const OutputFile& file);
 
+/// A file that createOpenFile() has made, or why it could not.
+struct CreatedFile {
+    std::unique_ptr<QFile> file; ///< open for writing, at its end; null if it was not made
+    QString error; ///< what went wrong, with the path in front; empty if nothing did
+};
+
 /// Makes a new file, whole or not at all, and waits until its content is on the disk. A file that
-/// is there already is left as it is.
+/// is there already is left as it is. The name that the open file tells is not the path.
+CreatedFile createOpenFile(const QString& path, const QByteArray& content);
+
+/// The same, and closes it.
 /// @return what went wrong, with the path in front; empty if the file was made
 QString createFile(const QString& path, const QByteArray& content);
 

@@ -93,7 +93,8 @@ bool RecordFile::isThere() const
     return m_file != nullptr && ::fstat(m_file->handle(), &status) == 0 && status.st_nlink > 0;
 }
 
-// A last line that was made tells of a results file beside the file that is gone.
+// The file gets its name when its first lines are on the disk: no record is ever empty. A last line
+// that was made tells of a results file beside the file that is gone.
 bool RecordFile::make()
 {
     constexpr int mostFiles = 999; // of one subject in one second
@@ -105,15 +106,16 @@ bool RecordFile::make()
         if (!isFree(pathOf(resultsEnding)) || !isFree(pathOf(recordEnding))) {
             continue;
         }
-        m_file = std::make_unique<QFile>(pathOf(recordEnding));
-        if (m_file->open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
+        CreatedFile created = createOpenFile(pathOf(recordEnding), m_content);
+        m_file = std::move(created.file);
+        if (m_file != nullptr) {
+            m_onDisk = m_content.size();
             syncFolder(m_folder);
             return true;
         }
-        const QString reason = m_file->errorString();
-        m_file.reset();
         if (isFree(pathOf(recordEnding))) { // nobody else was faster
-            return fail(reason);
+            m_error = created.error;
+            return false;
         }
     }
     return fail("there are too many files");
@@ -123,6 +125,9 @@ bool RecordFile::make()
 // again, in its place.
 bool RecordFile::writeRest()
 {
+    if (m_onDisk == m_content.size()) {
+        return true;
+    }
     const QByteArray rest = m_content.mid(static_cast<int>(m_onDisk));
     if (!m_file->seek(m_onDisk) || m_file->write(rest) != rest.size()
         || ::fsync(m_file->handle()) != 0) {

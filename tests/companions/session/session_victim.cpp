@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Plays recorded runs without sound until it is killed. Prints how many lines of the run under way
-// have been written, after each step.
+// have been written, after each step. With a second argument it dies at its 100th byte.
 #include "drivers/RunDriver.h"
 #include "session/FlightRecorder.h"
 #include "support/MainWindowProbe.h"
@@ -8,8 +8,10 @@
 
 #include <QApplication>
 
+#include <csignal>
 #include <cstdio>
 #include <memory>
+#include <sys/resource.h>
 
 namespace {
 
@@ -61,11 +63,25 @@ private:
     int m_lines = 0;
 };
 
+void limitFiles()
+{
+    constexpr rlim_t mostBytes = 100;
+    const rlimit noCore {0, 0};
+    const rlimit small {mostBytes, mostBytes};
+    std::signal(SIGXFSZ, SIG_DFL);
+    ::setrlimit(RLIMIT_CORE, &noCore);
+    ::setrlimit(RLIMIT_FSIZE, &small); // a signal ends a program that writes more
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
-    Victim(QApplication::arguments().value(1)).play();
+    const QStringList arguments = QApplication::arguments();
+    Victim victim(arguments.value(1));
+    if (arguments.size() > 2)
+        limitFiles();
+    victim.play();
     return 0;
 }

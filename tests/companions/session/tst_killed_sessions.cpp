@@ -6,6 +6,7 @@
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
 
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -43,6 +44,20 @@ private slots:
             nLines += nWritten;
         }
         qInfo("%d kills, %d lines, %d cut", nKills, nLines, nCut);
+    }
+
+    void record_isNotThereYet_whenTheProgramIsKilledInTheFirstLine()
+    {
+        const QTemporaryDir folder;
+        QProcess victim;
+        victim.setStandardErrorFile(QProcess::nullDevice());
+        victim.start(SESSION_VICTIM, {folder.path(), "die"});
+        QVERIFY(victim.waitForFinished());
+        QCOMPARE(victim.exitStatus(), QProcess::CrashExit);
+        const QFileInfoList files = QDir(folder.path()).entryInfoList(QDir::Files | QDir::Hidden);
+        QCOMPARE(files.size(), 1);
+        QVERIFY(files[0].fileName().startsWith(".quorin-"));
+        QCOMPARE(files[0].size(), 100);
     }
 
 private:

@@ -63,6 +63,23 @@ private slots:
                 + ": was made by another program meanwhile: left as it is\n");
     }
 
+    void record_isNotThere_untilItsFirstLineIs()
+    {
+        const QTemporaryDir folder;
+        RecordFile file(folder.path(), "S", "2026-01-02T03:04:05.678Z");
+        file.append("line\n");
+        {
+            const SmallDisk disk(4);
+            QVERIFY(!file.sync());
+            QCOMPARE(file.error(),
+                folder.filePath("S_20260102-030405_001.jsonl: cannot be written: File too large"));
+            QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList());
+        }
+        QVERIFY(file.sync());
+        QCOMPARE(RecordedRun::contentOf(folder.filePath("S_20260102-030405_001.jsonl")),
+            QByteArray("line\n"));
+    }
+
     // On a full disk neither the results nor the line that tells of them have a place.
     void resultsFile_isWholeOrNotThere_whenTheDiskIsFull()
     {
