@@ -36,9 +36,10 @@ double inWholeUs(double ms)
 } // namespace
 
 // The window's own slots are connected before these: at a click, it has done all when they run.
-FlightRecorder::FlightRecorder(MainWindow& window, QString folder, qint64 seed)
+FlightRecorder::FlightRecorder(
+    MainWindow& window, QString folder, qint64 seed, QStringList otherFolders)
     : m_window(window)
-    , m_queue(std::move(folder), [this] { tellFaults(); })
+    , m_queue(std::move(folder), std::move(otherFolders), [this] { tellFaults(); })
     , m_seed(seed)
     , m_draws(drawsOfView(window.sessionRecord()))
     , m_lastSound(window)
@@ -266,12 +267,9 @@ void FlightRecorder::finish()
     m_isRunning = false;
     const Data& data = m_window.sessionRecord();
     m_queue.file().finish(resultsBytes(data),
-        [this, figures = figuresOf(data, nowMs())](const QString& name, const QString& error) {
-            if (error.isEmpty()) {
-                return lineBytes(lineObject(RunSaved {figures, name}));
-            }
-            m_resultsFaults.append(error);
-            return lineBytes(lineObject(RunUnsaved {figures, error}));
+        [figures = figuresOf(data, nowMs())](const QString& name, const QString& error) {
+            return error.isEmpty() ? lineBytes(lineObject(RunSaved {figures, name}))
+                                   : lineBytes(lineObject(RunUnsaved {figures, error}));
         });
     flush();
     tellFaults();
@@ -301,11 +299,11 @@ bool FlightRecorder::flush()
     return m_queue.flush();
 }
 
-QStringList FlightRecorder::rescue(const QString& otherFolder)
+QStringList FlightRecorder::close()
 {
     abandon(endOfProgram);
-    const QStringList told = m_queue.rescue(otherFolder);
-    return told + std::exchange(m_resultsFaults, {});
+    const QStringList told = m_queue.close();
+    return told + m_queue.takeResultsFaults();
 }
 
 // Boxes must not open while a trial is heard.
@@ -321,8 +319,9 @@ void FlightRecorder::tellFaults()
     } else if (isNews) {
         emit recovered();
     }
-    while (fault.isEmpty() && !m_resultsFaults.isEmpty()) {
-        emit resultsFailed(m_resultsFaults.takeFirst());
+    const QStringList resultsFaults = fault.isEmpty() ? m_queue.takeResultsFaults() : QStringList();
+    for (const QString& resultsFault : resultsFaults) {
+        emit resultsFailed(resultsFault);
     }
 }
 

@@ -22,9 +22,10 @@ class FlightRecorder : public QObject {
     Q_OBJECT
 
 public:
-    /// @param folder where the files go
-    /// @param seed   that the generator was seeded with just before the window was made
-    FlightRecorder(MainWindow& window, QString folder, qint64 seed);
+    /// @param folder       where the files go
+    /// @param seed         that the generator was seeded with just before the window was made
+    /// @param otherFolders where they are as long as the folder cannot be written to
+    FlightRecorder(MainWindow& window, QString folder, qint64 seed, QStringList otherFolders = {});
     /// A run under way is recorded as abandoned.
     ~FlightRecorder() override;
 
@@ -37,12 +38,12 @@ public:
     /// protocol.
     void askForPlace(std::function<std::optional<ProtocolPlace>()> place);
     /// Brings to the disk what waits in memory.
-    /// @return whether all is there
+    /// @return whether all is in the folder
     bool flush();
-    /// Ends the recording. What could not be written to the folder is written to another one.
-    /// @return a line for each record that is there now, or cannot be written there either, and for
-    ///         each results file that cannot
-    QStringList rescue(const QString& otherFolder);
+    /// Ends the recording.
+    /// @return a line for each record that is in another folder, or nowhere, and for each results
+    ///         file that could not be made
+    QStringList close();
     /// The name of the record under way or of the last one; empty before the first.
     QString recordName() const;
 
@@ -52,7 +53,7 @@ signals:
     void failed(const QString& what);
     /// A finished run's results file cannot be written. The record has all of it, and is written.
     void resultsFailed(const QString& what);
-    /// All that waited is on the disk again.
+    /// All that waited is in the folder again.
     void recovered();
     /// The sound output failed in a trial that was answered, the first of several in a row.
     void soundFailed(int trial);
@@ -99,6 +100,5 @@ private:
     int m_lateTold = 0;
     bool m_isInTrial = false; ///< from its first sound to its answer
     QString m_fault; ///< told last
-    QStringList m_resultsFaults; ///< of results files, not told yet
     bool m_hasSoundFailed = false; ///< in the run's last trial
 };

@@ -2,6 +2,8 @@
 // All that can keep a session from beginning, before anything is shown or played.
 #include "session/PreparedSession.h"
 
+#include "session/SecondFolders.h"
+
 #include <QDir>
 #include <QRandomGenerator>
 
@@ -45,7 +47,7 @@ void planStudy(const SessionOptions& options, PreparedSession& session)
         return;
     }
     const EarlierRuns earlier = earlierRuns(options.folder, protocol.sha256, options.study.subject);
-    session.notes = notesOn(options, earlier);
+    session.notes += notesOn(options, earlier);
     session.study = plannedStudy(options.study, protocol, earlier, session.seed);
     if (!session.study->error.isEmpty()) {
         session.errors.append(session.study->error);
@@ -64,7 +66,12 @@ PreparedSession preparedSession(const SessionOptions& options)
     session.lock->setStaleLockTime(0); // only a process that is gone gives its lock up, however old
     if (!session.lock->tryLock()) {
         session.errors.append(lockError(*session.lock, options.folder));
-    } else if (!options.study.protocol.isEmpty()) {
+        return session;
+    }
+    const BroughtBack kept = broughtBack(options.folder, secondFolders(options.folder));
+    session.notes = kept.notes;
+    session.errors = kept.errors;
+    if (session.errors.isEmpty() && !options.study.protocol.isEmpty()) {
         planStudy(options, session);
     }
     return session;

@@ -16,5 +16,6 @@ struct PreparedSession {
     QStringList errors; ///< why the session cannot begin
 };
 
-/// Reads and checks the protocol, locks the folder and looks for the runs that are there.
+/// Locks the folder, brings back what an earlier session had to keep elsewhere, reads and checks
+/// the protocol, and looks for the runs that are there.
 PreparedSession preparedSession(const SessionOptions& options);

@@ -17,7 +17,6 @@
 
 namespace {
 
-constexpr auto recordEnding = ".jsonl";
 constexpr auto resultsEnding = ".txt";
 
 // A new file's name is on the disk only when its folder is. Some file systems cannot do this.
@@ -99,21 +98,22 @@ bool RecordFile::make()
 {
     constexpr int mostFiles = 999; // of one subject in one second
     m_onDisk = 0;
+    m_hasResultsFile = false;
     m_content.chop(m_lastLineSize);
     m_lastLineSize = 0;
     for (int number = 1; number <= mostFiles; ++number) {
-        m_name = runFileName(m_subject, m_time, number);
-        if (!isFree(pathOf(resultsEnding)) || !isFree(pathOf(recordEnding))) {
+        m_name = runFileName(m_subject, m_time, number) + m_mark;
+        if (!isFree(pathOf(resultsEnding)) || !isFree(path())) {
             continue;
         }
-        CreatedFile created = createOpenFile(pathOf(recordEnding), m_content);
+        CreatedFile created = createOpenFile(path(), m_content);
         m_file = std::move(created.file);
         if (m_file != nullptr) {
             m_onDisk = m_content.size();
             syncFolder(m_folder);
             return true;
         }
-        if (isFree(pathOf(recordEnding))) { // nobody else was faster
+        if (isFree(path())) { // nobody else was faster
             m_error = created.error;
             return false;
         }
@@ -140,19 +140,40 @@ bool RecordFile::writeRest()
 // A results file is tried once: the last line tells what became of it.
 bool RecordFile::addLastLine()
 {
-    const QString fault = createFile(pathOf(resultsEnding), m_results);
+    m_resultsFault = createFile(pathOf(resultsEnding), m_results);
+    m_hasResultsFile = m_resultsFault.isEmpty();
     syncFolder(m_folder);
-    const QByteArray line = m_lastLine(m_name + resultsEnding, fault);
+    const QByteArray line = m_lastLine(m_name + resultsEnding, m_resultsFault);
     m_lastLineSize = line.size();
     append(line);
     return writeRest();
 }
 
-void RecordFile::moveTo(const QString& folder)
+std::unique_ptr<RecordFile> RecordFile::copyIn(const QString& folder) const
 {
-    m_folder = folder;
-    m_file.reset();
-    m_onDisk = 0;
+    auto copy = std::make_unique<RecordFile>(folder, m_subject, m_time);
+    copy->m_mark = "_kept";
+    copy->m_content = m_content.chopped(m_lastLineSize);
+    copy->m_isFinished = m_isFinished;
+    copy->m_results = m_results;
+    copy->m_lastLine = m_lastLine;
+    return copy;
+}
+
+void RecordFile::discard()
+{
+    if (isThere()) {
+        QFile::remove(path());
+    }
+    if (m_hasResultsFile) {
+        QFile::remove(pathOf(resultsEnding));
+    }
+    QDir().rmdir(m_folder);
+}
+
+QString RecordFile::takeResultsFault()
+{
+    return std::exchange(m_resultsFault, {});
 }
 
 QString RecordFile::recordName() const
@@ -162,7 +183,7 @@ QString RecordFile::recordName() const
 
 bool RecordFile::fail(const QString& what)
 {
-    m_error = pathOf(recordEnding) + ": cannot be written: " + what;
+    m_error = path() + ": cannot be written: " + what;
     return false;
 }
 

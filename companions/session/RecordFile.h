@@ -14,7 +14,7 @@
 QString runFileName(const QString& subject, const QString& time, int number);
 
 /// A run's record on its way to the disk. All of it is kept in memory too: where the disk is full
-/// or the folder is gone, nothing is lost as long as the program runs.
+/// or the folder is gone, it can be written again or elsewhere, see GuardedRecord.
 class RecordFile {
 public:
     /// @param folder  where the file is to be
@@ -31,7 +31,8 @@ public:
     /// No line follows. Once all is on the disk, a file that is gone is not made again: somebody
     /// has removed it.
     void finish() { m_isFinished = true; }
-    /// The record's last line, made when the results file is there or cannot be.
+    /// The record's last line, made when the results file is there or cannot be. May be asked for
+    /// again, with another name.
     /// @param resultsName of the file
     /// @param error       what went wrong; empty if the file is on the disk
     using LastLine = std::function<QByteArray(const QString& resultsName, const QString& error)>;
@@ -40,12 +41,21 @@ public:
     void finish(QByteArray results, LastLine lastLine);
     /// Why not, with the file's or the folder's name; empty when all is there.
     QString error() const { return m_error; }
-    /// From now on the file belongs into another folder: the next sync() makes it there, whole.
-    void moveTo(const QString& folder);
     /// Its name in the folder; empty before the record's file is made.
     QString recordName() const;
+    /// The same with the folder.
+    QString path() const { return pathOf(recordEnding); }
+    /// Why the results file could not be made, once; empty if it could, or was not tried yet.
+    QString takeResultsFault();
+    /// The same record for another folder, where the first sync() makes it whole. The name is
+    /// another one too, so that it can be moved to this folder.
+    std::unique_ptr<RecordFile> copyIn(const QString& folder) const;
+    /// Removes the record and its results file, and their folder if nothing else is in it.
+    void discard();
 
 private:
+    static constexpr auto recordEnding = ".jsonl";
+
     bool isThere() const;
     bool make();
     bool writeRest();
@@ -56,6 +66,7 @@ private:
     QString m_folder;
     QString m_subject;
     QString m_time;
+    QString m_mark; ///< at the name's end
     QString m_name;
     std::unique_ptr<QFile> m_file;
     QByteArray m_content;
@@ -64,5 +75,7 @@ private:
     QByteArray m_results;
     LastLine m_lastLine; ///< of a finished run
     int m_lastLineSize = 0; ///< 0 until it is made
+    bool m_hasResultsFile = false;
+    QString m_resultsFault;
     QString m_error;
 };

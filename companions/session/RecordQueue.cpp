@@ -5,13 +5,13 @@
 #include "record/RecordWriter.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 
 #include <algorithm>
 #include <utility>
 
-RecordQueue::RecordQueue(QString folder, std::function<void()> written)
+RecordQueue::RecordQueue(QString folder, QStringList otherFolders, std::function<void()> written)
     : m_folder(std::move(folder))
+    , m_otherFolders(std::move(otherFolders))
 {
     m_timer.setSingleShot(true);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, written = std::move(written)] {
@@ -24,9 +24,9 @@ void RecordQueue::begin(const QString& subject, const QString& time)
 {
     m_isHeld = false;
     m_files.erase(std::remove_if(m_files.begin(), m_files.end(),
-                      [](auto& earlier) { return earlier->sync(); }),
+                      [this](auto& earlier) { return sync(*earlier); }),
         m_files.end());
-    m_files.push_back(std::make_unique<RecordFile>(m_folder, subject, time));
+    m_files.push_back(std::make_unique<GuardedRecord>(m_folder, m_otherFolders, subject, time));
 }
 
 void RecordQueue::append(const QJsonObject& line, const QByteArray& sound)
@@ -70,23 +70,33 @@ bool RecordQueue::flush()
     m_waiting.clear();
     bool isWritten = true;
     for (const auto& each : m_files) {
-        isWritten = each->sync() && isWritten;
+        isWritten = sync(*each) && isWritten;
     }
     return isWritten;
 }
 
-QStringList RecordQueue::rescue(const QString& otherFolder)
+QStringList RecordQueue::close()
 {
     QStringList told;
     flush();
     for (const auto& each : m_files) {
-        if (each->sync()) {
-            continue;
+        const QString path = each->otherPath();
+        if (!path.isEmpty()) {
+            told.append(QString("%1: kept here; the next session in %2 takes it there")
+                            .arg(path, m_folder));
+        } else if (!each->error().isEmpty()) {
+            told.append(each->error());
         }
-        each->moveTo(otherFolder);
-        told.append(each->sync()
-                ? QString("%1: kept here").arg(QDir(otherFolder).filePath(each->recordName()))
-                : each->error());
     }
     return told;
+}
+
+bool RecordQueue::sync(GuardedRecord& file)
+{
+    const bool isWritten = file.sync();
+    const QString fault = file.takeResultsFault();
+    if (!fault.isEmpty()) {
+        m_resultsFaults.append(fault);
+    }
+    return isWritten;
 }

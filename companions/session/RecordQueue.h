@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "session/RecordFile.h"
+#include "session/GuardedRecord.h"
 
 #include <QJsonObject>
 #include <QStringList>
@@ -10,20 +10,22 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 /// The lines of a session's records on their way to the disk. They are written when the event loop
-/// comes to them. What cannot be written is kept and tried again with every later line.
+/// comes to them. What cannot be written to the folder is written to another one, and tried again
+/// with every later line.
 class RecordQueue {
 public:
-    /// @param folder  where the records go
+    /// @param folder, otherFolders see GuardedRecord
     /// @param written called when the event loop has come to the lines, whether they could be
     ///                written or not
-    RecordQueue(QString folder, std::function<void()> written);
+    RecordQueue(QString folder, QStringList otherFolders, std::function<void()> written);
     Q_DISABLE_COPY(RecordQueue)
     ~RecordQueue() = default;
 
-    /// A record for the lines that follow; see RecordFile.
+    /// A record for the lines that follow; see GuardedRecord.
     void begin(const QString& subject, const QString& time);
     /// @param sound of a line with an empty digest: the bytes that it is made of
     void append(const QJsonObject& line, const QByteArray& sound);
@@ -36,14 +38,16 @@ public:
     /// Brings all to the disk now.
     /// @return whether all is there
     bool flush();
-    /// The same; what cannot be written to the folder is written to another one.
-    /// @return a line for each record that is there now, or cannot be written there either
-    QStringList rescue(const QString& otherFolder);
+    /// Brings all to the disk for the last time.
+    /// @return a line for each record that is in another folder, or nowhere
+    QStringList close();
+    /// Results files that could not be made, a text each, once.
+    QStringList takeResultsFaults() { return std::exchange(m_resultsFaults, {}); }
 
     /// Whether a record was begun.
     bool hasFile() const { return !m_files.empty(); }
     /// The record begun last.
-    RecordFile& file() const { return *m_files.back(); }
+    GuardedRecord& file() const { return *m_files.back(); }
 
 private:
     /// A line that waits, and the sound whose digest it is still to get.
@@ -52,9 +56,14 @@ private:
         QByteArray sound;
     };
 
+    bool sync(GuardedRecord& file);
+
     QString m_folder;
-    std::vector<std::unique_ptr<RecordFile>> m_files; ///< the last one's, and what is not written
+    QStringList m_otherFolders;
+    std::vector<std::unique_ptr<GuardedRecord>>
+        m_files; ///< the last one's, and what is not written
     QVector<Waiting> m_waiting;
     QTimer m_timer;
+    QStringList m_resultsFaults;
     bool m_isHeld = false;
 };

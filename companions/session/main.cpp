@@ -9,11 +9,11 @@
 #include "session/ListenerScreen.h"
 #include "session/PreparedSession.h"
 #include "session/Recomputation.h"
+#include "session/SecondFolders.h"
 #include "session/SessionOptions.h"
 #include "session/StudyCourse.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QMessageBox>
 
 #include <csignal>
@@ -100,7 +100,7 @@ int record(const SessionOptions& options, const PreparedSession& session, Standa
     }
     qsrand(static_cast<uint>(session.seed));
     MainWindow window;
-    FlightRecorder recorder(window, options.folder, session.seed);
+    FlightRecorder recorder(window, options.folder, session.seed, secondFolders(options.folder));
     const FaultMessages faultMessages(recorder, window, streams);
     ListenerScreen listenerScreen(window, place);
     QObject::connect(&listenerScreen, &ListenerScreen::moved,
@@ -119,9 +119,9 @@ int record(const SessionOptions& options, const PreparedSession& session, Standa
         course->start();
     }
     const int status = QApplication::exec();
-    const QStringList rescued = recorder.rescue(QDir::homePath());
-    tellAll(rescued, options, streams);
-    return rescued.isEmpty() ? status : somethingIsWrong;
+    const QStringList leftOut = recorder.close();
+    tellAll(leftOut, options, streams);
+    return leftOut.isEmpty() ? status : somethingIsWrong;
 }
 
 /// Tells what keeps the session from beginning, or that nothing is left to do; no status if it is

@@ -18,9 +18,9 @@
 /// and a run ends after two reversals, the last of which is the threshold.
 class RecordedRun {
 public:
-    explicit RecordedRun(uint seed = 1)
+    explicit RecordedRun(uint seed = 1, const QStringList& otherFolders = {})
         : window(makeWindow(seed))
-        , recorder(*window, folder.path(), seed)
+        , recorder(*window, folder.path(), seed, otherFolders)
         , driver(*window)
     {
         type(*window, "lineEditStdDuration", "10");
@@ -56,10 +56,12 @@ public:
     }
 
     /// The lines that are on the disk.
-    QVector<QJsonObject> lines() const
+    QVector<QJsonObject> lines() const { return linesIn(content()); }
+
+    static QVector<QJsonObject> linesIn(const QByteArray& content)
     {
         QVector<QJsonObject> objects;
-        QByteArrayList all = content().split('\n');
+        QByteArrayList all = content.split('\n');
         all.removeLast(); // what follows the last line's end
         for (const QByteArray& line : qAsConst(all)) {
             objects.append(QJsonDocument::fromJson(line).object());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Plays recorded runs without sound until it is killed. Prints how many lines of the run under way
-// have been written, after each step. With a second argument it dies at its 100th byte.
+// have been written, after each step. With a second folder, records are kept there where the first
+// is gone; with "die" in its place the program dies at the 100th byte of a file.
 #include "drivers/RunDriver.h"
 #include "session/FlightRecorder.h"
 #include "support/MainWindowProbe.h"
@@ -17,8 +18,8 @@ namespace {
 
 class Victim {
 public:
-    explicit Victim(const QString& folder)
-        : m_recorder(m_window, folder, 1)
+    Victim(const QString& folder, const QString& otherFolder)
+        : m_recorder(m_window, folder, 1, {otherFolder})
         , m_driver(m_window)
     {
         type(m_window, "lineEditStdDuration", "10");
@@ -79,8 +80,8 @@ int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
-    Victim victim(arguments.value(1));
-    if (arguments.size() > 2)
+    Victim victim(arguments.value(1), arguments.value(2));
+    if (arguments.value(2) == "die")
         limitFiles();
     victim.play();
     return 0;

@@ -60,6 +60,36 @@ private slots:
         QCOMPARE(files[0].size(), 100);
     }
 
+    void record_isReadableElsewhere_whenItsFolderIsGoneAndTheProgramIsKilled()
+    {
+        constexpr int steps = 30; // three trials and more
+        QTemporaryDir folder;
+        const QTemporaryDir other;
+        QProcess victim;
+        victim.setStandardErrorFile(QProcess::nullDevice());
+        victim.start(SESSION_VICTIM, {folder.path(), other.path()});
+        int nSteps = 0;
+        QByteArray lastStep;
+        const auto play = [&] {
+            for (const int end = nSteps + steps; nSteps < end; ++nSteps) {
+                while (!victim.canReadLine())
+                    QVERIFY(victim.waitForReadyRead());
+                lastStep = victim.readLine();
+            }
+        };
+        play();
+        QVERIFY(folder.remove());
+        play();
+        victim.kill();
+        QVERIFY(victim.waitForFinished());
+        const QStringList names = QDir(other.path()).entryList(QDir::Files);
+        QCOMPARE(names.size(), 1);
+        const ReadRecord read = readRecordFile(other.filePath(names[0]));
+        QCOMPARE(read.error, QString());
+        QVERIFY(read.run.nLines >= lastStep.trimmed().split(' ').last().toInt());
+        QCOMPARE(contradictionOf(read.run).text, QString());
+    }
+
 private:
     // What the program has printed last. The moment is random within the first trials.
     static QByteArray killedAtRandom(const QString& folder)

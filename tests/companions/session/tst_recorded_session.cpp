@@ -121,7 +121,7 @@ private slots:
         listener.stopAfter(1);
         listener.startRun();
         QTRY_VERIFY_WITH_TIMEOUT(listener.hasFinished(), timeoutMs);
-        recorder.rescue(folder.path()); // as at the program's end
+        recorder.close(); // as at the program's end
 
         const ReadRecord read = readRecordFile(folder.filePath(recorder.recordName()));
         QCOMPARE(read.error, QString());
@@ -159,7 +159,7 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(!QAudioDeviceInfo::defaultOutputDevice().isNull(), timeoutMs);
         recorder.endLostTrial();
         driver.answer(2);
-        recorder.rescue(folder.path()); // as at the program's end
+        recorder.close(); // as at the program's end
 
         const ReadRecord read = readRecordFile(folder.filePath(recorder.recordName()));
         QCOMPARE(read.error, QString());
@@ -231,7 +231,7 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(lost.contains(QVariantList {2}), timeoutMs);
         recorder.endLostTrial();
         QTRY_VERIFY_WITH_TIMEOUT(lost.contains(QVariantList {3}), timeoutMs);
-        recorder.rescue(folder.path()); // as at the program's end
+        recorder.close(); // as at the program's end
 
         const ReadRecord read = readRecordFile(folder.filePath(recorder.recordName()));
         QCOMPARE(read.error, QString());

@@ -115,7 +115,7 @@ private slots:
         QCOMPARE(last["reason"].toString(), reason);
         QCOMPARE(last["trials"].toInt(), 3);
         QVERIFY(std::holds_alternative<RunUnsaved>(readRecordFile(run.recordPath()).run.end));
-        QCOMPARE(run.recorder.rescue("/nowhere"), QStringList()); // told already
+        QCOMPARE(run.recorder.close(), QStringList()); // told already
     }
 
     void fullDisk_isToldBeforeTheNextTrial_whenTheAnswerFindsIt()
@@ -165,43 +165,13 @@ private slots:
         QCOMPARE(failures.size(), 1);
     }
 
-    void recordThatCannotBeWritten_isKeptElsewhere_whenTheProgramEnds()
-    {
-        RecordedRun run;
-        const QTemporaryDir other;
-        run.play("cw");
-        QVERIFY(QDir(run.folder.path()).removeRecursively());
-        run.driver.playTrial();
-        run.driver.answerRightly(true);
-        const QStringList rescued = run.recorder.rescue(other.path());
-        const QString path = other.filePath(run.recorder.recordName());
-        QCOMPARE(rescued, QStringList(path + ": kept here"));
-        QCOMPARE(RecordedRun::contentOf(path).count('\n'), 35);
-        const QString results = QString(run.recorder.recordName()).replace(".jsonl", ".txt");
-        QVERIFY(RecordedRun::contentOf(path).contains('"' + results.toUtf8() + '"'));
-        QCOMPARE(RecordedRun::contentOf(other.filePath(results)),
-            resultsBytes(run.window->sessionRecord()));
-        QCOMPARE(run.recorder.rescue("/nowhere"), QStringList()); // all is written
-    }
-
-    void recordThatCannotBeWrittenAnywhere_isTold()
-    {
-        RecordedRun run;
-        QVERIFY(QDir(run.folder.path()).removeRecursively());
-        run.play("cwc");
-        const QStringList told = run.recorder.rescue("/nowhere");
-        QCOMPARE(told.size(), 1);
-        QVERIFY(told[0].startsWith("/nowhere/S_07_"));
-        QVERIFY(told[0].endsWith(".jsonl: cannot be written: No such file or directory"));
-    }
-
     void removedRecord_staysAway_afterItsRun()
     {
         RecordedRun run;
         run.play("cwc");
         QVERIFY(QFile::remove(run.recordPath()));
         QVERIFY(run.recorder.flush());
-        QCOMPARE(run.recorder.rescue(run.folder.path()), QStringList());
+        QCOMPARE(run.recorder.close(), QStringList());
         QCOMPARE(run.names().filter(".jsonl"), QStringList());
     }
 

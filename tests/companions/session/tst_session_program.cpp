@@ -4,6 +4,7 @@
 #include "StudyTexts.h"
 #include "record/RecordReader.h"
 #include "record/RecordWriter.h"
+#include "session/SecondFolders.h"
 #include "session/Study.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
@@ -278,6 +279,56 @@ private slots:
                     "  run  row  repeat  state  settings\n"
                     "    1    1       1  done\n"));
         QCOMPARE(resumed.status, 0);
+    }
+
+    void keptRecord_comesBackToTheFolder_andItsRunCounts()
+    {
+        const QTemporaryDir data;
+        qputenv("XDG_DATA_HOME", QFile::encodeName(data.path()));
+        const QTemporaryDir folder;
+        StudyRequest request;
+        request.protocol = writtenFile(folder, "study.csv", "session\n1\n");
+        request.subject = "S07";
+        const Study study = plannedStudy(request, studyProtocol(request.protocol), {}, 1);
+        RunBegun begun;
+        begun.protocol = placeIn(study, study.runs[0]);
+        const QString second = data.filePath(
+            "quorin-session/" + QFileInfo(secondFolders(folder.path())[0]).fileName());
+        QVERIFY(makeOwnFolder(second));
+        QFile kept(second + "/1_kept.jsonl");
+        QVERIFY(kept.open(QIODevice::WriteOnly));
+        kept.write(lineBytes(lineObject(begun)) + lineBytes(lineObject(RunSaved())));
+        kept.close();
+        const Outcome resumed = session(
+            {folder.path(), "--protocol", request.protocol, "--subject", "S07", "--resume"});
+        qunsetenv("XDG_DATA_HOME");
+        QCOMPARE(resumed.errors,
+            "quorin-session: note: 1_kept.jsonl: was kept in " + second + " and is here now\n");
+        QVERIFY(
+            resumed.output.startsWith("S07, study.csv, order as-written: 1 of 1 runs completed\n"));
+        QCOMPARE(resumed.status, 0);
+        QVERIFY(QFile::exists(folder.filePath("1_kept.jsonl")));
+    }
+
+    void recordThatCannotComeBack_keepsTheSessionFromBeginning()
+    {
+        const QTemporaryDir data;
+        qputenv("XDG_DATA_HOME", QFile::encodeName(data.path()));
+        const QTemporaryDir folder;
+        const QString second = data.filePath(
+            "quorin-session/" + QFileInfo(secondFolders(folder.path())[0]).fileName());
+        QVERIFY(makeOwnFolder(second));
+        QFile kept(second + "/1_kept.jsonl");
+        QVERIFY(kept.open(QIODevice::WriteOnly) && kept.write("{}\n") == 3);
+        kept.close();
+        writtenFile(folder, "1_kept.jsonl", "another\n");
+        const Outcome outcome = session({folder.path()});
+        qunsetenv("XDG_DATA_HOME");
+        QCOMPARE(outcome.errors,
+            "quorin-session: " + folder.filePath("1_kept.jsonl")
+                + ": was made by another program meanwhile: left as it is; it is kept in " + second
+                + '\n');
+        QCOMPARE(outcome.status, 1);
     }
 
     void secondSession_isRefused_untilTheFirstIsGone()
