@@ -2,7 +2,7 @@
 // quorin-session: the application's windows with a recorder beside them, or a record replayed.
 #include "app/MainWindow.h"
 #include "output/CommandLine.h"
-#include "session/EndSignals.h"
+#include "output/EndSignals.h"
 #include "session/FaultMessages.h"
 #include "session/FlightRecorder.h"
 #include "session/FolderChoice.h"

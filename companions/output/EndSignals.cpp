@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Signals that ask the process to end, brought into the event loop.
-#include "session/EndSignals.h"
+#include "output/EndSignals.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
