@@ -2,7 +2,8 @@
 // What the running sound server tells of its outputs, by libpulse.
 #include "sound/PulseServer.h"
 
-#include <QElapsedTimer>
+#include "sound/PulseConnection.h"
+
 #include <QMap>
 
 #include <algorithm>
@@ -10,7 +11,6 @@
 
 namespace {
 
-constexpr qint64 patienceMs = 5000;
 constexpr double fullPercent = 100.0;
 constexpr double usPerMs = 1000.0;
 
@@ -91,84 +91,15 @@ void keepSelf(pa_context* /*context*/, const pa_client_info* self, int /*isLast*
     }
 }
 
-/// A connection to the server, which it waits for no longer than its patience.
-class Connection {
-public:
-    Connection()
-        : m_loop(pa_mainloop_new())
-        , m_context(pa_context_new(pa_mainloop_get_api(m_loop), "quorin-sound"))
-    {
-        m_clock.start();
-    }
-
-    ~Connection()
-    {
-        pa_context_disconnect(m_context);
-        pa_context_unref(m_context);
-        pa_mainloop_free(m_loop);
-    }
-
-    Q_DISABLE_COPY(Connection)
-
-    bool open()
-    {
-        if (pa_context_connect(m_context, nullptr, PA_CONTEXT_NOFLAGS, nullptr) < 0) {
-            return false;
-        }
-        while (pa_context_get_state(m_context) != PA_CONTEXT_READY) {
-            if (!PA_CONTEXT_IS_GOOD(pa_context_get_state(m_context)) || !step()) {
-                return false;
-            }
-        }
-        return true;
-    }
-
-    bool ask(Answers& answers)
-    {
-        return await(pa_context_get_server_info(m_context, keepServer, &answers))
-            && await(pa_context_get_module_info_list(m_context, keepModule, &answers))
-            && await(pa_context_get_sink_info_list(m_context, keepOutput, &answers))
-            && await(pa_context_get_client_info(
-                m_context, pa_context_get_index(m_context), keepSelf, &answers));
-    }
-
-    QString error() const
-    {
-        return isOverdue() ? QString("it does not answer")
-                           : QString(pa_strerror(pa_context_errno(m_context)));
-    }
-
-private:
-    bool isOverdue() const { return m_clock.elapsed() >= patienceMs; }
-
-    bool step()
-    {
-        constexpr int longestWaitUs = 100000;
-        return !isOverdue() && pa_mainloop_prepare(m_loop, longestWaitUs) >= 0
-            && pa_mainloop_poll(m_loop) >= 0 && pa_mainloop_dispatch(m_loop) >= 0;
-    }
-
-    bool await(pa_operation* operation)
-    {
-        if (operation == nullptr) {
-            return false;
-        }
-        bool isGood = true;
-        while (isGood && pa_operation_get_state(operation) == PA_OPERATION_RUNNING) {
-            isGood = step();
-        }
-        isGood = isGood && pa_operation_get_state(operation) == PA_OPERATION_DONE;
-        if (!isGood) {
-            pa_operation_cancel(operation); // nothing may be kept any more: its place goes
-        }
-        pa_operation_unref(operation);
-        return isGood;
-    }
-
-    pa_mainloop* m_loop;
-    pa_context* m_context;
-    QElapsedTimer m_clock;
-};
+bool ask(PulseConnection& connection, Answers& answers)
+{
+    pa_context* const context = connection.context();
+    return connection.await(pa_context_get_server_info(context, keepServer, &answers))
+        && connection.await(pa_context_get_module_info_list(context, keepModule, &answers))
+        && connection.await(pa_context_get_sink_info_list(context, keepOutput, &answers))
+        && connection.await(
+            pa_context_get_client_info(context, pa_context_get_index(context), keepSelf, &answers));
+}
 
 QString argumentOf(const QString& arguments, const QString& name)
 {
@@ -219,8 +150,8 @@ SoundPath pathOf(Answers& answers)
 FoundPath askPulseServer()
 {
     Answers answers;
-    Connection connection;
-    if (!connection.open() || !connection.ask(answers)) {
+    PulseConnection connection;
+    if (!connection.open() || !ask(connection, answers)) {
         return {{}, 0, connection.error()};
     }
     return {pathOf(answers), answers.forcedQuantum, {}};
