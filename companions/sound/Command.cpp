@@ -4,6 +4,7 @@
 
 #include "sound/CheckCommand.h"
 #include "sound/ExportCommand.h"
+#include "sound/MeasureCommand.h"
 
 #include <QCommandLineParser>
 
@@ -16,6 +17,8 @@ QVector<Command> commands()
     return {
         {"check", "Ask the sound server what becomes of a sound on its way.", runCheck},
         {"export", "Write the sounds of given settings, and tell their levels.", runExport},
+        {"measure", "Measure what the running sound server does to tones and to a sound's ends.",
+            runMeasure},
     };
 }
 

@@ -13,14 +13,14 @@ namespace {
 
 constexpr int startTimeoutMs = 20000;
 constexpr int commandTimeoutMs = 5000;
-constexpr int sampleRate = 48000;
 constexpr auto sinkName = "lab";
 
 } // namespace
 
-PipeWireServer::PipeWireServer(int quantum, QString rules)
+PipeWireServer::PipeWireServer(int quantum, QString rules, int rate)
     : m_quantum(quantum)
     , m_rules(std::move(rules))
+    , m_rate(rate)
 {
 }
 
@@ -63,11 +63,6 @@ QString PipeWireServer::monitor()
     return QString(sinkName) + ".monitor";
 }
 
-int PipeWireServer::rate()
-{
-    return sampleRate;
-}
-
 QProcessEnvironment PipeWireServer::environment() const
 {
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
@@ -98,7 +93,9 @@ bool PipeWireServer::makeFolders()
     const QString manager = m_folder.filePath(".config/wireplumber/");
     if (!write(manager + "main.lua.d/51-no-cards.lua", "alsa_monitor.enabled = false\n")
         || !write(manager + "wireplumber.conf.d/no-cards.conf",
-            "wireplumber.profiles = { main = { hardware.audio = disabled } }\n"))
+            "wireplumber.profiles = { main = { hardware.audio = disabled } }\n")
+        || !write(m_folder.filePath(".config/pipewire/pipewire.conf.d/rate.conf"),
+            "context.properties = { default.clock.rate = " + QByteArray::number(m_rate) + " }\n"))
         return false;
     if (m_rules.isEmpty())
         return true;
@@ -159,7 +156,7 @@ bool PipeWireServer::run(const QString& program, const QStringList& arguments)
 bool PipeWireServer::makeSink()
 {
     const QStringList server = {"--server", address()};
-    const QString rateOfSink = QString("rate=%1").arg(sampleRate);
+    const QString rateOfSink = QString("rate=%1").arg(m_rate);
     if (!run("pactl",
             server
                 + QStringList {"load-module", "module-null-sink", QString("sink_name=") + sinkName,

@@ -17,7 +17,8 @@ class PipeWireServer {
 public:
     /// @param quantum samples that the graph handles at a time; 0 leaves it to PipeWire
     /// @param rules   a file of settings for the PulseAudio server; empty: none
-    explicit PipeWireServer(int quantum, QString rules = {});
+    /// @param rate    of the graph and of the sink, Hz
+    explicit PipeWireServer(int quantum, QString rules = {}, int rate = 48000);
     ~PipeWireServer();
     PipeWireServer(const PipeWireServer&) = delete;
     PipeWireServer& operator=(const PipeWireServer&) = delete;
@@ -36,7 +37,7 @@ public:
     /// The source that gives back what the sink plays.
     static QString monitor();
     /// Of the graph and of the sink, Hz.
-    static int rate();
+    int rate() const { return m_rate; }
     /// The environment of the server and of its clients: no folder or server of the user's.
     QProcessEnvironment environment() const;
 
@@ -51,6 +52,7 @@ private:
 
     int m_quantum;
     QString m_rules;
+    int m_rate;
     QTemporaryDir m_folder;
     std::vector<std::unique_ptr<ChildProcess>> m_processes;
     QByteArray m_answer; ///< of the last program that was run

@@ -140,6 +140,9 @@ QStringList SoundServer::arguments() const
     QStringList all = {"-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
         "--disallow-exit", "--high-priority=no", "--realtime=no", "--log-target=stderr", "-L",
         sinkModule(), "-L", protocol};
+    if (!m_settings.resampleMethod.isEmpty()) {
+        all << "--resample-method=" + m_settings.resampleMethod;
+    }
     for (const QString& module : m_settings.moreModules) {
         all << "-L" << module;
     }

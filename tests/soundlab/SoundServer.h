@@ -21,6 +21,7 @@ public:
         /// A sink that may rewind takes back what it rendered: beginnings and tails of sounds are
         /// lost in the recording.
         bool mayRewind = false;
+        QString resampleMethod {}; ///< PulseAudio's name of it; empty: its own choice
         QStringList moreModules; ///< loaded besides, with their arguments
     };
 

@@ -137,10 +137,9 @@ int measureOnPipeWire(
     PipeWireServer server(options.value("quantum").toInt(), options.value("rules"));
     if (!server.start())
         return fail(server.errorText());
-    const GraphRecorder::Sink sink
-        = {server.socket(), PipeWireServer::sink(), PipeWireServer::rate()};
+    const GraphRecorder::Sink sink = {server.socket(), PipeWireServer::sink(), server.rate()};
     GraphRecorder recorder(sink, trials.timeoutMs() / 1000, options.isSet("awake"));
-    return measure({condition, PipeWireServer::rate(), trials, 0.0F, {}}, recorder);
+    return measure({condition, server.rate(), trials, 0.0F, {}}, recorder);
 }
 
 // With a sound card, the source is an input that the output is wired to.

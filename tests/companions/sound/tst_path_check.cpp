@@ -100,17 +100,30 @@ void addVolumes()
         "pactl set-sink-volume card 40%, headphones off, and raise it from there");
 }
 
+const QString betterPulseAudio
+    = "; if that cannot be, write \"resample-method = speex-float-5\" into "
+      "~/.config/pulse/daemon.conf, then: pulseaudio -k";
+const QString betterPipeWire
+    = "; if that cannot be, write \"stream.properties = { resample.quality = 10 }\" into "
+      "~/.config/pipewire/pipewire-pulse.conf.d/resample.conf, then: "
+      "systemctl --user restart pipewire-pulse";
+
 void addFormats()
 {
     SoundPath path = goodPath();
     row("its rate", path, start, "sampling rate", Verdict::fine, "output 40000 Hz, sounds 40000 Hz",
         "");
     row("another rate", path, {44100, 600.0}, "sampling rate", Verdict::look,
-        "output 40000 Hz, sounds 44100 Hz", "type 40000 in the panel's \"Sampling rate\"");
+        "output 40000 Hz, sounds 44100 Hz",
+        "type 40000 in the panel's \"Sampling rate\"" + betterPulseAudio);
     path.outputs.append(card());
     path.outputs[1].rate = 48000;
     row("another rate behind a virtual output", path, start, "sampling rate", Verdict::look,
-        "output 48000 Hz, sounds 40000 Hz", "type 48000 in the panel's \"Sampling rate\"");
+        "output 48000 Hz, sounds 40000 Hz",
+        "type 48000 in the panel's \"Sampling rate\"" + betterPulseAudio);
+    row("another rate than PipeWire's", pipeWirePath(64), start, "sampling rate", Verdict::look,
+        "output 48000 Hz, sounds 40000 Hz",
+        "type 48000 in the panel's \"Sampling rate\"" + betterPipeWire);
     path = goodPath();
     for (const char* const format : {"float32le", "s32le", "s24le", "s24-32le"}) {
         path.outputs[0].format = format;
