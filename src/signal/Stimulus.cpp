@@ -3,7 +3,6 @@
 #include "signal/Stimulus.h"
 
 #include "signal/SampleArithmetic.h"
-#include "signal/SignalToolkit.h"
 #include "signal/VectorRegisters.h"
 
 #include <algorithm>
@@ -13,39 +12,47 @@ using namespace quorin;
 
 namespace {
 
-void fillWithCarrier(QVector<double>& sound, const Data& data, int stimulus)
-{
-    const Oscillation tone = {data.cf[stimulus], data.fs, data.cfPhase[stimulus]};
-    double* const samples = sound.data();
-    switch (data.soundType) {
-    case sinusoidCarrier:
-        for (int k = 0; k < sound.size(); ++k) {
-            samples[k] = std::sin(tone.angle(k));
-        }
-        break;
-    case noiseCarrier:
-        for (int k = 0; k < sound.size(); ++k) {
-            const double u = qrand() / largestDraw;
-            samples[k] = u + u - 1;
-        }
-        break;
-    default:
-        sound.fill(0.0);
-    }
-}
-
-// The envelope times the amplitude, times the carrier, times the normalisation.
-void modulate(QVector<double>& sound, const Data& data, int stimulus)
+// The envelope times the amplitude, times the carrier, times the normalisation. One loop makes it
+// all: the processor does the arithmetic of one sample beside the library calls of the next.
+template <typename Carrier>
+void fill(QVector<double>& sound, const Data& data, int stimulus, const Carrier& carrier)
 {
     const Oscillation modulator = {data.mf[stimulus], data.fs, data.mfPhase[stimulus]};
     const double depth = data.md[stimulus];
     const double amplitude = data.amp[stimulus];
     const double normalisation = data.normalizeMd ? 1 / (depth + 1) : 1.0;
     double* const samples = sound.data();
-    for (int k = 0; k < sound.size(); ++k) {
+    const int size = sound.size();
+    for (int k = 0; k < size; ++k) {
         const double envelope = std::cos(modulator.angle(k)) * depth + 1;
-        samples[k] = envelope * amplitude * samples[k] * normalisation;
+        samples[k] = envelope * amplitude * carrier(k) * normalisation;
     }
+}
+
+double centredDraw()
+{
+    const double u = qrand() / largestDraw;
+    return u + u - 1;
+}
+
+// rms() of the one by rms() of the other, with their sums side by side: within a sum each addition
+// waits for the one before.
+double levelRatio(const QVector<double>& sound, const QVector<double>& reference)
+{
+    const int nBoth = std::min(sound.size(), reference.size());
+    double sum = 0.0;
+    double referenceSum = 0.0;
+    for (int k = 0; k < nBoth; ++k) {
+        sum += sound[k] * sound[k];
+        referenceSum += reference[k] * reference[k];
+    }
+    for (int k = nBoth; k < sound.size(); ++k) {
+        sum += sound[k] * sound[k];
+    }
+    for (int k = nBoth; k < reference.size(); ++k) {
+        referenceSum += reference[k] * reference[k];
+    }
+    return std::sqrt(sum / sound.size()) / std::sqrt(referenceSum / reference.size());
 }
 
 } // namespace
@@ -54,8 +61,17 @@ void synthesise(QVector<double>& sound, const Data& data, int stimulus)
 {
     clearUpperVectorHalves();
     sound.resize(std::max(data.nSamples[stimulus], 0));
-    fillWithCarrier(sound, data, stimulus);
-    modulate(sound, data, stimulus);
+    const Oscillation tone = {data.cf[stimulus], data.fs, data.cfPhase[stimulus]};
+    switch (data.soundType) {
+    case sinusoidCarrier:
+        fill(sound, data, stimulus, [&tone](int k) { return std::sin(tone.angle(k)); });
+        break;
+    case noiseCarrier:
+        fill(sound, data, stimulus, [](int /*k*/) { return centredDraw(); });
+        break;
+    default:
+        fill(sound, data, stimulus, [](int /*k*/) { return 0.0; });
+    }
 }
 
 void equaliseLevels(QVector<double>& standardSound, const QVector<double>& deviantSound)
@@ -63,7 +79,7 @@ void equaliseLevels(QVector<double>& standardSound, const QVector<double>& devia
     if (standardSound.isEmpty()) {
         return;
     }
-    const double factor = rms(deviantSound) / rms(standardSound);
+    const double factor = levelRatio(deviantSound, standardSound);
     for (double& sample : standardSound) {
         sample *= factor;
     }

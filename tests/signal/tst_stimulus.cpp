@@ -163,9 +163,19 @@ private slots:
         QVERIFY(synthesised(data, standard).isEmpty());
     }
 
+    void equalising_scalesTheStandardToTheDeviantsLevelBitForBit_data()
+    {
+        QTest::addColumn<int>("nStandard");
+        QTest::newRow("standard shorter") << 1999;
+        QTest::newRow("same length") << 2000;
+        QTest::newRow("standard longer") << 3000;
+    }
+
     void equalising_scalesTheStandardToTheDeviantsLevelBitForBit()
     {
         Data data = unlikeSounds();
+        QFETCH(int, nStandard);
+        data.nSamples[standard] = nStandard;
         QVector<double> first = synthesised(data, standard);
         const QVector<double> second = synthesised(data, deviant);
         const QVector<double> expected = statedEqualised(first, second);
