@@ -29,6 +29,16 @@ void comeToRest()
     QCoreApplication::processEvents();
 }
 
+// Of two windows at one place the display draws only the one in front.
+void bringForward(QWidget& window)
+{
+    if (window.isVisible()) {
+        window.raise();
+        QGuiApplication::sync();
+        comeToRest();
+    }
+}
+
 } // namespace
 
 BenchRun::BenchRun(const RunSettings& settings)
@@ -50,7 +60,8 @@ BenchRun::BenchRun(const RunSettings& settings)
     m_driver.beReady();
     comeToRest();
     if (settings.isShown) {
-        m_plainCharts = std::make_unique<PlainCharts>(m_window);
+        m_plainCharts = std::make_unique<PlainCharts>(m_window.geometry(), chartsOf(m_window));
+        m_plainCharts->window().show();
     }
     comeToRest();
 }
@@ -71,6 +82,7 @@ void BenchRun::advanceTo(int trial)
 BenchRun::Turnaround BenchRun::answer()
 {
     Turnaround turnaround = {};
+    bringForward(m_window);
     const Clock::time_point start = Clock::now();
     respond();
     turnaround.armed = secondsSince(start);
@@ -89,8 +101,10 @@ double BenchRun::showPlainly()
     if (!m_plainCharts) {
         return 0.0;
     }
+    const QVector<ChartContents> charts = chartsOf(m_window);
+    bringForward(m_plainCharts->window());
     const Clock::time_point start = Clock::now();
-    m_plainCharts->refresh();
+    m_plainCharts->refresh(charts);
     comeToRest();
     return secondsSince(start);
 }

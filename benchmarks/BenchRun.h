@@ -32,13 +32,14 @@ public:
 
     /// Answers trials until the next one to answer has this number, counted from 1.
     void advanceTo(int trial);
+    /// Answers one trial; nothing is repainted yet.
+    void respond();
     /// Answers one trial and lets the event loop come to rest.
     Turnaround answer();
 
     MainWindow& window() { return m_window; }
 
 private:
-    void respond();
     double showPlainly();
 
     MainWindow m_window;

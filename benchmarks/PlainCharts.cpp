@@ -1,78 +1,113 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Charts of the same series as the application's, by plain calls of Qt Charts.
+// Charts that show what those of another window do, by plain calls of Qt Charts.
 #include "PlainCharts.h"
 
+#include <QDataStream>
 #include <QtCharts/QLegend>
 
 QT_CHARTS_USE_NAMESPACE
 
 namespace {
 
-QValueAxis* likeAxis(const QValueAxis& original)
+AxisContents axisOf(const QChart& chart, Qt::Orientation orientation)
+{
+    const auto& axis = *qobject_cast<QValueAxis*>(chart.axes(orientation).first());
+    return {axis.titleText(), axis.titleFont(), axis.labelFormat(), axis.labelsFont(),
+        axis.labelsVisible(), axis.tickCount(), axis.min(), axis.max()};
+}
+
+QValueAxis* makeAxis(const AxisContents& contents)
 {
     auto* const axis = new QValueAxis;
-    axis->setLabelsFont(original.labelsFont());
-    axis->setTitleFont(original.titleFont());
-    axis->setTitleText(original.titleText());
-    axis->setLabelFormat(original.labelFormat());
-    axis->setLabelsVisible(original.labelsVisible());
+    axis->setLabelsFont(contents.labelsFont);
+    axis->setTitleFont(contents.titleFont);
+    axis->setTitleText(contents.title);
+    axis->setLabelFormat(contents.labelFormat);
+    axis->setLabelsVisible(contents.hasLabels);
     return axis;
+}
+
+QDataStream& operator<<(QDataStream& stream, const AxisContents& axis)
+{
+    return stream << axis.title << axis.titleFont << axis.labelFormat << axis.labelsFont
+                  << axis.hasLabels << axis.nTicks << axis.min << axis.max;
+}
+
+QDataStream& operator>>(QDataStream& stream, AxisContents& axis)
+{
+    return stream >> axis.title >> axis.titleFont >> axis.labelFormat >> axis.labelsFont
+        >> axis.hasLabels >> axis.nTicks >> axis.min >> axis.max;
 }
 
 } // namespace
 
-PlainCharts::PlainCharts(const QWidget& original)
+QDataStream& operator<<(QDataStream& stream, const ChartContents& chart)
 {
-    m_window.setGeometry(original.geometry());
-    const QList<QChartView*> views = original.findChildren<QChartView*>();
+    return stream << chart.place << chart.title << chart.titleFont << chart.x << chart.y
+                  << chart.hasPoints << chart.points;
+}
+
+QDataStream& operator>>(QDataStream& stream, ChartContents& chart)
+{
+    return stream >> chart.place >> chart.title >> chart.titleFont >> chart.x >> chart.y
+        >> chart.hasPoints >> chart.points;
+}
+
+QVector<ChartContents> chartsOf(const QWidget& window)
+{
+    QVector<ChartContents> charts;
+    const QList<QChartView*> views = window.findChildren<QChartView*>();
     for (const QChartView* view : views) {
-        add(view);
+        const QChart& chart = *view->chart();
+        const auto& series = *qobject_cast<QLineSeries*>(chart.series().first());
+        charts.append({QRect(view->mapTo(&window, QPoint()), view->size()), chart.title(),
+            chart.titleFont(), axisOf(chart, Qt::Horizontal), axisOf(chart, Qt::Vertical),
+            series.pointsVisible(), series.pointsVector()});
     }
-    refresh();
-    m_window.show();
+    return charts;
 }
 
-PlainCharts::Line PlainCharts::lineOf(const QChart* chart)
+PlainCharts::PlainCharts(const QRect& geometry, const QVector<ChartContents>& charts)
 {
-    return {qobject_cast<QLineSeries*>(chart->series().first()),
-        qobject_cast<QValueAxis*>(chart->axes(Qt::Horizontal).first()),
-        qobject_cast<QValueAxis*>(chart->axes(Qt::Vertical).first())};
+    m_window.setGeometry(geometry);
+    for (const ChartContents& chart : charts) {
+        add(chart);
+    }
+    refresh(charts);
 }
 
-void PlainCharts::add(const QChartView* original)
+void PlainCharts::add(const ChartContents& contents)
 {
-    const Line from = lineOf(original->chart());
-    const Line to = {new QLineSeries, likeAxis(*from.axisX), likeAxis(*from.axisY)};
-    to.series->setPointsVisible(from.series->pointsVisible());
+    const Line line = {new QLineSeries, makeAxis(contents.x), makeAxis(contents.y)};
+    line.series->setPointsVisible(contents.hasPoints);
     auto* const chart = new QChart;
-    chart->setTitle(original->chart()->title());
-    chart->setTitleFont(original->chart()->titleFont());
+    chart->setTitle(contents.title);
+    chart->setTitleFont(contents.titleFont);
     chart->legend()->hide();
     chart->setMargins(QMargins(0, 0, 0, 0));
-    chart->addSeries(to.series);
-    chart->addAxis(to.axisX, Qt::AlignBottom);
-    chart->addAxis(to.axisY, Qt::AlignLeft);
-    to.series->attachAxis(to.axisX);
-    to.series->attachAxis(to.axisY);
+    chart->addSeries(line.series);
+    chart->addAxis(line.axisX, Qt::AlignBottom);
+    chart->addAxis(line.axisY, Qt::AlignLeft);
+    line.series->attachAxis(line.axisX);
+    line.series->attachAxis(line.axisY);
     auto* const view = new QChartView(chart, &m_window);
     view->setRenderHint(QPainter::Antialiasing);
-    view->setGeometry(original->geometry());
-    m_originals.append(from);
-    m_lines.append(to);
+    view->setGeometry(contents.place);
+    m_lines.append(line);
 }
 
-void PlainCharts::refresh()
+void PlainCharts::refresh(const QVector<ChartContents>& charts)
 {
     for (int i = 0; i < m_lines.size(); ++i) {
-        const Line& from = m_originals[i];
-        const Line& to = m_lines[i];
-        if (from.series->count() == to.series->count() + 1) {
-            to.series->append(from.series->at(to.series->count()));
+        const ChartContents& chart = charts[i];
+        const Line& line = m_lines[i];
+        if (chart.points.size() == line.series->count() + 1) {
+            line.series->append(chart.points.last());
         } else {
-            to.series->replace(from.series->pointsVector());
+            line.series->replace(chart.points);
         }
-        to.axisX->setRange(from.axisX->min(), from.axisX->max());
-        to.axisX->setTickCount(from.axisX->tickCount());
-        to.axisY->setRange(from.axisY->min(), from.axisY->max());
+        line.axisX->setRange(chart.x.min, chart.x.max);
+        line.axisX->setTickCount(chart.x.nTicks);
+        line.axisY->setRange(chart.y.min, chart.y.max);
     }
 }

@@ -1,22 +1,59 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QFont>
+#include <QPointF>
+#include <QRect>
+#include <QString>
 #include <QVector>
 #include <QWidget>
 #include <QtCharts/QChartView>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
-/// Charts like those of another window, in a window of their own as large, that show the same
-/// series by plain calls of Qt Charts: what there is to compare the other window's repainting with.
+/// An axis as it is shown.
+struct AxisContents {
+    QString title;
+    QFont titleFont;
+    QString labelFormat;
+    QFont labelsFont;
+    bool hasLabels = true;
+    int nTicks = 0;
+    double min = 0.0;
+    double max = 0.0;
+};
+
+/// A chart as it is shown: its place in the window, its texts and its line.
+struct ChartContents {
+    QRect place;
+    QString title;
+    QFont titleFont;
+    AxisContents x;
+    AxisContents y;
+    bool hasPoints = false; ///< whether the line's points are drawn as well
+    QVector<QPointF> points;
+};
+
+QDataStream& operator<<(QDataStream& stream, const ChartContents& chart);
+QDataStream& operator>>(QDataStream& stream, ChartContents& chart);
+
+/// What the charts of a window show; the window must be shown and each chart have one line.
+QVector<ChartContents> chartsOf(const QWidget& window);
+
+/// Charts of their own that show what others do, by plain calls of Qt Charts, in a window as large:
+/// what there is to compare the other window with.
 class PlainCharts {
 public:
-    /// @param original a window that is shown and has its charts
-    explicit PlainCharts(const QWidget& original);
+    /// The window is not shown yet.
+    /// @param geometry the window's place on the screen
+    PlainCharts(const QRect& geometry, const QVector<ChartContents>& charts);
 
-    /// Gives every chart the points and the ranges that the original's has now: the whole line at
-    /// once, or only its last point where the line has grown by that; then the axes.
-    void refresh();
+    /// Gives every chart its points and ranges: the whole line at once, or only its last point
+    /// where the line has grown by that; then the axes.
+    /// @param charts as many as there were
+    void refresh(const QVector<ChartContents>& charts);
+
+    QWidget& window() { return m_window; }
 
 private:
     struct Line {
@@ -24,10 +61,8 @@ private:
         QtCharts::QValueAxis* axisX;
         QtCharts::QValueAxis* axisY;
     };
-    static Line lineOf(const QtCharts::QChart* chart);
-    void add(const QtCharts::QChartView* original);
+    void add(const ChartContents& contents);
 
     QWidget m_window;
-    QVector<Line> m_originals;
     QVector<Line> m_lines;
 };

@@ -2,21 +2,22 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Measures start-up to the first painted window and writes it as JSON.
 
-usage: startup.py FOLDER: the folder of startup_lab and startup_empty
+usage: startup.py FOLDER: the folder of the programs startup_...
 """
 import json
 import subprocess
 import sys
+import tempfile
 import time
 
 REPEATS = 11
 COLD_REPEATS = 3
 
 
-def start(program):
+def start(program, *arguments):
     """Starts the program; returns the seconds until its window was painted."""
-    start_time = str(time.monotonic_ns())
-    output = subprocess.run([program, start_time], capture_output=True, check=True, text=True)
+    command = [program, str(time.monotonic_ns()), *arguments]
+    output = subprocess.run(command, capture_output=True, check=True, text=True)
     return float(output.stdout)
 
 
@@ -27,22 +28,32 @@ def drop_caches():
         control.write("3\n")
 
 
-def main(folder):
-    programs = {name: f"{folder}/startup_{name}" for name in ("lab", "empty")}
+def measure(programs):
+    """The times of all programs, started in turn."""
     times = {f"{name}/{state}": [] for state in ("warm", "cold") for name in programs}
-    for program in programs.values():
-        start(program)
+    for command in programs.values():
+        start(*command)
     for _ in range(REPEATS):
-        for name, program in programs.items():
-            times[f"{name}/warm"].append(start(program))
+        for name, command in programs.items():
+            times[f"{name}/warm"].append(start(*command))
     try:
         for _ in range(COLD_REPEATS):
-            for name, program in programs.items():
+            for name, command in programs.items():
                 drop_caches()
-                times[f"{name}/cold"].append(start(program))
-    except PermissionError:
+                times[f"{name}/cold"].append(start(*command))
+    except OSError:
         print("start-up is measured warm only: emptying the disk cache needs root", file=sys.stderr)
-    json.dump(times, sys.stdout)
+    return times
+
+
+def main(folder):
+    with tempfile.TemporaryDirectory() as temporary:
+        charts = f"{temporary}/charts"
+        subprocess.run([f"{folder}/startup_charts", charts], check=True)
+        json.dump(measure({"lab": [f"{folder}/startup_lab"],
+                           "empty": [f"{folder}/startup_empty"],
+                           "empty raster": [f"{folder}/startup_empty", "raster"],
+                           "plain": [f"{folder}/startup_plain", charts]}), sys.stdout)
 
 
 main(sys.argv[1])

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The least that a program with five charts can be: empty ones, in a window of the same size.
+// Five empty charts in a window of the application's size; a second argument gives raster windows.
 #include "FirstPaint.h"
 
 #include <QApplication>
@@ -10,6 +10,7 @@
 
 int main(int argc, char* argv[])
 {
+    QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets, argc > 2);
     const QApplication application(argc, argv);
     QWidget window;
     QGridLayout grid(&window);
