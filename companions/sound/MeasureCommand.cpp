@@ -13,6 +13,7 @@
 #include "sound/PulseServer.h"
 
 #include <QCommandLineParser>
+#include <QLoggingCategory>
 
 using namespace quorin;
 
@@ -138,6 +139,8 @@ int runMeasure(const QStringList& arguments, StandardStreams& streams)
     PathMeasurement measurement;
     if (failure.isEmpty()) {
         endLoopOnSignals();
+        // Qt's sound backend warns where an output goes while it asks for it.
+        QLoggingCategory::setFilterRules("default.warning=false");
         measurement = measurePath(options.path);
         failure = measurement.obstacle;
     }

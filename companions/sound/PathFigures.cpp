@@ -95,7 +95,8 @@ void findImage(const QVector<double>& windowed, double weight, double rate, Tone
         }
     }
     figures.imageHz = strongest * perBin;
-    figures.imageDb = decibels(amplitude[strongest] * (windowed.size() / 2) * 2.0 / weight);
+    const int half = windowed.size() / 2; // which amplitudes were divided by
+    figures.imageDb = decibels(amplitude[strongest] * half * 2.0 / weight);
 }
 
 // Without the tone itself, whose side lobes would hide what is weaker than they are.

@@ -24,7 +24,8 @@ constexpr double imageToleranceDb = 0.06;
 
 QVector<float> silence(int nSamples)
 {
-    return QVector<float>(nSamples, 0.0F);
+    QVector<float> samples(nSamples, 0.0F);
+    return samples;
 }
 
 QVector<float> surrounded(const QVector<float>& sound)

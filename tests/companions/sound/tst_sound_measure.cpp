@@ -41,9 +41,9 @@ QString pactl(const QProcessEnvironment& environment, const QString& command)
 /// What a measurement must leave as it was.
 QString stateOf(const QProcessEnvironment& environment)
 {
-    const QString info = pactl(environment, "info");
-    const QRegularExpression line("Default Sink: .*");
-    return line.match(info).captured() + '\n' + pactl(environment, "list short modules");
+    static const QRegularExpression line("Default Sink: .*");
+    return line.match(pactl(environment, "info")).captured() + '\n'
+        + pactl(environment, "list short modules");
 }
 
 /// quorin-sound measure, as it runs.
@@ -79,7 +79,7 @@ SoundProgramEnd measured(const QProcessEnvironment& environment, const QString& 
 /// -1: none was told.
 double lossDb(const SoundProgramEnd& end)
 {
-    const QRegularExpression loss("largest loss up to 16000 Hz +([0-9.]+) dB");
+    static const QRegularExpression loss("largest loss up to 16000 Hz +([0-9.]+) dB");
     const QRegularExpressionMatch match = loss.match(end.output);
     return match.hasMatch() ? match.captured(1).toDouble() : -1.0;
 }
@@ -118,10 +118,10 @@ private slots:
         QVERIFY2(
             end.output.startsWith("sounds 40000 Hz, output 40000 Hz\n"), qPrintable(end.output));
         QVERIFY2(end.output.contains("as they were played, bit for bit\n"), qPrintable(end.output));
-        QVERIFY2(end.output.contains(QRegularExpression("begin of a sound of 600 ms +whole\n")),
-            qPrintable(end.output));
-        QVERIFY2(end.output.contains(QRegularExpression("end of a sound of 600 ms +whole\n")),
-            qPrintable(end.output));
+        QVERIFY2(
+            end.output.contains("begin of a sound of 600 ms      whole\n"), qPrintable(end.output));
+        QVERIFY2(
+            end.output.contains("end of a sound of 600 ms        whole\n"), qPrintable(end.output));
         QCOMPARE(lossDb(end), 0.0);
         QVERIFY(before.startsWith("Default Sink: lab\n"));
         QCOMPARE(stateOf(environment), before);
