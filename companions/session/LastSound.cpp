@@ -3,6 +3,7 @@
 #include "session/LastSound.h"
 
 #include "app/MainWindow.h"
+#include "app/PlaybackBuffer.h"
 #include "record/RecordLines.h"
 
 #include <QAudioOutput>
@@ -63,15 +64,11 @@ QString LastSound::loss() const
                              : QString();
 }
 
-// It ends no more when its output has stopped with an error, or its stream is gone. Where a device
-// was pulled out Qt reports nothing, but the queue is gone in which samples could be free.
+// It ends no more when its output has stopped with an error, or its stream is gone.
 bool LastSound::hasGone() const
 {
-    if (m_output == nullptr) {
-        return false;
-    }
-    const bool hasFailed = m_output->error() != QAudio::NoError;
-    return (m_output->state() == QAudio::StoppedState && hasFailed) || m_output->bytesFree() < 0;
+    const QAudioOutput* const output = m_output.data();
+    return isGone(output) || (hasFailed(output) && output->state() == QAudio::StoppedState);
 }
 
 // Called by nobody's signal, the window's slot takes this for the end of the sound.

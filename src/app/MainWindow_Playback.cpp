@@ -14,19 +14,6 @@
 
 namespace {
 
-bool hasFailed(const QAudioOutput* output)
-{
-    return output != nullptr && output->error() != QAudio::NoError;
-}
-
-// A stream that the server has ended by itself reports nothing, and has no queue any more.
-bool isGone(const QAudioOutput* output)
-{
-    return output != nullptr
-        && (output->state() == QAudio::ActiveState || output->state() == QAudio::IdleState)
-        && output->bytesFree() < 0;
-}
-
 // The server's queue is asked only after a gap: some backends report the end before their queue is
 // empty, and play the rest when they are stopped.
 bool hasBeenPlayed(const PlayedSound& sound)

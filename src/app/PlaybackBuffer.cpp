@@ -1,8 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// When an output took the bytes of its sound, and whether it ran dry in between.
+// When an output took the bytes of its sound, whether it ran dry in between, and whether it is
+// lost.
 #include "app/PlaybackBuffer.h"
 
+#include <QAudioOutput>
+
 #include <algorithm>
+
+bool hasFailed(const QAudioOutput* output)
+{
+    return output != nullptr && output->error() != QAudio::NoError;
+}
+
+// There is no queue any more in which bytes could be free.
+bool isGone(const QAudioOutput* output)
+{
+    return output != nullptr
+        && (output->state() == QAudio::ActiveState || output->state() == QAudio::IdleState)
+        && output->bytesFree() < 0;
+}
 
 PlaybackBuffer::PlaybackBuffer(QByteArray* bytes, double bytesPerMs)
     : QBuffer(bytes)

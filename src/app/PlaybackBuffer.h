@@ -4,6 +4,17 @@
 #include <QBuffer>
 #include <QElapsedTimer>
 
+class QAudioOutput;
+
+/// Whether an output tells an error, that of a sound's end included.
+/// @param output null: it has not
+bool hasFailed(const QAudioOutput* output);
+
+/// Whether the server has ended an output's stream by itself, as when its device was pulled out:
+/// the output then reports nothing, and goes on in its state. Qt's ALSA backend never knows.
+/// @param output null: it has not
+bool isGone(const QAudioOutput* output);
+
 /// The bytes of one sound on their way to an output, with the times at which the output took them.
 /// From these it follows whether the output must have run dry: nothing is heard before it was
 /// taken, nor faster than in real time, nor before the output has enough to begin.
