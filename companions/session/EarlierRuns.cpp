@@ -24,6 +24,7 @@ void add(EarlierRuns& earlier, const RunRecord& run, const QString& name)
     } else if (place.order != earlier.order || place.orderSeed != earlier.orderSeed) {
         earlier.error = name + ": has another order than the records before it";
     }
+    earlier.seeds.append(run.begun.seed);
     if (isCompleted(run)) {
         earlier.completed.append(runId(place.row, place.repeat));
     }

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 /// What the records in a folder tell of a subject's runs of a protocol.
 struct EarlierRuns {
@@ -10,6 +11,7 @@ struct EarlierRuns {
     QString order; ///< name of the first one's
     qint64 orderSeed = 0;
     QStringList completed; ///< identifiers of runs
+    QVector<qint64> seeds; ///< of positions and noises
     int ofOtherProtocols = 0; ///< runs of the subject, of a file with other bytes
     QString error; ///< a record with another order than the first one; empty: there is none
     QStringList notes; ///< records that cannot be read, a text each

@@ -36,6 +36,13 @@ QStringList notesOn(const SessionOptions& options, const EarlierRuns& earlier)
         notes.append(QString("there is no run of %1 with this protocol: it begins with the first")
                          .arg(options.study.subject));
     }
+    if (options.seed && earlier.seeds.contains(*options.seed)) {
+        notes.append(
+            QString("seed %1 is that of earlier runs of %2: positions and noises come again "
+                    "as they did then")
+                .arg(*options.seed)
+                .arg(options.study.subject));
+    }
     return notes;
 }
 

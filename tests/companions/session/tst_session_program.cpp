@@ -279,6 +279,10 @@ private slots:
                     "  run  row  repeat  state  settings\n"
                     "    1    1       1  done\n"));
         QCOMPARE(resumed.status, 0);
+        QCOMPARE(session(arguments + QStringList({"--resume", "--seed=1"})).errors,
+            QString("quorin-session: note: seed 1 is that of earlier runs of S07: positions and "
+                    "noises come again as they did then\n"));
+        QCOMPARE(session(arguments + QStringList({"--resume", "--seed=2"})).errors, QString());
     }
 
     void keptRecord_comesBackToTheFolder_andItsRunCounts()
