@@ -13,6 +13,7 @@
 #include <QCryptographicHash>
 #include <QProcess>
 #include <QScreen>
+#include <QTimer>
 
 using namespace quorin;
 
@@ -210,6 +211,23 @@ private slots:
                  << "answer"
                  << "trial";
         QCOMPARE(eventsOf(run.lines()), expected);
+    }
+
+    // Where the pacing timer is due before the event loop has come to the lines.
+    void lines_areOnTheDisk_whenATimerStartsTheNextSound()
+    {
+        RecordedRun run;
+        run.driver.open();
+        run.driver.beReady();
+        run.driver.startSound();
+        run.driver.endSound();
+        QStringList onDisk;
+        connect(run.window.get(), &MainWindow::soundPlaying, this,
+            [&] { onDisk = eventsOf(run.lines()); });
+        QTimer* const timer = Probe::timerPlay(*run.window);
+        QTimerEvent tick(timer->timerId());
+        QCoreApplication::sendEvent(timer, &tick);
+        QCOMPARE(onDisk, QStringList({"run", "trial", "sound 1", "ended 1"}));
     }
 
     void resultsFile_hasTheBytesThatTheApplicationWrites_andADialogCancelledLosesNothing()
