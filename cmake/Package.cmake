@@ -19,7 +19,7 @@ install(FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/CITATI
     "${packaging}/copyright" "${packaging}/changelog"
   DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 install(FILES "${docs}/protocols.md" "${docs}/session-records.md"
-    "${docs}/session-record.schema.json"
+    "${docs}/session-record.schema.json" "${docs}/calibration-note.schema.json"
   DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 install(DIRECTORY "${docs}/examples" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 

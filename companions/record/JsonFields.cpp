@@ -17,6 +17,43 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
+template <typename Object> QJsonValue objectOf(const Object& object)
+{
+    FieldWriter writer;
+    Object::eachField(object, writer);
+    return writer.object();
+}
+
+template <typename Object> bool readObject(const QJsonValue& json, Object& object)
+{
+    Object read;
+    FieldReader reader(json.toObject());
+    Object::eachField(read, reader);
+    if (!reader.badKey().isEmpty()) {
+        return false;
+    }
+    object = read;
+    return true;
+}
+
+// A value that is undefined leaves no key in an object.
+template <typename Object> QJsonValue objectOf(const std::optional<Object>& object)
+{
+    return object ? objectOf(*object) : QJsonValue(QJsonValue::Undefined);
+}
+
+template <typename Object> bool readObject(const QJsonValue& json, std::optional<Object>& object)
+{
+    if (json.isUndefined()) {
+        object.reset();
+        return true;
+    }
+    Object read;
+    const bool isGood = readObject(json, read);
+    object = isGood ? std::optional(read) : object;
+    return isGood;
+}
+
 template <typename List> QJsonArray arrayOf(const List& list)
 {
     QJsonArray array;
@@ -142,7 +179,6 @@ QJsonValue asJson(const Data& value)
     return writer.object();
 }
 
-// A value that is undefined leaves no key in an object.
 QJsonValue asJson(const std::optional<QString>& value)
 {
     return value ? QJsonValue(*value) : QJsonValue(QJsonValue::Undefined);
@@ -150,12 +186,27 @@ QJsonValue asJson(const std::optional<QString>& value)
 
 QJsonValue asJson(const std::optional<ProtocolPlace>& value)
 {
-    if (!value) {
-        return {QJsonValue::Undefined};
-    }
-    FieldWriter writer;
-    ProtocolPlace::eachField(*value, writer);
-    return writer.object();
+    return objectOf(value);
+}
+
+QJsonValue asJson(const CalibratedOutput& value)
+{
+    return objectOf(value);
+}
+
+QJsonValue asJson(const QVector<CalibratedOutput>& value)
+{
+    return arrayOf(value);
+}
+
+QJsonValue asJson(const CalibrationNote& value)
+{
+    return objectOf(value);
+}
+
+QJsonValue asJson(const std::optional<RunCalibration>& value)
+{
+    return objectOf(value);
 }
 
 bool readJson(const QJsonValue& json, bool& value)
@@ -270,18 +321,27 @@ bool readJson(const QJsonValue& json, std::optional<QString>& value)
 
 bool readJson(const QJsonValue& json, std::optional<ProtocolPlace>& value)
 {
-    if (json.isUndefined()) {
-        value.reset();
-        return true;
-    }
-    ProtocolPlace read;
-    FieldReader reader(json.toObject());
-    ProtocolPlace::eachField(read, reader);
-    if (!reader.badKey().isEmpty()) {
-        return false;
-    }
-    value = read;
-    return true;
+    return readObject(json, value);
+}
+
+bool readJson(const QJsonValue& json, CalibratedOutput& value)
+{
+    return readObject(json, value);
+}
+
+bool readJson(const QJsonValue& json, QVector<CalibratedOutput>& value)
+{
+    return readArray(json, value);
+}
+
+bool readJson(const QJsonValue& json, CalibrationNote& value)
+{
+    return readObject(json, value);
+}
+
+bool readJson(const QJsonValue& json, std::optional<RunCalibration>& value)
+{
+    return readObject(json, value);
 }
 
 FieldReader::FieldReader(QJsonObject object)

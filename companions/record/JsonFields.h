@@ -13,9 +13,9 @@
 #include <optional>
 
 // One field of a line to JSON and back. A double that is not finite, for which JSON has no number,
-// is one of the texts "nan", "inf" and "-inf". A place in a protocol, or a text, that is not there
-// has no key. Reading changes the field only if the value is one of its kind, and says whether it
-// is.
+// is one of the texts "nan", "inf" and "-inf". A place in a protocol, a calibration, or a text,
+// that is not there has no key. Reading changes the field only if the value is one of its kind, and
+// says whether it is.
 
 QJsonValue asJson(bool value);
 QJsonValue asJson(int value);
@@ -32,6 +32,10 @@ QJsonValue asJson(const QJsonObject& value);
 QJsonValue asJson(const Data& value);
 QJsonValue asJson(const std::optional<QString>& value);
 QJsonValue asJson(const std::optional<ProtocolPlace>& value);
+QJsonValue asJson(const CalibratedOutput& value);
+QJsonValue asJson(const QVector<CalibratedOutput>& value);
+QJsonValue asJson(const CalibrationNote& value);
+QJsonValue asJson(const std::optional<RunCalibration>& value);
 
 bool readJson(const QJsonValue& json, bool& value);
 bool readJson(const QJsonValue& json, int& value);
@@ -48,6 +52,10 @@ bool readJson(const QJsonValue& json, QJsonObject& value);
 bool readJson(const QJsonValue& json, Data& value);
 bool readJson(const QJsonValue& json, std::optional<QString>& value);
 bool readJson(const QJsonValue& json, std::optional<ProtocolPlace>& value);
+bool readJson(const QJsonValue& json, CalibratedOutput& value);
+bool readJson(const QJsonValue& json, QVector<CalibratedOutput>& value);
+bool readJson(const QJsonValue& json, CalibrationNote& value);
+bool readJson(const QJsonValue& json, std::optional<RunCalibration>& value);
 
 /// Fills an object from the fields that it is called with.
 class FieldWriter {

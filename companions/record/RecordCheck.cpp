@@ -140,6 +140,8 @@ private:
             "the listener's screen is not one of the screens");
         demand(!begun.protocol || begun.protocol->subject == begun.go.subCode,
             "the protocol's subject is not that of the run");
+        const QString fault = begun.calibration ? faultOf(begun.calibration->note) : QString();
+        demand(fault.isEmpty(), "the calibration: " + fault);
     }
 
     void checkBegin(const RecordedTrial& trial)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "record/CalibrationNote.h"
 #include "session/Data.h"
 
 #include <QJsonArray>
@@ -65,6 +66,7 @@ struct RunBegun {
     QString soundType;
     QString mainParameter;
     std::optional<ProtocolPlace> protocol; ///< none: the run is of no protocol
+    std::optional<RunCalibration> calibration; ///< none: the session was given no note
     Data view; ///< the session record at that View
     Data go; ///< and at Go
 
@@ -85,6 +87,7 @@ struct RunBegun {
         visit("sound_type", self.soundType);
         visit("main_parameter", self.mainParameter);
         visit("protocol", self.protocol);
+        visit("calibration", self.calibration);
         visit("view", self.view);
         visit("go", self.go);
     }
