@@ -2,6 +2,7 @@
 // The commands of quorin-sound.
 #include "sound/Command.h"
 
+#include "sound/CalibrateCommand.h"
 #include "sound/CheckCommand.h"
 #include "sound/ExportCommand.h"
 #include "sound/MeasureCommand.h"
@@ -15,6 +16,7 @@ using namespace quorin;
 QVector<Command> commands()
 {
     return {
+        {"calibrate", "Play a sound for a level meter, and note what it reads.", runCalibrate},
         {"check", "Ask the sound server what becomes of a sound on its way.", runCheck},
         {"export", "Write the sounds of given settings, and tell their levels.", runExport},
         {"measure", "Measure what the running sound server does to tones and to a sound's ends.",

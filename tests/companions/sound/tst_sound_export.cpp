@@ -26,8 +26,8 @@ private slots:
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("error");
-        row("", "give a command: check, export, measure");
-        row("play", R"(there is no command "play", but: check, export, measure)");
+        row("", "give a command: calibrate, check, export, measure");
+        row("play", R"(there is no command "play", but: calibrate, check, export, measure)");
         row("--nonsense", "Unknown option 'nonsense'.");
         row("export --nonsense", "Unknown option 'nonsense'.");
         row("export --standard-duration 0",
