@@ -108,6 +108,9 @@ QByteArray calibrationBytes(const CalibrationNote& note)
 
 QStringList differencesFrom(const CalibrationNote& note, const QVector<CalibratedOutput>& now)
 {
+    if (now.isEmpty()) {
+        return {"the sound server does not tell its output and volume"};
+    }
     QStringList differences;
     const int nBoth = std::min(note.outputs.size(), now.size());
     for (int i = 0; i < nBoth; ++i) {

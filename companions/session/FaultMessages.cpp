@@ -53,6 +53,10 @@ FaultMessages::FaultMessages(FlightRecorder& recorder, MainWindow& window, Stand
         tell(QString("The sound output failed in trial %1.").arg(trial),
             "The run goes on. The record tells which trials are concerned.");
     });
+    connect(&recorder, &FlightRecorder::calibrationDiffers, this, [this](const QStringList& what) {
+        tell("The calibration does not hold: " + what.join("; ") + '.',
+            "The run goes on, and its record tells it.");
+    });
     connect(&recorder, &FlightRecorder::trialLost, this, &FaultMessages::askAboutTrial);
     connect(&recorder, &FlightRecorder::recovered, this,
         [this] { m_streams.complain("recording again"); });

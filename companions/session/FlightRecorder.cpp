@@ -65,11 +65,6 @@ FlightRecorder::~FlightRecorder()
     abandon(endOfProgram);
 }
 
-void FlightRecorder::askForPlace(std::function<std::optional<ProtocolPlace>()> place)
-{
-    m_place = std::move(place);
-}
-
 // The window's timers start the sounds: what waits is on the disk before.
 bool FlightRecorder::eventFilter(QObject* watched, QEvent* event)
 {
@@ -111,6 +106,9 @@ void FlightRecorder::begin()
     line.seed = m_seed;
     line.drawsBefore = m_drawsBeforeView;
     line.protocol = m_place ? m_place() : std::nullopt;
+    if (m_calibration) {
+        line.calibration = m_calibration();
+    }
     line.view = m_view;
     line.go = m_window.sessionRecord();
     m_queue.begin(line.go.subCode, line.time);
@@ -118,6 +116,9 @@ void FlightRecorder::begin()
     flush();
     tellFaults();
     watchListener();
+    if (line.calibration && !line.calibration->differences.isEmpty()) {
+        emit calibrationDiffers(line.calibration->differences);
+    }
 }
 
 void FlightRecorder::watchListener()

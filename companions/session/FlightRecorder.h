@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 class MainWindow;
 
@@ -36,7 +37,16 @@ public:
     void endLostTrial();
     /// Each run is recorded as what the function then says it is. Without one, runs are of no
     /// protocol.
-    void askForPlace(std::function<std::optional<ProtocolPlace>()> place);
+    void askForPlace(std::function<std::optional<ProtocolPlace>()> place)
+    {
+        m_place = std::move(place);
+    }
+    /// Each run is recorded with the calibration that the function then gives. Without one, runs
+    /// have none.
+    void askForCalibration(std::function<RunCalibration()> calibration)
+    {
+        m_calibration = std::move(calibration);
+    }
     /// Brings to the disk what waits in memory.
     /// @return whether all is in the folder
     bool flush();
@@ -57,6 +67,8 @@ signals:
     void recovered();
     /// The sound output failed in a trial that was answered, the first of several in a row.
     void soundFailed(int trial);
+    /// A run has begun with other outputs or volumes than its calibration's, a sentence each.
+    void calibrationDiffers(const QStringList& differences);
     /// A trial will not end by itself, see LastSound. Comes again as long as it is so.
     void trialLost(int trial);
 
@@ -84,6 +96,7 @@ private:
     RecordQueue m_queue;
     qint64 m_seed;
     std::function<std::optional<ProtocolPlace>()> m_place;
+    std::function<RunCalibration()> m_calibration;
     qint64 m_draws; ///< from the generator since it was seeded
     qint64 m_drawsBeforeView = 0;
     LastSound m_lastSound;

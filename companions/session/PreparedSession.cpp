@@ -2,9 +2,11 @@
 // All that can keep a session from beginning, before anything is shown or played.
 #include "session/PreparedSession.h"
 
+#include "session/CalibrationNow.h"
 #include "session/SecondFolders.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QRandomGenerator>
 
 namespace {
@@ -61,6 +63,20 @@ void planStudy(const SessionOptions& options, PreparedSession& session)
     }
 }
 
+void readCalibration(const QString& path, PreparedSession& session)
+{
+    const ReadNote read = readCalibrationNote(path);
+    if (!read.error.isEmpty()) {
+        session.errors.append(path + ": " + read.error);
+        return;
+    }
+    session.calibration = {QFileInfo(path).fileName(), read.note, {}};
+    const RunCalibration now = calibrationNow(*session.calibration);
+    for (const QString& difference : now.differences) {
+        session.notes.append(path + ": " + difference);
+    }
+}
+
 } // namespace
 
 PreparedSession preparedSession(const SessionOptions& options)
@@ -80,6 +96,9 @@ PreparedSession preparedSession(const SessionOptions& options)
     session.errors = kept.errors;
     if (session.errors.isEmpty() && !options.study.protocol.isEmpty()) {
         planStudy(options, session);
+    }
+    if (session.errors.isEmpty() && !options.calibration.isEmpty()) {
+        readCalibration(options.calibration, session);
     }
     return session;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "record/CalibrationNote.h"
 #include "session/SessionOptions.h"
 
 #include <QLockFile>
@@ -12,6 +13,7 @@ struct PreparedSession {
     std::unique_ptr<QLockFile> lock; ///< on the folder, until the end of the session
     qint64 seed = 1; ///< of the generator
     std::optional<Study> study; ///< none without a protocol
+    std::optional<RunCalibration> calibration; ///< as it was given; none: without
     QStringList notes; ///< what the experimenter should know
     QStringList errors; ///< why the session cannot begin
 };

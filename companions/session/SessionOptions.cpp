@@ -21,6 +21,10 @@ void addOptions(QCommandLineParser& parser)
             "Seed positions and noises with this number, 1 to 2147483646. Default: a number from "
             "the system; the record has it.",
             "number"},
+        {"calibration",
+            "Record each run with this note of quorin-sound calibrate, and tell where output or "
+            "volume differ from it.",
+            "note"},
         {"replay",
             "Compute the run of a record again, without windows and sound, and tell whether "
             "positions, values, results and every sample are the same. The status is 0 if they "
@@ -118,6 +122,10 @@ QString mistakeIn(const QCommandLineParser& parser, SessionOptions& options)
         parser.value("subject-screen"), parser.isSet("subject-fullscreen"), parser.isSet("cover")};
     if (parser.isSet("subject-screen") && options.listener.screen.isEmpty()) {
         return "--subject-screen needs a name or a number";
+    }
+    options.calibration = parser.value("calibration");
+    if (parser.isSet("calibration") && options.calibration.isEmpty()) {
+        return "--calibration needs a name";
     }
     if (!parser.isSet("replay")) {
         options.folder = folders.value(0);

@@ -15,6 +15,7 @@ struct SessionOptions {
     QString folder; ///< that the records go to
     bool asksFolder = false; ///< whether a dialog asks for the folder; then none is given
     QString replayed; ///< a record to compute again; empty: none
+    QString calibration; ///< path of a note that each run is recorded with; empty: none
     std::optional<qint64> seed; ///< none: one from the system
     ListenerPlace listener; ///< its screen as it was told, not yet looked for
     StudyRequest study; ///< without a protocol: runs as the experimenter sets them

@@ -3,6 +3,7 @@
 #include "app/MainWindow.h"
 #include "output/CommandLine.h"
 #include "output/EndSignals.h"
+#include "session/CalibrationNow.h"
 #include "session/FaultMessages.h"
 #include "session/FlightRecorder.h"
 #include "session/FolderChoice.h"
@@ -101,6 +102,9 @@ int record(const SessionOptions& options, const PreparedSession& session, Standa
     qsrand(static_cast<uint>(session.seed));
     MainWindow window;
     FlightRecorder recorder(window, options.folder, session.seed, secondFolders(options.folder));
+    if (session.calibration) {
+        recorder.askForCalibration([&session] { return calibrationNow(*session.calibration); });
+    }
     const FaultMessages faultMessages(recorder, window, streams);
     ListenerScreen listenerScreen(window, place);
     QObject::connect(&listenerScreen, &ListenerScreen::moved,

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Recorded runs with one line changed: what then cannot be true is found in its line.
+#include "SampleNote.h"
 #include "companions/session/RecordedRun.h"
 #include "procedure/ResultsFormat.h"
+#include "record/JsonFields.h"
 #include "record/RecordCheck.h"
 #include "record/RecordReader.h"
 #include "record/RecordWriter.h"
@@ -58,6 +60,13 @@ int indexOf(const QVector<QJsonObject>& lines, const Place& place)
             return i;
     }
     qFatal("there is no such line");
+}
+
+QJsonObject wrongCalibration()
+{
+    CalibrationNote note = sampleNote();
+    note.readingDb = 0.0;
+    return {{"file", "note.json"}, {"note", asJson(note)}, {"differences", QJsonArray()}};
 }
 
 void addChangeColumns()
@@ -128,6 +137,8 @@ private slots:
             "the main parameter has another name than number");
         row({"run", 1}, "listener_screen", "HDMI-7",
             "the listener's screen is not one of the screens");
+        row({"run", 1}, "calibration", wrongCalibration(),
+            "the calibration: \"reading_db_spl\" cannot be true of a calibration");
         row({"trial", 1}, "value", 0.25,
             "the value is 0.25, and 0.5 follows from the lines before");
         row({"trial", 2}, "value", 0.5,

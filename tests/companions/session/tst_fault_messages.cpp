@@ -53,6 +53,8 @@ private slots:
         QTest::newRow("results") << Tell(
             [](auto& recorder) { emit recorder.resultsFailed("full"); });
         QTest::newRow("sound") << Tell([](auto& recorder) { emit recorder.soundFailed(1); });
+        QTest::newRow("calibration") << Tell(
+            [](auto& recorder) { emit recorder.calibrationDiffers({"the volume is low"}); });
         QTest::newRow("lost trial") << Tell([](auto& recorder) { emit recorder.trialLost(1); });
     }
 

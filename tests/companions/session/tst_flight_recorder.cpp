@@ -3,7 +3,9 @@
 #include "RecordedLines.h"
 #include "RecordedRun.h"
 #include "app/PlayedSound.h"
+#include "companions/record/SampleNote.h"
 #include "procedure/StaircaseRule.h"
+#include "record/RecordReader.h"
 #include "record/RecordWriter.h"
 #include "session/RunSettings.h"
 #include "support/ModalBoxes.h"
@@ -13,6 +15,7 @@
 #include <QCryptographicHash>
 #include <QProcess>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTimer>
 
 using namespace quorin;
@@ -80,6 +83,9 @@ private slots:
         Probe::subjectWindow(*run.window)->close();
         const QByteArray abandoned = run.content();
         run.recorder.askForPlace([] { return placeInAProtocol(); });
+        run.recorder.askForCalibration([] {
+            return RunCalibration {"note.json", sampleNote(), {"the volume is low"}};
+        });
         run.play({});
         QFile all(run.path("all"));
         QVERIFY(all.open(QIODevice::WriteOnly));
@@ -89,15 +95,20 @@ private slots:
                   R"("reason":"full"})");
         all.write("\n" + lineBytes(lineObject(SoundInterrupted {1, 3, 2500.25})));
         all.close();
-        const char* const check = "import json, jsonschema, sys\n"
+        const char* const check = "import json, jsonschema, os, sys\n"
                                   "schema = json.load(open(sys.argv[1]))\n"
+                                  "calibration = schema['$defs']['calibration']['properties']\n"
+                                  "note = calibration['note']['$ref']\n"
+                                  "note = os.path.join(os.path.dirname(sys.argv[1]), note)\n"
+                                  "calibration['note'] = json.load(open(note))\n"
                                   "jsonschema.Draft202012Validator.check_schema(schema)\n"
                                   "validator = jsonschema.Draft202012Validator(schema)\n"
                                   "seen = set()\n"
                                   "for line in map(json.loads, open(sys.argv[2])):\n"
                                   "    validator.validate(line)\n"
                                   "    seen.add(line['event'])\n"
-                                  "    for key in line.keys() - {'protocol', 'listener_screen'}:\n"
+                                  "    free = {'protocol', 'listener_screen', 'calibration'}\n"
+                                  "    for key in line.keys() - free:\n"
                                   "        less = dict(line)\n"
                                   "        del less[key]\n"
                                   "        assert not validator.is_valid(less), key\n"
@@ -129,6 +140,30 @@ private slots:
         QCOMPARE(line["locale"].toString(), QLocale().name());
         QCOMPARE(line["qt_version"].toString(), QString(qVersion()));
         QVERIFY(line["audio"].toObject().contains("device"));
+    }
+
+    void firstLine_hasTheCalibration_andItsDifferencesAreTold()
+    {
+        RecordedRun run;
+        QStringList differences;
+        run.recorder.askForCalibration([&differences] {
+            return RunCalibration {"note.json", sampleNote(), differences};
+        });
+        const QSignalSpy told(&run.recorder, &FlightRecorder::calibrationDiffers);
+        run.play("cw");
+        QCOMPARE(told.size(), 0);
+        const ReadRecord read = readRecord(run.content());
+        QCOMPARE(read.error, QString());
+        QVERIFY(read.run.begun.calibration.has_value());
+        QCOMPARE(read.run.begun.calibration->file, QString("note.json"));
+        QCOMPARE(
+            calibrationBytes(read.run.begun.calibration->note), calibrationBytes(sampleNote()));
+        run.dismiss();
+        differences = QStringList("the volume is low");
+        run.play({});
+        QCOMPARE(told.size(), 1);
+        QCOMPARE(told[0][0].toStringList(), differences);
+        QCOMPARE(readRecord(run.content()).run.begun.calibration->differences, differences);
     }
 
     void firstLine_hasThePlaceInTheProtocol_ifThereIsOne()

@@ -2,6 +2,7 @@
 // quorin-session from its command line: options, replays, and two sessions in one folder.
 #include "RecordedRun.h"
 #include "StudyTexts.h"
+#include "companions/record/SampleNote.h"
 #include "record/RecordReader.h"
 #include "record/RecordWriter.h"
 #include "session/SecondFolders.h"
@@ -78,6 +79,11 @@ private slots:
             << QStringList({"/tmp", "--ask-folder"}) << "--ask-folder goes without a folder";
         QTest::newRow("replay and folder asked for")
             << QStringList({"--replay", "a", "--ask-folder"}) << "--replay goes with nothing else";
+        QTest::newRow("no note's name")
+            << QStringList({"/tmp", "--calibration", ""}) << "--calibration needs a name";
+        QTest::newRow("replay and calibration")
+            << QStringList({"--replay", "a", "--calibration", "b"})
+            << "--replay goes with nothing else";
         QTest::newRow("unknown option")
             << QStringList({"/tmp", "--sed", "1"}) << "Unknown option 'sed'.";
         const QStringList seeds {"0", "2147483647", "-1", "x", "1.5", ""};
@@ -283,6 +289,25 @@ private slots:
             QString("quorin-session: note: seed 1 is that of earlier runs of S07: positions and "
                     "noises come again as they did then\n"));
         QCOMPARE(session(arguments + QStringList({"--resume", "--seed=2"})).errors, QString());
+        const QString note = writtenFile(folder, "note.json", calibrationBytes(sampleNote()));
+        const QStringList calibrated {"--resume", "--calibration", note};
+        QCOMPARE(session(arguments + calibrated).errors,
+            "quorin-session: note: " + note
+                + ": the sound server does not tell its output and volume\n");
+    }
+
+    void noteThatCannotBeRead_isRefused()
+    {
+        const QTemporaryDir folder;
+        const QString none = folder.filePath("none.json");
+        const Outcome missing = session({folder.path(), "--calibration", none});
+        QCOMPARE(missing.errors,
+            "quorin-session: " + none + ": cannot be read: No such file or directory\n");
+        QCOMPARE(missing.status, 1);
+        const QString other = writtenFile(folder, "other.json", "{}");
+        QCOMPARE(session({folder.path(), "--calibration", other}).errors,
+            "quorin-session: " + other
+                + ": is no calibration note: \"version\" is missing or of a wrong kind\n");
     }
 
     void keptRecord_comesBackToTheFolder_andItsRunCounts()
