@@ -7,6 +7,7 @@
 #include "report/FitPicture.h"
 #include "report/FitTable.h"
 #include "report/HtmlTable.h"
+#include "report/LevelTable.h"
 #include "report/PlotParts.h"
 #include "report/RunPicture.h"
 #include "report/RunTable.h"
@@ -168,11 +169,19 @@ QByteArray fitsOf(const PageParts& parts)
     return section("Psychometric functions", content);
 }
 
+QByteArray levelsOf(const QVector<Run>& runs)
+{
+    const QVector<QStringList> rows = levelRows(runs);
+    return rows.isEmpty() ? QByteArray()
+                          : section("Levels in dB SPL by the calibration notes",
+                              htmlTable(rows, levelRowsLeft, levelRowsLeftAtEnd));
+}
+
 } // namespace
 
 QByteArray htmlPage(const QVector<Run>& runs, const PageParts& parts)
 {
     return head(runs) + subjectsOf(runs, parts.curves) + fitsOf(parts)
         + section("All runs", htmlTable(runRows(runs), runRowsLeft, runRowsLeftAtEnd))
-        + section("Each run", picturesOf(runs, parts)) + "</body>\n</html>\n";
+        + levelsOf(runs) + section("Each run", picturesOf(runs, parts)) + "</body>\n</html>\n";
 }

@@ -6,6 +6,7 @@
 #include "procedure/StaircaseRule.h"
 #include "record/RecordCheck.h"
 #include "record/RecordReader.h"
+#include "session/Counts.h"
 
 #include <QFileInfo>
 
@@ -34,6 +35,30 @@ void takeTrials(Run& run, const RunRecord& record)
                 answer.worstLatenessMs, mayHaveLostSounds(trial)});
         }
     }
+}
+
+// A record may hold any number, and its sounds are computed.
+bool haveSounds(const Data& data)
+{
+    return std::all_of(data.nSamples.cbegin(), data.nSamples.cend(),
+        [](int n) { return n > 0 && n <= quorin::longestSound; });
+}
+
+// The answers' values are fractions here.
+void takeLevels(Run& run, const RunRecord& record, const Data& answered)
+{
+    if (!record.begun.calibration || !faultOf(record.begun.calibration->note).isEmpty()
+        || !haveSounds(record.begun.go)) {
+        return;
+    }
+    const QVector<Record>& records = answered.records;
+    const auto values = std::minmax_element(records.cbegin(), records.cend(),
+        [](const Record& a, const Record& b) { return a.value < b.value; });
+    const RunCalibration& calibration = *record.begun.calibration;
+    const LevelRange range = levelRange(record.begun.go, values.first->value, values.second->value);
+    run.levels = {calibration, pressureLevelDb(calibration.note, range.startDb[quorin::standard]),
+        pressureLevelDb(calibration.note, range.lowestDb),
+        pressureLevelDb(calibration.note, range.highestDb)};
 }
 
 // The choices' names are the program's own: those of the file may be anything.
@@ -126,6 +151,7 @@ RecordTaken takeRecord(Run& run, const RunRecord& record, const RunRule& rule, b
     }
     takeTrials(run, record);
     takeSettings(run, record, answered);
+    takeLevels(run, record, answered);
     const Complaint damage = takeValues(run, answered);
     return {damage.text.isEmpty()
             ? judgeReadRun(run, ruleOfRecord(rule, answered), isUnchecked, departure)

@@ -7,6 +7,7 @@
 #include "report/FitTable.h"
 #include "report/GroupTable.h"
 #include "report/HtmlPage.h"
+#include "report/LevelTable.h"
 #include "report/RunCsv.h"
 #include "report/RunFlags.h"
 #include "report/RunPicture.h"
@@ -117,7 +118,7 @@ bool Report::isOutputATable() const
 void Report::writeTables()
 {
     if (!isOutputATable()) {
-        m_output << runTable(m_runs);
+        m_output << runTable(m_runs) << levelTable(m_runs);
         if (m_options.hasSummary) {
             m_output << summaryPages(m_runs);
         }

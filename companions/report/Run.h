@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "record/SoundLevels.h"
 #include "report/ResultsReader.h"
 #include "report/RunCheck.h"
 #include "session/Data.h"
@@ -25,6 +26,14 @@ struct Flag {
     QString meaning; ///< why it matters
 };
 
+/// What a run's sounds reach in dB SPL by its calibration.
+struct RunLevels {
+    RunCalibration calibration;
+    double startDb; ///< of the first trial's standard
+    double lowestDb; ///< of the sounds of all trials
+    double highestDb;
+};
+
 /// A run as its results file or its record tells it.
 struct Run {
     QString path; ///< as it was given
@@ -44,6 +53,7 @@ struct Run {
     double standardDeviation = 0.0; ///< of the reversals that the threshold averages, over n - 1
     double geometricMean = 0.0; ///< of the same; NaN when a value is negative
     double percentCorrect = 0.0;
+    std::optional<RunLevels> levels; ///< none: no record tells a calibration
     QVector<Flag> flags;
 };
 

@@ -18,6 +18,13 @@ template <typename Test> QString countOf(const Run& run, const Test& isDisturbed
                           : QString();
 }
 
+// Empty without a calibration.
+QString levelOf(const Run& run, double RunLevels::*level)
+{
+    constexpr int decimals = 2; // of dB
+    return run.levels ? QString::number((*run.levels).*level, 'f', decimals) : QString();
+}
+
 QStringList csvRow(
     const Run& run, const ThresholdEstimate& estimate, const std::optional<double>& carrier)
 {
@@ -36,7 +43,9 @@ QStringList csvRow(
         csvNumber(run.percentCorrect), flagNames(run), run.departure.text.isEmpty() ? "1" : "0",
         countOf(run, [](const Disturbances& trial) { return trial.interruptedSounds > 0; }),
         countOf(run, [](const Disturbances& trial) { return trial.lateSounds > 0; }),
-        countOf(run, [](const Disturbances& trial) { return trial.hasOutputFailed; })};
+        countOf(run, [](const Disturbances& trial) { return trial.hasOutputFailed; }),
+        levelOf(run, &RunLevels::startDb), levelOf(run, &RunLevels::lowestDb),
+        levelOf(run, &RunLevels::highestDb)};
 }
 
 } // namespace
@@ -47,7 +56,7 @@ QString runCsv(const QVector<Run>& runs, std::optional<double> carrier)
                 "rule_reversals,rule_last,threshold,threshold_db,threshold_percent_of_carrier,"
                 "geometric_mean,sd_of_reversals,condition_runs,condition_se,rt_ms,rt_correct_ms,"
                 "rt_wrong_ms,percent_correct,flags,checked,interrupted_trials,late_trials,"
-                "output_failed_trials\n");
+                "output_failed_trials,start_db_spl,lowest_db_spl,highest_db_spl\n");
     QVector<ThresholdEstimate> estimates(runs.size());
     const QVector<QVector<int>> conditions = byCondition(runs);
     for (const QVector<int>& condition : conditions) {

@@ -200,6 +200,14 @@ void flagDisturbances(Run& run)
     }
 }
 
+void flagCalibration(Run& run)
+{
+    if (run.levels && !run.levels->calibration.differences.isEmpty()) {
+        run.flags.append({"calibration", run.levels->calibration.differences.join(", "),
+            "the levels in dB SPL do not hold"});
+    }
+}
+
 void flagAlone(Run& run)
 {
     run.flags.clear();
@@ -209,6 +217,7 @@ void flagAlone(Run& run)
                 "the file is not as the application wrote it"});
     }
     flagDisturbances(run);
+    flagCalibration(run);
     flagCeiling(run);
     flagGuessing(run);
     flagDrift(run);

@@ -1,14 +1,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Reports of recorded runs: their figures, their results files, and what is not counted.
 #include "RecordedFolder.h"
+#include "companions/record/SampleNote.h"
+#include "record/JsonFields.h"
 #include "record/RecordReader.h"
+#include "record/SoundLevels.h"
 #include "report/HtmlPage.h"
+#include "report/LevelTable.h"
 #include "report/RunCsv.h"
+#include "report/RunFlags.h"
 #include "report/TrialsCsv.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 using namespace quorin;
+
+namespace {
+
+/// The record as if the session had had a note.
+QByteArray calibrated(const QByteArray& record, const QStringList& differences)
+{
+    const int end = record.indexOf('\n') + 1;
+    QJsonObject first = QJsonDocument::fromJson(record.left(end)).object();
+    first["calibration"]
+        = asJson(std::optional<RunCalibration>({"note.json", sampleNote(), differences}));
+    return lineBytes(first) + record.mid(end);
+}
+
+} // namespace
 
 class TestRecordedReports : public WindowTest {
     Q_OBJECT
@@ -64,6 +83,71 @@ private slots:
         unrecorded.isRecorded = false;
         QCOMPARE(settingsOf(unrecorded), QString());
         QCOMPARE(carrierOf(unrecorded), std::optional<double>());
+    }
+
+    void levels_areThoseOfTheCalibration()
+    {
+        const Folder folder;
+        folder.put("a.jsonl", calibrated(recordedRun().record, {}));
+        folder.put("b.jsonl", recordedRun("cwcwcwc").record);
+        const Reading reading = folder.read();
+        QCOMPARE(reading.told, QStringList());
+        const Run& run = reading.runs[0];
+        const Data go = readRecord(recordedRun().record).run.begun.go;
+        QVector<double> values;
+        for (const RecordedTrial& trial : readRecord(recordedRun().record).run.trials) {
+            values.append(trial.begun.value);
+        }
+        const auto ends = std::minmax_element(values.cbegin(), values.cend());
+        const LevelRange range = levelRange(go, *ends.first, *ends.second);
+        QVERIFY(run.levels.has_value());
+        QCOMPARE(run.levels->startDb, 100.0 + range.startDb[standard]);
+        QCOMPARE(run.levels->lowestDb, 100.0 + range.lowestDb);
+        QCOMPARE(run.levels->highestDb, 100.0 + range.highestDb);
+        QVERIFY(run.levels->lowestDb < run.levels->startDb);
+        QVERIFY(run.levels->startDb < run.levels->highestDb);
+        QVERIFY(!reading.runs[1].levels.has_value());
+        QVERIFY(!flagNames(run).contains("calibration"));
+    }
+
+    void levels_areInTablesAndPage_whereARunHasThem()
+    {
+        const Folder folder;
+        folder.put("a.jsonl", calibrated(recordedRun().record, {"the volume is low"}));
+        folder.put("b.jsonl", recordedRun("cwcwcwc").record);
+        QVector<Run> runs = folder.read().runs;
+        runs[0].levels->startDb = 80.0;
+        runs[0].levels->lowestDb = 79.5;
+        runs[0].levels->highestDb = 82.26;
+        QCOMPARE(levelRows(runs),
+            QVector<QStringList>({{"run", "start", "lowest", "highest", "per Hz", "digital",
+                                      "meter", "weighting", "holds", "note"},
+                {"a.jsonl", "80.0", "79.5", "82.3", "37.0", "-30.0", "70.0", "Z", "no",
+                    "note.json"}}));
+        QVERIFY(levelTable(runs).startsWith("\nlevels by the calibration notes in dB SPL; per Hz: "
+                                            "at the start\n\nrun      start  lowest"));
+        QVERIFY(htmlPage(runs, {}).contains("<h2>Levels in dB SPL by the calibration notes</h2>"));
+        QStringList lines = runCsv(runs).split('\n');
+        QVERIFY(lines[0].endsWith(",start_db_spl,lowest_db_spl,highest_db_spl"));
+        QVERIFY(lines[1].endsWith(",80.00,79.50,82.26"));
+        QVERIFY(lines[2].endsWith(",1,0,0,7,,,"));
+        flagRuns(runs);
+        QVERIFY(flagNames(runs[0]).contains("; calibration"));
+        runs.removeFirst();
+        QCOMPARE(levelTable(runs), QString());
+        QVERIFY(!htmlPage(runs, {}).contains("<h2>Levels"));
+    }
+
+    void levels_areLeftOut_whereTheRecordsNumbersMakeNoSound()
+    {
+        const Folder folder;
+        QByteArray endless = calibrated(recordedRun().record, {});
+        endless.replace("\"nSamples\":[400,400]", "\"nSamples\":[400,2000000000]");
+        QVERIFY(endless.contains("2000000000"));
+        folder.put("a.jsonl", endless);
+        const Reading reading = folder.read({"."}, true);
+        QCOMPARE(reading.runs.size(), 1);
+        QVERIFY(!reading.runs[0].levels.has_value());
     }
 
     void rule_isTheUsers_whereItIsGiven()
@@ -275,7 +359,7 @@ private slots:
         QCOMPARE(
             unchecked.told, QStringList(QString("a.jsonl:%1: note: unchecked: ").arg(line) + what));
         QCOMPARE(unchecked.runs.value(0).data.nTrials, 10);
-        QVERIFY(runCsv(unchecked.runs).endsWith(",0,0,0,10\n"));
+        QVERIFY(runCsv(unchecked.runs).endsWith(",0,0,0,10,,,\n"));
     }
 
     void damage_isRefusedWithItsLine_evenUnchecked()
@@ -331,7 +415,7 @@ private slots:
             QString("sounds up to 31 ms late in 2 of 10 trials, the first is trial 4"));
         QCOMPARE(run.flags[2].seen,
             QString("a failed sound output in 1 of 10 trials, the first is trial 7"));
-        QVERIFY(runCsv({run}).endsWith(",1,1,2,1\n"));
+        QVERIFY(runCsv({run}).endsWith(",1,1,2,1,,,\n"));
         const QStringList trials = trialsCsv({run}, {}).split('\n');
         QVERIFY(trials[1].endsWith(",1,0,0,0,0"));
         QVERIFY(trials[2].endsWith(",1,1,0,0,0"));

@@ -109,25 +109,26 @@ private slots:
 
     void csv_hasARowARun()
     {
-        const QString headings("file,subject,session_type,session,sound,main_parameter,unit,trials,"
-                               "reversals,rule_reversals,rule_last,threshold,threshold_db,"
-                               "threshold_percent_of_carrier,geometric_mean,sd_of_reversals,"
-                               "condition_runs,condition_se,rt_ms,rt_correct_ms,rt_wrong_ms,"
-                               "percent_correct,flags,checked,interrupted_trials,"
-                               "late_trials,output_failed_trials\n");
+        const QString headings(
+            "file,subject,session_type,session,sound,main_parameter,unit,trials,"
+            "reversals,rule_reversals,rule_last,threshold,threshold_db,"
+            "threshold_percent_of_carrier,geometric_mean,sd_of_reversals,"
+            "condition_runs,condition_se,rt_ms,rt_correct_ms,rt_wrong_ms,"
+            "percent_correct,flags,checked,interrupted_trials,"
+            "late_trials,output_failed_trials,start_db_spl,lowest_db_spl,highest_db_spl\n");
         Run unchecked = unnamedRun("x/a, \"b\"\n.txt");
         unchecked.departure = {3, "the correctness contradicts the positions"};
         unchecked.flags = {{"unchecked", "", ""}};
         QCOMPARE(runCsv({depthRun("A", 0, 12, 10), depthRun("A", 0, 13, 8), unchecked}, 1000.0),
             headings
                 + "folder/A.txt,A,practice,12,noise,modulation depth,%,40,14,14,8,10,-20,,9.75,1.5,"
-                  "2,1,700,650.125,,66.66666667,,1,,,\n"
+                  "2,1,700,650.125,,66.66666667,,1,,,,,,\n"
                   "folder/A.txt,A,practice,13,noise,modulation depth,%,40,14,14,8,8,-21.93820026,,"
-                  "7.75,1.5,2,1,700,650.125,,66.66666667,,1,,,\n"
+                  "7.75,1.5,2,1,700,650.125,,66.66666667,,1,,,,,,\n"
                   "\"x/a, \"\"b\"\"\n.txt\",unknown,unknown,,unknown,carrier frequency,Hz,40,14,14,"
-                  "8,2,,0.2,1.75,1.5,1,,700,650.125,,66.66666667,unchecked,0,,,\n");
+                  "8,2,,0.2,1.75,1.5,1,,700,650.125,,66.66666667,unchecked,0,,,,,,\n");
         QVERIFY(runCsv({unnamedRun("a")})
-                    .endsWith(",2,,,1.75,1.5,1,,700,650.125,,66.66666667,,1,,,\n"));
+                    .endsWith(",2,,,1.75,1.5,1,,700,650.125,,66.66666667,,1,,,,,,\n"));
     }
 
     void trialsCsv_hasARowATrial()

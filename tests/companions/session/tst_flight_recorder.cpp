@@ -150,7 +150,7 @@ private slots:
             return RunCalibration {"note.json", sampleNote(), differences};
         });
         const QSignalSpy told(&run.recorder, &FlightRecorder::calibrationDiffers);
-        run.play("cw");
+        run.play("cwc");
         QCOMPARE(told.size(), 0);
         const ReadRecord read = readRecord(run.content());
         QCOMPARE(read.error, QString());
@@ -158,6 +158,8 @@ private slots:
         QCOMPARE(read.run.begun.calibration->file, QString("note.json"));
         QCOMPARE(
             calibrationBytes(read.run.begun.calibration->note), calibrationBytes(sampleNote()));
+        ModalBoxes boxes;
+        boxes.answerNext(QMessageBox::Yes);
         run.dismiss();
         differences = QStringList("the volume is low");
         run.play({});
