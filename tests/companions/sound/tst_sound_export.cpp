@@ -92,6 +92,7 @@ private slots:
     {
         const QString help = runSoundProgram({"--help"}).output;
         QVERIFY(help.startsWith("Usage: quorin-sound [options] command [option...]\n"));
+        QVERIFY(help.contains("\n  calibrate   Play a sound "));
         QVERIFY(help.contains("\n  check       Ask the sound server "));
         QVERIFY(help.contains("\n  export      Write the sounds "));
     }
