@@ -103,6 +103,12 @@ private slots:
                                "channels=2 format=float32le norewinds=1");
     }
 
+    void init() override
+    {
+        QuietTest::init();
+        QVERIFY2(m_server.isRunning(), qPrintable(m_server.errorText()));
+    }
+
     void cleanup() override
     {
         Client(m_server).pactl("set-default-sink lab");
