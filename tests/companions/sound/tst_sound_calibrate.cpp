@@ -186,7 +186,7 @@ private slots:
         QCOMPARE(end.errors, QString());
         QCOMPARE(end.status, 0);
         QCOMPARE(calibration.notes().size(), 1);
-        static const QRegularExpression newName("^calibration_\\d{8}-\\d{6}_001\\.json$");
+        static const QRegularExpression newName(R"(^calibration_\d{8}-\d{6}_001\.json$)");
         QVERIFY2(
             newName.match(calibration.notes()[0]).hasMatch(), qPrintable(calibration.notes()[0]));
         const CalibrationNote note = calibration.note();
