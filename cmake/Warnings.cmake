@@ -7,10 +7,14 @@ set(common_warnings
   -Woverloaded-virtual -Wconversion -Wsign-conversion -Wdouble-promotion -Wformat=2
   -Wimplicit-fallthrough -Wundef
 )
+# clang++ takes what Qt's qCDebug makes of its arguments for an extension, and a float that becomes
+# the value of a double variable for a promotion.
+set(clang_warnings -Wno-gnu-zero-variadic-macro-arguments -Wno-double-promotion)
 set(gcc_warnings -Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wsuggest-override)
 
 target_compile_options(quorin_warnings INTERFACE
   ${common_warnings}
   $<$<CXX_COMPILER_ID:GNU>:${gcc_warnings}>
+  $<$<CXX_COMPILER_ID:Clang>:${clang_warnings}>
   $<$<BOOL:${QUORIN_WARNINGS_AS_ERRORS}>:-Werror>
 )
