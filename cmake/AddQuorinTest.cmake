@@ -26,14 +26,14 @@ endfunction()
 # tests/ and of those inside it share the program of the folder's name unless PROGRAM is given. A
 # test runs offscreen, in the C.UTF-8 locale, with a home and a runtime folder of its own inside the
 # build folder. One labelled audio plays real sound or measures time: it runs while no other test
-# does. QUORIN_TEST_LAUNCHER is put before the command; under it and in the sanitizer build, tests
-# may take longer.
+# does. An emulator and QUORIN_TEST_LAUNCHER are put before the command; under them and in the
+# sanitizer build, tests may take longer.
 function(quorin_add_test name source)
   cmake_parse_arguments(PARSE_ARGV 2 arg "" "TIMEOUT;PROGRAM" "LABELS;LIBRARIES")
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 120)
   endif()
-  if(QUORIN_TEST_LAUNCHER)
+  if(QUORIN_TEST_LAUNCHER OR CMAKE_CROSSCOMPILING_EMULATOR)
     math(EXPR arg_TIMEOUT "${arg_TIMEOUT} * 20")
   elseif(QUORIN_SANITIZE)
     math(EXPR arg_TIMEOUT "${arg_TIMEOUT} * 4")
@@ -86,7 +86,7 @@ function(quorin_add_test name source)
     set(alone OFF)
   endif()
 
-  set(command ${QUORIN_TEST_LAUNCHER} $<TARGET_FILE:${target}> ${test})
+  set(command ${CMAKE_CROSSCOMPILING_EMULATOR} ${QUORIN_TEST_LAUNCHER} $<TARGET_FILE:${target}> ${test})
   set_property(GLOBAL PROPERTY quorin_command_of_${name} "${command}")
   add_test(NAME ${name} COMMAND ${command})
   set_tests_properties(${name} PROPERTIES
