@@ -33,6 +33,7 @@ struct ChartContents {
     bool hasPoints = false; ///< whether the line's points are drawn as well
     QVector<QPointF> points;
 };
+Q_DECLARE_TYPEINFO(ChartContents, Q_MOVABLE_TYPE);
 
 QDataStream& operator<<(QDataStream& stream, const ChartContents& chart);
 QDataStream& operator>>(QDataStream& stream, ChartContents& chart);
