@@ -18,6 +18,13 @@ constexpr auto sinkName = "lab";
 
 } // namespace
 
+SoundServer::Settings SoundServer::copyingSettings()
+{
+    Settings settings;
+    settings.sharesMemory = false;
+    return settings;
+}
+
 SoundServer::SoundServer()
     : SoundServer(Settings())
 {
@@ -142,6 +149,9 @@ QStringList SoundServer::arguments() const
         sinkModule(), "-L", protocol};
     if (!m_settings.resampleMethod.isEmpty()) {
         all << "--resample-method=" + m_settings.resampleMethod;
+    }
+    if (!m_settings.sharesMemory) {
+        all << "--disable-shm=yes";
     }
     for (const QString& module : m_settings.moreModules) {
         all << "-L" << module;

@@ -23,7 +23,12 @@ public:
         bool mayRewind = false;
         QString resampleMethod {}; ///< PulseAudio's name of it; empty: its own choice
         QStringList moreModules; ///< loaded besides, with their arguments
+        bool sharesMemory = true; ///< with its clients
     };
+
+    /// For programs that come and go: a server that shares no memory with them. One that does now
+    /// and then ends at an assertion of PulseAudio 16 when a program ends whose sound is recorded.
+    static Settings copyingSettings();
 
     SoundServer();
     explicit SoundServer(Settings settings);

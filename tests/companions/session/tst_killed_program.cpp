@@ -144,7 +144,7 @@ private:
     }
 
     ManagedScreen& m_screen;
-    SoundServer m_server;
+    SoundServer m_server {SoundServer::copyingSettings()};
     SoundRecorder m_microphone {m_server}; // keeps the server's blocks short
     int m_nRecords = 0;
     int m_nWhole = 0;

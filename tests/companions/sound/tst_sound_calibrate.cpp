@@ -296,7 +296,7 @@ private slots:
     }
 
 private:
-    SoundServer m_server;
+    SoundServer m_server {SoundServer::copyingSettings()};
 };
 
 QUORIN_GUILESS_TEST(TestSoundCalibrate);
