@@ -29,8 +29,10 @@ void endLoopOnSignals()
         return;
     }
     writeEnd = ends[0];
-    auto* const notifier = new QSocketNotifier(ends[1], QSocketNotifier::Read, qApp);
-    QObject::connect(notifier, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
+    // Not qApp, which is a QApplication here: quorin-sound has none.
+    QCoreApplication* const application = QCoreApplication::instance();
+    auto* const notifier = new QSocketNotifier(ends[1], QSocketNotifier::Read, application);
+    QObject::connect(notifier, &QSocketNotifier::activated, application, &QCoreApplication::quit);
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         std::signal(signal, wakeLoop);
     }
