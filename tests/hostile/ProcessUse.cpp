@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <ctime>
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(UNDER_SANITIZERS)
 
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes(); // GCC brings no header for it
 #endif
@@ -39,7 +39,7 @@ double processorSeconds()
 
 qint64 memoryInUse()
 {
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(UNDER_SANITIZERS)
     return static_cast<qint64>(__sanitizer_get_current_allocated_bytes());
 #else
     return statusBytes("VmRSS");

@@ -20,10 +20,10 @@ int openDescriptors();
 
 /// How much more of the processor's time and of memory this build may take than an optimised one
 /// without sanitizers. The address sanitizer keeps freed memory for a while, and a shadow of all.
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(UNDER_SANITIZERS)
 constexpr int timeAllowance = 3;
 constexpr int memoryAllowance = 3;
-#elif !defined(__OPTIMIZE__)
+#elif !defined(NDEBUG) // the program, too, is not optimised
 constexpr int timeAllowance = 5;
 constexpr int memoryAllowance = 1;
 #else
