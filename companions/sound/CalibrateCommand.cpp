@@ -15,12 +15,15 @@
 #include <QDir>
 
 #include <algorithm>
+#include <termios.h>
+#include <unistd.h>
 
 using namespace quorin;
 
 namespace {
 
 constexpr double loudDb = 85.0; // SPL
+constexpr double percentTolerance = 0.5; // of what a server makes of 100 %
 
 // The offset is left out of ISO 8601 unless it is given.
 QString timeNow()
@@ -61,6 +64,12 @@ QString obstacleOf(const FoundPath& found, Ear ear)
     for (const OutputFacts& output : found.path.outputs) {
         if (output.isMuted) {
             return QString("the output is muted: pactl set-sink-mute %1 0").arg(output.name);
+        }
+        const auto isAmplified
+            = [](const ChannelVolume& volume) { return volume.percent > 100.0 + percentTolerance; };
+        if (std::any_of(output.volumes.cbegin(), output.volumes.cend(), isAmplified)) {
+            return QString("the output's volume is above 100 %: pactl set-sink-volume %1 100%")
+                .arg(output.name);
         }
     }
     const OutputFacts& first = found.path.outputs.constFirst();
@@ -145,8 +154,12 @@ private:
         QFile file;
         file.open(stdin, QIODevice::ReadOnly);
         QTextStream input(&file);
-        CalibrationDialogue dialogue(
-            input, m_streams.output(), [this](double levelDb) { return play(levelDb); });
+        // A key that was held during a sound must not raise the next one.
+        CalibrationDialogue dialogue(input, m_streams.output(), [this](double levelDb) {
+            const QString fault = play(levelDb);
+            ::tcflush(STDIN_FILENO, TCIFLUSH);
+            return fault;
+        });
         const std::optional<LevelReading> reading
             = dialogue.lead({m_options.startDb, m_options.stepDb, highestLevelDb(m_options.sound)});
         if (!reading) {

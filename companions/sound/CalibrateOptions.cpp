@@ -20,6 +20,7 @@ constexpr double longestMs = 10000.0;
 constexpr int slowestRate = 8000;
 constexpr int fastestRate = 192000;
 constexpr double lowestFrequency = 20.0;
+constexpr double highestFrequencyShare = 0.45; // of the rate
 
 void addCalibrateOptions(QCommandLineParser& parser)
 {
@@ -51,8 +52,10 @@ void readSound(const QCommandLineParser& parser, OptionReader& reader, Calibrati
         reader.fail("--frequency goes without --noise");
     }
     sound.rate = reader.count("rate", slowestRate, fastestRate, sound.rate);
-    sound.frequency
-        = reader.number("frequency", lowestFrequency, sound.rate / 2.0, sound.frequency);
+    // Near half the rate a tone's samples may all lie beside its maxima: it would be weaker than
+    // told.
+    sound.frequency = reader.number(
+        "frequency", lowestFrequency, highestFrequencyShare * sound.rate, sound.frequency);
     sound.durationMs = reader.number("duration", shortestMs, longestMs, sound.durationMs);
 }
 

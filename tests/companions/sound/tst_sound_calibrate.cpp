@@ -116,7 +116,7 @@ private slots:
         QuietTest::cleanup();
     }
 
-    void mistake_isNamed_andNothingIsPlayed_data()
+    void mistake_isNamed_beforeAnythingIsPlayed_data()
     {
         QTest::addColumn<QString>("options");
         QTest::addColumn<QString>("error");
@@ -127,7 +127,7 @@ private slots:
         row("--step 0", R"(--step must be a number from 0.1 to 6, not "0")");
         row("--duration 10001", R"(--duration must be a number from 200 to 10000, not "10001")");
         row("--duration 199", R"(--duration must be a number from 200 to 10000, not "199")");
-        row("--frequency 20001", R"(--frequency must be a number from 20 to 20000, not "20001")");
+        row("--frequency 18001", R"(--frequency must be a number from 20 to 18000, not "18001")");
         row("--frequency 500 --noise", "--frequency goes without --noise");
         row("--rate 100", R"(--rate must be a whole number from 8000 to 192000, not "100")");
         row("--ear middle", R"(--ear must be both, left or right, not "middle")");
@@ -136,7 +136,7 @@ private slots:
         row("/nowhere", "one folder is wanted, not also \"");
     }
 
-    void mistake_isNamed_andNothingIsPlayed()
+    void mistake_isNamed_beforeAnythingIsPlayed()
     {
         QFETCH(QString, options);
         QFETCH(QString, error);
@@ -289,6 +289,13 @@ private slots:
         QCOMPARE(
             end.errors, QString("quorin-sound: the output is muted: pactl set-sink-mute lab 0\n"));
         QCOMPARE(end.status, 1);
+        Client(m_server).pactl("set-sink-volume lab 101%");
+        Calibration amplified(m_server, "--reading 50");
+        const SoundProgramEnd clipped = amplified.end();
+        Client(m_server).pactl("set-sink-volume lab 100%");
+        QCOMPARE(clipped.errors,
+            QString("quorin-sound: the output's volume is above 100 %: pactl set-sink-volume lab "
+                    "100%\n"));
         const SoundServer none; // that was never started
         Calibration lost(none, "--reading 50");
         QVERIFY(lost.end().errors.startsWith(
