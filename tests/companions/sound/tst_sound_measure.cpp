@@ -84,11 +84,22 @@ double lossDb(const SoundProgramEnd& end)
     return match.hasMatch() ? match.captured(1).toDouble() : -1.0;
 }
 
+constexpr int mostTries = 3;
+
+/// That of a measurement whose sounds arrived whole.
+double toldLossDb(const QProcessEnvironment& environment, const QString& arguments)
+{
+    double loss = -1.0;
+    for (int i = 0; i < mostTries && loss < 0.0; ++i) {
+        loss = lossDb(measured(environment, arguments));
+    }
+    return loss;
+}
+
 /// The smallest of some measurements: where a busy machine makes a server leave out a part, a level
 /// is lower than by the server's settings.
 double smallestLossDb(const QProcessEnvironment& environment, const QString& arguments)
 {
-    constexpr int mostTries = 3;
     double smallest = lossDb(measured(environment, arguments));
     for (int i = 1; i < mostTries && !(smallest >= 0.0 && smallest < smallLossDb); ++i) {
         const double loss = lossDb(measured(environment, arguments));
@@ -137,10 +148,9 @@ private slots:
         SoundServer advised(settings);
         QVERIFY2(advised.start(), qPrintable(advised.errorText()));
         const QString other = "--rate 40000 --output-rate 48000";
-        Measuring asItComes(environmentOf(m_server), other);
         const double loss = smallestLossDb(environmentOf(advised), other);
         QVERIFY2(loss >= 0.0 && loss < smallLossDb, qPrintable(QString::number(loss)));
-        QVERIFY(lossDb(asItComes.end()) > 1.0);
+        QVERIFY(toldLossDb(environmentOf(m_server), other) > 1.0);
     }
 
     void adviceForPipeWire_losesLittle()
@@ -156,10 +166,9 @@ private slots:
         QVERIFY2(plain.start(), qPrintable(plain.errorText()));
         QVERIFY2(advised.start(), qPrintable(advised.errorText()));
         const QString other = "--rate 40000 --output-rate 48000";
-        Measuring asItComes(environmentOf(plain), other);
         const double loss = smallestLossDb(environmentOf(advised), other);
         QVERIFY2(loss >= 0.0 && loss < smallLossDb, qPrintable(QString::number(loss)));
-        QVERIFY(lossDb(asItComes.end()) > 0.5);
+        QVERIFY(toldLossDb(environmentOf(plain), other) > 0.5);
     }
 
     void nullSink_isRemoved_whenTheProgramIsToEnd()
