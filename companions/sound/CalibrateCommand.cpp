@@ -156,7 +156,7 @@ private:
         QTextStream input(&file);
         // A key that was held during a sound must not raise the next one.
         CalibrationDialogue dialogue(input, m_streams.output(), [this](double levelDb) {
-            const QString fault = play(levelDb);
+            QString fault = play(levelDb);
             ::tcflush(STDIN_FILENO, TCIFLUSH);
             return fault;
         });
