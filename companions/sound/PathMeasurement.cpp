@@ -7,6 +7,7 @@
 #include "sound/MeasuringSounds.h"
 #include "sound/MonitorRecorder.h"
 #include "sound/NullSink.h"
+#include "sound/SoundPlayer.h"
 
 #include <QAudioDeviceInfo>
 #include <QAudioOutput>
@@ -48,19 +49,6 @@ QAudioDeviceInfo deviceOf(const QString& sink)
     return found == devices.cend() ? QAudioDeviceInfo() : *found;
 }
 
-// The main window's format.
-QAudioFormat formatOf(int rate)
-{
-    QAudioFormat format;
-    format.setSampleRate(rate);
-    format.setChannelCount(1);
-    format.setSampleSize(32);
-    format.setCodec("audio/pcm");
-    format.setByteOrder(QAudioFormat::LittleEndian);
-    format.setSampleType(QAudioFormat::Float);
-    return format;
-}
-
 /// Plays sounds to one output and records it.
 class Measurement {
 public:
@@ -83,7 +71,7 @@ public:
         QByteArray bytes(reinterpret_cast<const char*>(sound.constData()), nBytes);
         QBuffer buffer(&bytes);
         buffer.open(QIODevice::ReadOnly);
-        QAudioOutput output(deviceOf(m_sink), formatOf(m_path.playedRate));
+        QAudioOutput output(deviceOf(m_sink), formatOf(1, m_path.playedRate));
         m_recorder.take();
         output.start(&buffer);
         const auto hasEnded = [&output] { return output.state() != QAudio::ActiveState; };

@@ -7,8 +7,6 @@
 #include <QEventLoop>
 #include <QTimer>
 
-namespace {
-
 QAudioFormat formatOf(int nChannels, int rate)
 {
     QAudioFormat format;
@@ -20,8 +18,6 @@ QAudioFormat formatOf(int nChannels, int rate)
     format.setSampleType(QAudioFormat::Float);
     return format;
 }
-
-} // namespace
 
 // An idle output with something left in the buffer ran dry: it goes on by itself.
 QString playFrames(QByteArray frames, int nChannels, int rate)
