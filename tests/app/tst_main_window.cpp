@@ -3,9 +3,6 @@
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
 
-#include <QElapsedTimer>
-#include <QSignalSpy>
-#include <QTimer>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 

@@ -4,10 +4,7 @@
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
 
-#include <QApplication>
 #include <QCloseEvent>
-#include <QSignalSpy>
-#include <QTimer>
 #include <QWindow>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>

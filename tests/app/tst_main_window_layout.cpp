@@ -3,9 +3,7 @@
 #include "app/ObjectNames.h"
 #include "support/WindowTest.h"
 
-#include <QApplication>
 #include <QGridLayout>
-#include <QStandardPaths>
 
 namespace {
 

@@ -2,9 +2,6 @@
 // The methods of both windows in their order, and what their signals are connected to.
 #include "support/WindowTest.h"
 
-#include <QMetaMethod>
-#include <QTimer>
-
 namespace {
 
 QStringList ownMethods(const QMetaObject& object)

@@ -8,12 +8,6 @@
 #include "support/WindowWidgets.h"
 
 #include <QAudioOutput>
-#include <QBuffer>
-#include <QElapsedTimer>
-#include <QLineEdit>
-#include <QPointer>
-#include <QSignalSpy>
-#include <QTimer>
 
 namespace {
 

@@ -4,7 +4,6 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
-#include <QApplication>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
 

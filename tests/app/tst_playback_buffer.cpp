@@ -2,10 +2,6 @@
 // What is known of an output from the times at which it takes the bytes of its sound.
 #include "app/PlaybackBuffer.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QSignalSpy>
-#include <QTest>
 
 namespace {
 

@@ -3,17 +3,9 @@
 #include "app/ReactionClock.h"
 #include "drivers/RunDriver.h"
 #include "support/ExactVectors.h"
-#include "support/MainWindowProbe.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QAudioOutput>
-#include <QBuffer>
-#include <QElapsedTimer>
-#include <QPointer>
-#include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
 
 #include <functional>
 

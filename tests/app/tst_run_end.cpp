@@ -1,21 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The end of a run: results, save dialog, and closing the subject window.
 #include "drivers/RunDriver.h"
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
 #include <QAudioOutput>
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
 
 #include <cmath>
 

@@ -1,23 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What Go does, in its order, and how subject windows are connected.
 #include "drivers/RunDriver.h"
-#include "support/MainWindowProbe.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
 #include <QAudioFormat>
-#include <QCheckBox>
-#include <QChildEvent>
-#include <QCoreApplication>
-#include <QEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPointer>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
 
 namespace {
 

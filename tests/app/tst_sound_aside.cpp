@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Sounds that still play when the next one starts: what their end frees, and whose trial it ends.
 #include "RunningTrial.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-
-#include <QPointer>
-#include <QSignalSpy>
-#include <QTimer>
 
 class TestSoundAside : public WindowTest {
     Q_OBJECT

@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What happens when an output is idle or has stopped, and what is released then.
 #include "RunningTrial.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-
-#include <QElapsedTimer>
-#include <QPointer>
-#include <QSignalSpy>
-#include <QTimer>
 
 namespace {
 

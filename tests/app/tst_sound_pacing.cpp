@@ -2,9 +2,6 @@
 // When sounds are due, and what counts as late.
 #include "app/SoundPacing.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 class TestSoundPacing : public QuietTest {
     Q_OBJECT

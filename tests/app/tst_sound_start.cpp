@@ -4,9 +4,6 @@
 #include "support/WindowTest.h"
 
 #include <QAudioOutput>
-#include <QBuffer>
-#include <QSignalSpy>
-#include <QTimer>
 
 #include <cstring>
 

@@ -1,17 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "I am ready" and the answers: what is recorded, and what starts the next trial.
 #include "drivers/RunDriver.h"
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QAudioOutput>
-#include <QElapsedTimer>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-#include <QTimer>
 
 #include <cmath>
 

@@ -2,9 +2,6 @@
 // Which intervals hold the deviant, and the times of a trial.
 #include "app/TrialSequence.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <limits>
 

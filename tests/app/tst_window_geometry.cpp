@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Size and place of both windows on the screen.
 #include "app/WindowParts.h"
-#include "subject/SubjectWindow.h"
-#include "support/MainWindowProbe.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QScreen>
-#include <QTest>
 
 namespace {
 

@@ -1,17 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Whether everything in both windows can be seen and read, in light and in dark styles.
 #include "app/WindowParts.h"
-#include "support/MainWindowProbe.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
-#include <QApplication>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QStyleFactory>
-#include <QTest>
 #include <QtCharts/QChartView>
 
 #include <algorithm>

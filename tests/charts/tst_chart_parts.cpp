@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Ranges of axes.
 #include "charts/ChartParts.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
-#include <QTest>
 #include <QtCharts/QValueAxis>
 
 class TestChartParts : public WindowTest {

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A refreshed chart looks like one whose points were set before its ranges.
 #include "charts/ChartParts.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
-#include <QTest>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
 #include <QtCharts/QLineSeries>

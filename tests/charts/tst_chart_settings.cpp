@@ -4,9 +4,6 @@
 #include "support/WindowTest.h"
 
 #include <QGridLayout>
-#include <QObject>
-#include <QTimer>
-#include <QVector>
 #include <QtCharts/QLegend>
 
 using namespace QtCharts;

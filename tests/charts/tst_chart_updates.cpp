@@ -2,10 +2,7 @@
 // How often the charts are painted after an answer.
 #include "charts/ChartObjects.h"
 #include "drivers/RunDriver.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-
-#include <QTest>
 
 using namespace quorin;
 

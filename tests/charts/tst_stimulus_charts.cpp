@@ -3,12 +3,7 @@
 #include "charts/ChartObjects.h"
 #include "support/ExactVectors.h"
 #include "support/Points.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
-
-#include <QLineEdit>
-#include <QTest>
 
 #include <algorithm>
 

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The chart of the trend: its axes, its points and its picture.
 #include "charts/ChartObjects.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QImage>
 #include <QPixmap>
 #include <QScreen>
-#include <QTest>
 
 using namespace quorin;
 

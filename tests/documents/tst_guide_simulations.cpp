@@ -5,10 +5,6 @@
 #include "simulate/RunStatistics.h"
 #include "simulate/SimulatedRuns.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
-#include <QThread>
 
 #include <algorithm>
 #include <cmath>

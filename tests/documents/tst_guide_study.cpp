@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The guide's study from its protocol to its page: what the guide shows is what is printed.
-#include "app/MainWindow.h"
 #include "app/ReactionClock.h"
 #include "documents/Guide.h"
 #include "drivers/RunDriver.h"
@@ -11,17 +10,8 @@
 #include "session/SessionOptions.h"
 #include "session/StudyCourse.h"
 #include "session/TextWindow.h"
-#include "subject/SubjectWindow.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QProcess>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <cmath>
 #include <memory>

@@ -4,13 +4,7 @@
 #include "procedure/StaircaseRule.h"
 #include "signal/SignalToolkit.h"
 #include "signal/Stimulus.h"
-#include "support/MainWindowProbe.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
-
-#include <QComboBox>
-#include <QTest>
 
 #include <cmath>
 #include <limits>

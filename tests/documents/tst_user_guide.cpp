@@ -10,15 +10,7 @@
 #include "signal/Stimulus.h"
 #include "simulate/RunStatistics.h"
 #include "subject/ResultText.h"
-#include "support/MainWindowProbe.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QPushButton>
-#include <QTest>
 
 #include <cmath>
 

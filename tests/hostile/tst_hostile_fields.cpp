@@ -4,9 +4,6 @@
 #include "hostile/ProcessUse.h"
 #include "support/WindowTest.h"
 
-#include <QFile>
-#include <QHash>
-
 #include <algorithm>
 
 namespace {

@@ -6,9 +6,7 @@
 #include "support/WindowTest.h"
 
 #include <QAudioOutput>
-#include <QElapsedTimer>
 #include <QGraphicsScene>
-#include <QTimer>
 #include <QtCharts/QChartView>
 #include <QtCharts/QLineSeries>
 

@@ -2,12 +2,8 @@
 // What the window does with a step of the staircase, and in which order after an answer.
 #include "procedure/Records.h"
 #include "procedure/SilentRun.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
-#include <QTest>
-#include <QTimer>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 

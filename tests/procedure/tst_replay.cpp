@@ -7,9 +7,6 @@
 #include "session/AdaptedParameter.h"
 #include "support/ExactVectors.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <limits>
 #include <random>

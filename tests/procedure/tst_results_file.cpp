@@ -2,15 +2,9 @@
 // The save dialog and the file that it leads to.
 #include "procedure/SavedRun.h"
 #include "procedure/SilentRun.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
-#include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QTest>
 
 #include <cmath>
 

@@ -3,10 +3,6 @@
 #include "procedure/Records.h"
 #include "procedure/ResultsFormat.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QLocale>
-#include <QTest>
 
 #include <cmath>
 

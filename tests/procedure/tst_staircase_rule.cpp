@@ -4,9 +4,6 @@
 #include "procedure/StaircaseRule.h"
 #include "support/ExactVectors.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <cmath>
 #include <limits>

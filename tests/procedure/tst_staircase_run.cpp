@@ -1,14 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Whole runs of known answers, without sound: values, reversals and results.
 #include "procedure/SilentRun.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
-
-#include <QLabel>
-#include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
 
 #include <cmath>
 

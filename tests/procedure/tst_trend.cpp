@@ -2,10 +2,8 @@
 // The points and the ranges of the trend.
 #include "procedure/Records.h"
 #include "procedure/SilentRun.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
-#include <QTest>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 

@@ -5,9 +5,6 @@
 #include "session/Units.h"
 #include "support/ExactVectors.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 using namespace quorin;
 

@@ -2,9 +2,6 @@
 // Numbers of samples, points and bins, within their limits.
 #include "session/Counts.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <limits>
 

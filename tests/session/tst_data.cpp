@@ -3,9 +3,6 @@
 #include "session/Data.h"
 #include "support/TestProgram.h"
 
-#include <QStandardPaths>
-#include <QTest>
-
 #include <algorithm>
 #include <type_traits>
 

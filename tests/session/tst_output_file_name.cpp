@@ -4,8 +4,6 @@
 #include "session/OutputFileName.h"
 #include "support/QuietTest.h"
 
-#include <QStandardPaths>
-
 class TestOutputFileName : public QuietTest {
     Q_OBJECT
 

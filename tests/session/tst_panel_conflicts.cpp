@@ -1,14 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Noise and an adapted carrier frequency, which do not go together.
 #include "session/DeviantInThePanel.h"
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
-
-#include <QComboBox>
-#include <QTest>
 
 using namespace quorin;
 

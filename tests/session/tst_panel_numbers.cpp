@@ -3,8 +3,6 @@
 #include "session/PanelNumbers.h"
 #include "support/QuietTest.h"
 
-#include <QLocale>
-
 #include <cmath>
 
 namespace {

@@ -1,16 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The panel's fields on their way into the record.
 #include "session/DeviantInThePanel.h"
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QPushButton>
-#include <QTest>
 
 #include <cmath>
 

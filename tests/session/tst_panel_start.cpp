@@ -3,10 +3,6 @@
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
 
-#include <QElapsedTimer>
-#include <QStandardPaths>
-#include <QTimer>
-
 namespace {
 
 QStringList itemsOf(const QComboBox* box)

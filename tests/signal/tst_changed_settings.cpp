@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What follows a duration or a sampling rate that was changed on the panel, and what stays as the
 // window made it.
-#include "support/MainWindowProbe.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
-#include <QLineEdit>
-#include <QTest>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 

@@ -2,10 +2,6 @@
 // The checks that stop a misuse of the transform.
 #include "support/TestProgram.h"
 
-#include <QProcess>
-#include <QRegularExpression>
-#include <QTest>
-
 class TestFFTMisuse : public QObject {
     Q_OBJECT
 

@@ -6,8 +6,6 @@
 #include "support/ExactVectors.h"
 #include "support/TestProgram.h"
 
-#include <QTest>
-
 #include <cstdlib>
 #include <cstring>
 #include <limits>

@@ -4,8 +4,6 @@
 #include "signal/FFTTestSignals.h"
 #include "support/TestProgram.h"
 
-#include <QTest>
-
 #include <limits>
 
 using fftTest::noise;

@@ -5,8 +5,6 @@
 #include "support/ExactVectors.h"
 #include "support/TestProgram.h"
 
-#include <QTest>
-
 #include <cmath>
 
 namespace {

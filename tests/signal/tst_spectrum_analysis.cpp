@@ -2,15 +2,9 @@
 // The spectra that the window makes of its two sounds.
 #include "signal/Spectrum.h"
 #include "support/ExactVectors.h"
-#include "support/MainWindowProbe.h"
 #include "support/Points.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
-#include <QComboBox>
-#include <QLineEdit>
-#include <QTest>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 

@@ -3,14 +3,7 @@
 #include "signal/StatedSound.h"
 #include "support/Draws.h"
 #include "support/ExactVectors.h"
-#include "support/MainWindowProbe.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
-
-#include <QComboBox>
-#include <QLineEdit>
-#include <QTest>
 
 using namespace quorin;
 

@@ -4,8 +4,6 @@
 #include "support/ExactVectors.h"
 #include "support/TestProgram.h"
 
-#include <QTest>
-
 #include <cmath>
 #include <limits>
 

@@ -3,8 +3,6 @@
 #include "subject/ResultText.h"
 #include "support/QuietTest.h"
 
-#include <QLocale>
-
 class TestResultText : public QuietTest {
     Q_OBJECT
 

@@ -6,10 +6,6 @@
 #include "support/QuietTest.h"
 #include "support/WindowWidgets.h"
 
-#include <QLabel>
-#include <QPushButton>
-#include <QSignalSpy>
-
 namespace {
 
 const QString none;

@@ -1,16 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The subject window's texts, grid and buttons.
-#include "subject/SubjectWindow.h"
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 #include "support/WindowWidgets.h"
 
 #include <QGridLayout>
-#include <QLabel>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
 
 using namespace quorin;
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The frame of every test. It brings all of Qt Core and Qt Test.
 #pragma once
 
 #include <QApplication>
-#include <QTest>
+#include <QtTest>
 
 /// A test class that its program runs by name: `tst_signal fft_tables` runs the one in
 /// tst_fft_tables.cpp. Arguments after the name go to QtTest.

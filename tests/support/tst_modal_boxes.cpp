@@ -2,12 +2,8 @@
 // How ModalBoxes records and answers boxes.
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 
-#include <QDir>
 #include <QPushButton>
-#include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 

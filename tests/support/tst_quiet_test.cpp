@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Which messages fail a QuietTest.
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QLoggingCategory>
-#include <QProcess>
-#include <QTest>
 
 #include <thread>
 

@@ -4,12 +4,8 @@
 #include "support/WindowTest.h"
 #include "system/PhasedRun.h"
 
-#include <QApplication>
 #include <QAudioOutput>
 #include <QCloseEvent>
-#include <QMap>
-#include <QPointer>
-#include <QTimer>
 #include <QWindow>
 
 #include <memory>

@@ -9,8 +9,6 @@
 #include "system/SoundLab.h"
 
 #include <QAudioOutput>
-#include <QLineEdit>
-#include <QPointer>
 
 #include <memory>
 

@@ -7,8 +7,6 @@
 #include "system/AlsaAlone.h"
 
 #include <QAudioDeviceInfo>
-#include <QLabel>
-#include <QLineEdit>
 
 namespace {
 

@@ -1,16 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The keys of the listener: 2, 3, Return and Enter, and when they do nothing.
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/ShownRun.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 
 #include <QKeyEvent>
-#include <QLabel>
-#include <QPushButton>
-#include <QTest>
 #include <QWindow>
 
 namespace {

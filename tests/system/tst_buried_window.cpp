@@ -3,17 +3,9 @@
 // it again: real clicks, real keys, and a window of another program.
 #include "drivers/RunDriver.h"
 #include "support/EventCounter.h"
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 #include "system/ManagedScreen.h"
-
-#include <QCheckBox>
-#include <QFile>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <functional>
 

@@ -5,14 +5,9 @@
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 #include "system/DisturbedTrial.h"
 
 #include <QAudioDeviceInfo>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
 
 #include <algorithm>
 #include <cstring>

@@ -4,12 +4,7 @@
 #include "soundlab/SoundServer.h"
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 #include "system/DisturbedTrial.h"
-
-#include <QElapsedTimer>
-#include <QTest>
-#include <QTimer>
 
 namespace {
 

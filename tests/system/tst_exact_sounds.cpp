@@ -4,15 +4,8 @@
 #include "soundlab/SoundServer.h"
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
-#include "support/ScriptedListener.h"
-#include "support/TestProgram.h"
 #include "support/TrialRecording.h"
 #include "support/WindowWidgets.h"
-
-#include <QComboBox>
-#include <QLineEdit>
-#include <QTest>
-#include <QTimer>
 
 #include <algorithm>
 #include <cstdlib>

@@ -5,13 +5,9 @@
 #include "soundlab/SoundServer.h"
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 #include "system/DisturbedTrial.h"
 
 #include <QLineEdit>
-#include <QTest>
-#include <QThread>
-#include <QTimer>
 
 namespace {
 

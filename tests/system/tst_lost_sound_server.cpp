@@ -11,9 +11,6 @@
 
 #include <QAudioDeviceInfo>
 #include <QAudioOutput>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTimer>
 
 #include <memory>
 #include <vector>

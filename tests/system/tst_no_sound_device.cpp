@@ -6,14 +6,8 @@
 #include "support/WindowWidgets.h"
 #include "system/RepeatedRuns.h"
 
-#include <QApplication>
 #include <QAudioDeviceInfo>
 #include <QAudioOutput>
-#include <QElapsedTimer>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTimer>
 
 namespace {
 

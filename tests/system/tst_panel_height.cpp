@@ -2,15 +2,11 @@
 // The rows of the parameter panel on a screen of the size QUORIN_SCREEN, at the scale or the
 // resolution of Qt's own variables. QUORIN_PANEL tells what is to come of it: "as ever", "closer"
 // or "too high".
-#include "support/MainWindowProbe.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
 #include "system/ManagedScreen.h"
 
 #include <QGridLayout>
 #include <QScreen>
-#include <QTest>
 
 namespace {
 

@@ -5,17 +5,8 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
-#include "support/ScriptedListener.h"
-#include "support/TestProgram.h"
 #include "support/TrialRecording.h"
 #include "support/WindowWidgets.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFile>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTest>
 
 #include <algorithm>
 #include <cmath>

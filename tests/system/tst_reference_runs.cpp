@@ -1,22 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Whole runs through both windows against known figures, texts and files.
 #include "drivers/RunDriver.h"
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QLabel>
-#include <QLineEdit>
-#include <QLocale>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <cmath>
 #include <functional>

@@ -10,10 +10,6 @@
 
 #include <QAudioDeviceInfo>
 #include <QAudioOutput>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTimer>
 
 namespace {
 

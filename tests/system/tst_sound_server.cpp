@@ -7,7 +7,6 @@
 
 #include <QAudioDeviceInfo>
 #include <QAudioOutput>
-#include <QBuffer>
 
 #include <limits>
 #include <random>

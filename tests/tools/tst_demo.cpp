@@ -7,11 +7,7 @@
 #include "soundlab/SoundServer.h"
 #include "support/QuietTest.h"
 
-#include <QDir>
-#include <QFile>
 #include <QImage>
-#include <QRegularExpression>
-#include <QTemporaryDir>
 
 namespace {
 

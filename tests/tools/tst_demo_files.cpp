@@ -4,9 +4,6 @@
 #include "demo/WavFile.h"
 #include "support/QuietTest.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
 namespace {
 
 const QVector<DemoTrial> trials {{"50.0000", 3, 3}, {"39.7164", 2, 3}, {"62.9463", 2, 2}};

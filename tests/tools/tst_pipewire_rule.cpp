@@ -2,8 +2,6 @@
 // The packaged setting for PipeWire, beside PipeWire as it comes.
 #include "support/QuietTest.h"
 
-#include <QProcess>
-
 class TestPipeWireRule : public QuietTest {
     Q_OBJECT
 

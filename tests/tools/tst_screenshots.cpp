@@ -2,11 +2,7 @@
 // The pictures of the guide: the same every time, and of the right moments.
 #include "support/QuietTest.h"
 
-#include <QDir>
-#include <QFile>
 #include <QImage>
-#include <QProcess>
-#include <QTemporaryDir>
 
 namespace {
 

@@ -2,13 +2,6 @@
 // What a companion's output file may replace, and what is left after a failure.
 #include "output/OutputFile.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <cstring>
 #include <fcntl.h>

@@ -2,9 +2,6 @@
 // Ticks, positions and ranges of axes.
 #include "plots/Axis.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <cmath>
 #include <limits>

@@ -2,9 +2,6 @@
 // Images with few colours stay as they are, and with many they stay as near as a palette can be.
 #include "plots/Palette.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 class TestPalette : public QuietTest {
     Q_OBJECT

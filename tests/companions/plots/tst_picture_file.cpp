@@ -2,14 +2,9 @@
 // Pictures as PNG, SVG and PDF files, and which files they may replace.
 #include "plots/PictureFile.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 
-#include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QPainter>
-#include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 

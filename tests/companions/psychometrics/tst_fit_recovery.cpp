@@ -4,9 +4,6 @@
 #include "psychometrics/PsychometricFit.h"
 #include "statistics/Spread.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <cmath>
 #include <map>

@@ -2,9 +2,6 @@
 // Fits against figures from R and against those that can be written down.
 #include "psychometrics/PsychometricFit.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <cmath>
 #include <limits>

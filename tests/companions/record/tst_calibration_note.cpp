@@ -5,13 +5,6 @@
 #include "record/SoundLevels.h"
 #include "session/Data.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QFile>
-#include <QJsonDocument>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <cmath>
 

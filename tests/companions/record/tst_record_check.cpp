@@ -7,7 +7,6 @@
 #include "record/RecordCheck.h"
 #include "record/RecordReader.h"
 #include "record/RecordWriter.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 using namespace quorin;

@@ -3,7 +3,6 @@
 #include "record/RecordReader.h"
 #include "record/RecordWriter.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 
 #include <cmath>
 #include <limits>

@@ -10,7 +10,6 @@
 #include "report/RunCsv.h"
 #include "report/RunFlags.h"
 #include "report/TrialsCsv.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 using namespace quorin;

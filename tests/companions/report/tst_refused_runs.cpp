@@ -3,9 +3,6 @@
 #include "ReadRun.h"
 #include "SimulatedRun.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 namespace {
 

@@ -4,12 +4,9 @@
 #include "report/FitPicture.h"
 #include "report/FitTable.h"
 #include "report/ReportOptions.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 #include <QImage>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <cmath>
 

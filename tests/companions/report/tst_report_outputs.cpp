@@ -6,9 +6,6 @@
 #include "report/RunTable.h"
 #include "report/TrialsCsv.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 using namespace quorin;
 

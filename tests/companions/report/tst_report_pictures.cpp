@@ -6,12 +6,8 @@
 #include "report/RunPicture.h"
 #include "report/SubjectPicture.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 
 #include <QGuiApplication>
-#include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <cmath>
 #include <limits>

@@ -4,9 +4,6 @@
 #include "report/RunCsv.h"
 #include "report/RunTable.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 using namespace quorin;
 

@@ -6,10 +6,6 @@
 #include "report/Run.h"
 #include "statistics/Spread.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <cmath>
 

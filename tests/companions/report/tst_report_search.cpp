@@ -3,11 +3,6 @@
 #include "SimulatedRun.h"
 #include "report/ResultsSearch.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QDir>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <filesystem>
 #include <fstream>

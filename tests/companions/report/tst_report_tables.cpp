@@ -9,9 +9,6 @@
 #include "report/Texts.h"
 #include "report/TrialsCsv.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <cmath>
 

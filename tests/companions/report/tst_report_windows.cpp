@@ -4,19 +4,8 @@
 #include "drivers/RunDriver.h"
 #include "report/Run.h"
 #include "report/Texts.h"
-#include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-#include "support/WindowWidgets.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <functional>
 

@@ -2,7 +2,6 @@
 // Results files made of records of runs that were cut short.
 #include "RecordedFolder.h"
 #include "record/RecordReader.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
 using namespace quorin;

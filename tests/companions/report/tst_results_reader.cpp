@@ -4,9 +4,6 @@
 #include "procedure/Records.h"
 #include "report/ResultsReader.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <cmath>
 #include <limits>

@@ -2,9 +2,6 @@
 // The flags of runs, on both sides of each limit.
 #include "report/RunFlags.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 using namespace quorin;
 

@@ -3,9 +3,6 @@
 #include "companions/simulate/Simulations.h"
 #include "simulate/Detection.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <cmath>
 #include <gsl/gsl_cdf.h>

@@ -2,9 +2,6 @@
 // Options that quorin-simulate refuses, each with what it says.
 #include "StartedSimulation.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 namespace {
 

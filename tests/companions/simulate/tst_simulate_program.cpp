@@ -2,14 +2,8 @@
 // quorin-simulate as a user starts it: output, files and exit status.
 #include "StartedSimulation.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QImage>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 

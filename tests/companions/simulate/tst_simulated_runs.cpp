@@ -3,10 +3,7 @@
 #include "companions/simulate/Simulations.h"
 #include "procedure/SilentRun.h"
 #include "simulate/RunStatistics.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-
-#include <QTest>
 
 #include <cmath>
 

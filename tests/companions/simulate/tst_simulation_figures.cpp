@@ -5,10 +5,6 @@
 #include "simulate/SimulationReport.h"
 #include "simulate/SimulationTables.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
-#include <QTextStream>
 
 #include <cmath>
 

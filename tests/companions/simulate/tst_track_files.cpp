@@ -4,10 +4,7 @@
 #include "procedure/SavedRun.h"
 #include "session/OutputFileName.h"
 #include "simulate/TrackFiles.h"
-#include "support/TestProgram.h"
 #include "support/WindowTest.h"
-
-#include <QTest>
 
 #include <cmath>
 

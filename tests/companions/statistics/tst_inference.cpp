@@ -2,9 +2,6 @@
 // Estimates and tests against figures of R 4.2.2. What R was asked stands beside each.
 #include "statistics/Inference.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <cmath>
 

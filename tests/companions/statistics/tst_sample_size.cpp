@@ -2,9 +2,6 @@
 // Sizes of studies against R's power of t tests.
 #include "statistics/SampleSize.h"
 #include "support/QuietTest.h"
-#include "support/TestProgram.h"
-
-#include <QTest>
 
 #include <cmath>
 #include <gsl/gsl_cdf.h>
