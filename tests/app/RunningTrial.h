@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "drivers/RunDriver.h"
-#include "support/MainWindowProbe.h"
+#include "support/DrivenRun.h"
 
 #include <QAudioOutput>
 #include <QBuffer>
@@ -36,20 +35,11 @@ inline QAudioOutput* addSoundAside(MainWindow& window, int interval = 0)
 }
 
 /// A window in a run whose trial has come to the given sound, which still plays.
-class RunningTrial {
-public:
+struct RunningTrial : DrivenRun {
     explicit RunningTrial(int nSounds)
-        : driver(window)
     {
-        driver.open();
-        driver.beReady();
-        for (int i = 1; i < nSounds; ++i) {
-            driver.startSound();
-            driver.endSound();
-        }
+        driver.begin();
+        driver.playSounds(nSounds - 1);
         driver.startSound();
     }
-
-    MainWindow window;
-    RunDriver driver;
 };

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Sounds that still play when the next one starts, on a real sound server.
-#include "drivers/RunDriver.h"
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
-#include "support/MainWindowProbe.h"
+#include "support/DrivenRun.h"
 #include "support/QuietTest.h"
 #include "support/WindowWidgets.h"
 
@@ -15,28 +14,23 @@ constexpr int soundTimeoutMs = 30000;
 
 const QList<QVariantList> endOfTrial = {{-1}};
 
-void typeDuration(const MainWindow& window, const QString& ms)
-{
-    type(window, "lineEditStdDuration", ms);
-    type(window, "lineEditDevDuration", ms);
-}
-
 // The timer paces the trials of this run.
 void openPacedRun(MainWindow& window, const QString& soundMs, const QString& silenceMs)
 {
-    typeDuration(window, soundMs);
+    typeDurations(window, soundMs);
     type(window, "lineEditSilentInterval", silenceMs);
     window.on_pushButtonView_clicked();
     window.on_pushButtonGo_clicked();
 }
 
 // A run whose sounds take a tenth of a second each.
-void openBriefRun(const MainWindow& window, RunDriver& driver)
-{
-    typeDuration(window, "100.00");
-    driver.open();
-    driver.beReady();
-}
+struct BriefRun : DrivenRun {
+    BriefRun()
+    {
+        typeDurations(window, "100.00");
+        driver.begin();
+    }
+};
 
 } // namespace
 
@@ -54,69 +48,61 @@ private slots:
 
     void end_isReportedByTheOutput_andReleasesIt()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        openBriefRun(window, driver);
-        driver.startSound();
-        const QPointer<QAudioOutput> output(Probe::audioOutput(window));
-        QCOMPARE(output->format(), Probe::audioFormat(window));
-        QTRY_VERIFY_WITH_TIMEOUT(Probe::audioOutput(window) == nullptr, soundTimeoutMs);
-        QVERIFY(Probe::audioBytes(window) == nullptr);
-        QVERIFY(Probe::audioBuffer(window) == nullptr);
+        BriefRun run;
+        run.driver.startSound();
+        const QPointer<QAudioOutput> output(Probe::audioOutput(run.window));
+        QCOMPARE(output->format(), Probe::audioFormat(run.window));
+        QTRY_VERIFY_WITH_TIMEOUT(Probe::audioOutput(run.window) == nullptr, soundTimeoutMs);
+        QVERIFY(Probe::audioBytes(run.window) == nullptr);
+        QVERIFY(Probe::audioBuffer(run.window) == nullptr);
         QTRY_VERIFY(output.isNull());
-        QVERIFY(Probe::timerPlay(window)->isActive());
+        QVERIFY(Probe::timerPlay(run.window)->isActive());
     }
 
     void stop_isNotLogged_whenItIsNoError()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        openBriefRun(window, driver);
-        driver.startSound();
-        QAudioOutput* const output = Probe::audioOutput(window);
+        BriefRun run;
+        run.driver.startSound();
+        QAudioOutput* const output = Probe::audioOutput(run.window);
         QSignalSpy changes(output, SIGNAL(stateChanged(QAudio::State)));
         output->stop();
         QCOMPARE(changes.count(), 1);
         QCOMPARE(output->state(), QAudio::StoppedState);
         QCOMPARE(output->error(), QAudio::NoError);
         QVERIFY(!messages().contains("Audio stopped unexpectedly"));
-        QCOMPARE(Probe::audioOutput(window), output);
+        QCOMPARE(Probe::audioOutput(run.window), output);
     }
 
     void soundThatStillPlays_isPutAside_andFreesItself()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        openBriefRun(window, driver);
-        driver.startSound();
-        const QPointer<QAudioOutput> first(Probe::audioOutput(window));
-        const QPointer<QBuffer> firstBuffer(Probe::audioBuffer(window));
-        driver.startSound();
-        QVERIFY(Probe::audioOutput(window) != first);
-        QCOMPARE(Probe::soundsAside(window).size(), 1);
+        BriefRun run;
+        run.driver.startSound();
+        const QPointer<QAudioOutput> first(Probe::audioOutput(run.window));
+        const QPointer<QBuffer> firstBuffer(Probe::audioBuffer(run.window));
+        run.driver.startSound();
+        QVERIFY(Probe::audioOutput(run.window) != first);
+        QCOMPARE(Probe::soundsAside(run.window).size(), 1);
         QVERIFY(firstBuffer->isOpen());
         QCOMPARE(first->state(), QAudio::ActiveState);
         QTRY_VERIFY_WITH_TIMEOUT(first.isNull(), soundTimeoutMs);
         QVERIFY(firstBuffer.isNull());
-        QVERIFY(Probe::soundsAside(window).isEmpty());
+        QVERIFY(Probe::soundsAside(run.window).isEmpty());
     }
 
     void trial_endsOnce_whenItsSoundsOverlap()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        openBriefRun(window, driver);
-        for (int i = 0; i < 4; ++i) {
-            driver.startSound();
-        }
-        QCOMPARE(Probe::soundsAside(window).size(), 3);
-        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
+        BriefRun run;
+        for (int i = 0; i < 4; ++i)
+            run.driver.startSound();
+        QCOMPARE(Probe::soundsAside(run.window).size(), 3);
+        QSignalSpy told(&run.window, SIGNAL(soundPlaying(int)));
         QTRY_VERIFY_WITH_TIMEOUT(!told.isEmpty(), soundTimeoutMs);
-        QVERIFY(!Probe::timerPlay(window)->isActive());
-        QVERIFY(Probe::timerReaction(window)->isValid());
-        QTRY_VERIFY_WITH_TIMEOUT(window.findChildren<QAudioOutput*>().isEmpty(), soundTimeoutMs);
+        QVERIFY(!Probe::timerPlay(run.window)->isActive());
+        QVERIFY(Probe::timerReaction(run.window)->isValid());
+        QTRY_VERIFY_WITH_TIMEOUT(
+            run.window.findChildren<QAudioOutput*>().isEmpty(), soundTimeoutMs);
         QCOMPARE(told, endOfTrial);
-        QCOMPARE(Probe::nReactionTimerStarts(window), 1);
+        QCOMPARE(Probe::nReactionTimerStarts(run.window), 1);
     }
 
     void trial_ends_withoutASilentInterval()
@@ -150,30 +136,28 @@ private slots:
 
     void sounds_areKept_upToALimit()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        openBriefRun(window, driver);
+        BriefRun run;
         for (int tick = 0; tick < 12; ++tick) {
-            Probe::soundIndex(window) = 0;
-            driver.startSound();
+            Probe::soundIndex(run.window) = 0;
+            run.driver.startSound();
         }
-        QCOMPARE(Probe::soundsAside(window).size(), 8);
-        QCOMPARE(window.findChildren<QAudioOutput*>().size(), 9);
-        QTRY_VERIFY_WITH_TIMEOUT(window.findChildren<QAudioOutput*>().isEmpty(), soundTimeoutMs);
+        QCOMPARE(Probe::soundsAside(run.window).size(), 8);
+        QCOMPARE(run.window.findChildren<QAudioOutput*>().size(), 9);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            run.window.findChildren<QAudioOutput*>().isEmpty(), soundTimeoutMs);
     }
 
     void emptySound_isReleasedByTheNextOne()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
-        Probe::data(window).nSamples = {0, 0};
+        DrivenRun run;
+        run.driver.open();
+        run.data.nSamples = {0, 0};
         for (int tick = 0; tick < 300; ++tick) {
-            Probe::soundIndex(window) = tick % 4;
-            driver.startSound();
-            QVERIFY(Probe::soundsAside(window).isEmpty());
+            Probe::soundIndex(run.window) = tick % 4;
+            run.driver.startSound();
+            QVERIFY(Probe::soundsAside(run.window).isEmpty());
         }
-        QCOMPARE(window.findChildren<QAudioOutput*>().size(), 1);
+        QCOMPARE(run.window.findChildren<QAudioOutput*>().size(), 1);
     }
 
     void window_canGo_whileSoundsPlay()
@@ -181,13 +165,11 @@ private slots:
         QPointer<QAudioOutput> first;
         QPointer<QAudioOutput> second;
         {
-            MainWindow window;
-            RunDriver driver(window);
-            openBriefRun(window, driver);
-            driver.startSound();
-            first = Probe::audioOutput(window);
-            driver.startSound();
-            second = Probe::audioOutput(window);
+            BriefRun run;
+            run.driver.startSound();
+            first = Probe::audioOutput(run.window);
+            run.driver.startSound();
+            second = Probe::audioOutput(run.window);
         }
         QVERIFY(first.isNull());
         QVERIFY(second.isNull());

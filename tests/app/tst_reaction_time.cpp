@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The clock of the reaction time: when it starts, when it is read, and what is recorded of it.
 #include "app/ReactionClock.h"
-#include "drivers/RunDriver.h"
+#include "support/DrivenRun.h"
 #include "support/ExactVectors.h"
 #include "support/WindowTest.h"
 
@@ -46,29 +46,16 @@ private:
 };
 
 // A run in its first trial, with a clock that shows what the test wants.
-struct ClockedRun {
+struct ClockedRun : DrivenRun {
     ClockedRun()
-        : driver(window)
     {
         Probe::reactionClock(window) = std::make_unique<ShownClock>(use);
-        driver.open();
-        driver.beReady();
+        driver.begin();
         use.calls.clear();
     }
 
     ClockUse use;
-    MainWindow window;
-    RunDriver driver;
 };
-
-void playToTheFourthSound(RunDriver& driver)
-{
-    for (int i = 0; i < 3; ++i) {
-        driver.startSound();
-        driver.endSound();
-    }
-    driver.startSound();
-}
 
 // What a clock shows at a moment of its timer, in ns, that is the same before and after the look.
 struct Look {
@@ -111,7 +98,7 @@ private slots:
             run.driver.playTrial();
             run.use.shown = shown + 10LL * trial;
             run.driver.answer(2);
-            const double recorded = Probe::data(run.window).records[trial].reactionTime;
+            const double recorded = run.data.records[trial].reactionTime;
             QUORIN_COMPARE_EXACT(recorded, static_cast<double>(run.use.shown));
         }
     }
@@ -129,8 +116,7 @@ private slots:
         QCOMPARE(run.use.calls, QStringList({"start", "restart", "restart", "restart"}));
         QCOMPARE(Probe::nReactionTimerStarts(run.window), 4);
 
-        run.driver.open();
-        run.driver.beReady();
+        run.driver.begin();
         run.use.calls.clear();
         run.driver.playTrial();
         QCOMPARE(run.use.calls, QStringList({"restart"}));
@@ -163,7 +149,8 @@ private slots:
             run.driver.answer(2);
             run.use.calls.clear();
         }
-        playToTheFourthSound(run.driver);
+        run.driver.playSounds(3);
+        run.driver.startSound();
         const QPointer<QBuffer> buffer(Probe::audioBuffer(run.window));
         const QPointer<QAudioOutput> output(Probe::audioOutput(run.window));
         QVERIFY(!buffer.isNull() && !output.isNull());
@@ -176,12 +163,12 @@ private slots:
             QVERIFY(Probe::audioOutput(run.window) == nullptr);
             QVERIFY(!Probe::timerPlay(run.window)->isActive());
             QCOMPARE(told.count(), 0);
-            QVERIFY(!Probe::subjectWindow(run.window)->isEnabled());
+            QVERIFY(!run.subject().isEnabled());
         };
         run.driver.endSound();
         QCOMPARE(run.use.calls, QStringList({call}));
         QCOMPARE(told.count(), 1);
-        QVERIFY(Probe::subjectWindow(run.window)->isEnabled());
+        QVERIFY(run.subject().isEnabled());
     }
 
     // What the program does with an answer takes time of its own.
@@ -194,11 +181,11 @@ private slots:
         run.use.onCall = [&] {
             QCOMPARE(debugLines().size(), linesBefore);
             QCOMPARE(Probe::soundIndex(run.window), 4);
-            QVERIFY(Probe::data(run.window).records.isEmpty());
+            QVERIFY(run.data.records.isEmpty());
         };
         run.driver.answer(3);
         QCOMPARE(run.use.calls, QStringList({"read"}));
-        QCOMPARE(Probe::data(run.window).records.size(), 1);
+        QCOMPARE(run.data.records.size(), 1);
     }
 
     void programsClock_showsZero_whileItWasNeverStarted()
@@ -235,16 +222,13 @@ private slots:
 
     void windowsClock_isItsTimer()
     {
-        MainWindow window;
-        const ReactionClock& clock = *Probe::reactionClock(window);
-        QVERIFY(!Probe::timerReaction(window)->isValid());
+        DrivenRun run;
+        const ReactionClock& clock = *Probe::reactionClock(run.window);
+        QVERIFY(!Probe::timerReaction(run.window)->isValid());
         QCOMPARE(clock.elapsedMs(), qint64(0));
-        RunDriver driver(window);
-        driver.open();
-        driver.beReady();
-        driver.playTrial();
-        QVERIFY(Probe::timerReaction(window)->isValid());
-        const Look look = lookAt(clock, *Probe::timerReaction(window));
+        run.driver.playToTheAnswer();
+        QVERIFY(Probe::timerReaction(run.window)->isValid());
+        const Look look = lookAt(clock, *Probe::timerReaction(run.window));
         QCOMPARE(look.ms, look.ns / nsPerMs);
     }
 };

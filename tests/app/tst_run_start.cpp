@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What Go does, in its order, and how subject windows are connected.
-#include "drivers/RunDriver.h"
+#include "support/DrivenRun.h"
 #include "support/WindowTest.h"
 
 #include <QAudioFormat>
@@ -94,15 +94,14 @@ private slots:
 
     void nothingPlays_untilTheListenerIsReady()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
-        QVERIFY(!Probe::timerPlay(window)->isActive());
-        QCOMPARE(Probe::data(window).nTrials, 0);
-        QVERIFY(Probe::audioOutput(window) == nullptr);
-        driver.beReady();
-        QVERIFY(Probe::timerPlay(window)->isActive());
-        QCOMPARE(Probe::data(window).nTrials, 1);
+        DrivenRun run;
+        run.driver.open();
+        QVERIFY(!Probe::timerPlay(run.window)->isActive());
+        QCOMPARE(run.data.nTrials, 0);
+        QVERIFY(Probe::audioOutput(run.window) == nullptr);
+        run.driver.beReady();
+        QVERIFY(Probe::timerPlay(run.window)->isActive());
+        QCOMPARE(run.data.nTrials, 1);
     }
 
     void subjectWindow_isConnectedOnce()
@@ -124,47 +123,45 @@ private slots:
 
     void earlierSubjectWindow_staysAndListens_butIsNeverShown()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        const QPointer<SubjectWindow> earlier(&driver.open());
+        DrivenRun run;
+        const QPointer<SubjectWindow> earlier(&run.driver.open());
         earlier->hide();
         emit earlier->subjectWindowClosed();
-        SubjectWindow& current = driver.open();
+        SubjectWindow& current = run.driver.open();
         QVERIFY(!earlier.isNull());
         QVERIFY(earlier != &current);
 
-        driver.beReady();
-        driver.startSound();
+        run.driver.beReady();
+        run.driver.startSound();
         const QString lit = buttonOf(current, "pushButtonChoice1")->styleSheet();
         QVERIFY(lit.contains("rgb(0, 255, 0)"));
         QCOMPARE(buttonOf(*earlier, "pushButtonChoice1")->styleSheet(), lit);
         QVERIFY(!earlier->isEnabled());
-        emit window.doneDataCollection(0.5, 2.0, 1, 1000.0);
+        emit run.window.doneDataCollection(0.5, 2.0, 1, 1000.0);
         QCOMPARE(labelOf(*earlier, "labelThreshold")->text(),
             labelOf(current, "labelThreshold")->text());
         QVERIFY(!earlier->isVisible());
         QVERIFY(current.isVisible());
-        QCOMPARE(window.findChildren<SubjectWindow*>().size(), 2);
+        QCOMPARE(run.window.findChildren<SubjectWindow*>().size(), 2);
     }
 
     // A listener whose lights and buttons came after those of all earlier windows would be slower
     // in every run.
     void currentListener_isToldFirst()
     {
-        MainWindow window;
-        RunDriver driver(window);
+        DrivenRun run;
         QVector<SubjectWindow*> listeners;
-        for (int run = 0; run < 4; ++run) {
-            listeners.append(&driver.open());
+        for (int i = 0; i < 4; ++i) {
+            listeners.append(&run.driver.open());
             emit listeners.last()->subjectWindowClosed();
         }
-        emit window.soundPlaying(-1);
+        emit run.window.soundPlaying(-1);
         QVector<QObject*> told;
         for (SubjectWindow* listener : listeners) {
             listener->installEventFilter(this);
         }
         m_told = &told;
-        emit window.soundPlaying(1);
+        emit run.window.soundPlaying(1);
         m_told = nullptr;
         QCOMPARE(told.size(), 4);
         QCOMPARE(told.value(0), listeners.last());
@@ -172,32 +169,29 @@ private slots:
 
     void abandonedTrial_doesNotRunIntoTheNewRun()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        SubjectWindow& abandoned = driver.open();
-        driver.beReady();
-        driver.startSound();
-        driver.endSound();
-        driver.startSound();
+        DrivenRun run;
+        SubjectWindow& abandoned = run.driver.begin();
+        run.driver.startSound();
+        run.driver.endSound();
+        run.driver.startSound();
         emit abandoned.subjectWindowClosed();
-        QVERIFY(Probe::timerPlay(window)->isActive());
-        QCOMPARE(Probe::soundIndex(window), 2);
+        QVERIFY(Probe::timerPlay(run.window)->isActive());
+        QCOMPARE(Probe::soundIndex(run.window), 2);
 
-        driver.open();
-        QVERIFY(!Probe::timerPlay(window)->isActive());
-        QCOMPARE(Probe::soundIndex(window), 0);
-        QSignalSpy states(&window, SIGNAL(soundPlaying(int)));
-        driver.endSound();
+        run.driver.open();
+        QVERIFY(!Probe::timerPlay(run.window)->isActive());
+        QCOMPARE(Probe::soundIndex(run.window), 0);
+        QSignalSpy states(&run.window, SIGNAL(soundPlaying(int)));
+        run.driver.endSound();
         QCOMPARE(states.count(), 0);
-        driver.beReady();
-        driver.playTrial();
+        run.driver.beReady();
+        run.driver.playTrial();
         QCOMPARE(states.count(), 5);
     }
 
     void playbackRate_followsThePanel_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("rate");
+        addColumns<QString, int>("text", "rate");
         QTest::newRow("default") << "40000" << 40000;
         QTest::newRow("lower") << "22050" << 22050;
         QTest::newRow("higher") << "48000" << 48000;

@@ -9,8 +9,7 @@ class TestSoundAside : public WindowTest {
 private slots:
     void soundAside_freesItself_andLeavesTheTrialAlone_data()
     {
-        QTest::addColumn<int>("state");
-        QTest::addColumn<bool>("isFreed");
+        addColumns<int, bool>("state", "isFreed");
         QTest::newRow("idle") << int(QAudio::IdleState) << true;
         QTest::newRow("stopped") << int(QAudio::StoppedState) << true;
         QTest::newRow("active") << int(QAudio::ActiveState) << false;

@@ -223,9 +223,7 @@ private slots:
         buttonOf(window, "pushButtonIAmReady")->click();
         for (const int state : {0, 1, 2, 3, 4, -1, 1}) {
             window.updateSubjectWindow(state);
-            for (const QPushButton* button :
-                {buttonOf(window, "pushButtonChoice1"), buttonOf(window, "pushButtonChoice2"),
-                    buttonOf(window, "pushButtonChoice3"), buttonOf(window, "pushButtonChoice4")}) {
+            for (const QPushButton* button : choiceButtons(window)) {
                 const double found = contrast(window, textPlace(window, button));
                 QVERIFY2(found >= readable,
                     qPrintable(QString("%1 in state %2").arg(button->text()).arg(state)));

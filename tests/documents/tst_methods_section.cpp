@@ -121,8 +121,7 @@ private slots:
     void frequency_startsSo()
     {
         MainWindow window;
-        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
-        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(carrierFrequencyParameter);
+        choose(window, sinusoidCarrier, carrierFrequencyParameter);
         const Data& data = Probe::data(window);
         QCOMPARE(data.md, QVector<double>({0.0, 0.0}));
         QVERIFY(data.cf[deviant] < data.cf[standard]);

@@ -2,7 +2,6 @@
 // What the user guide states of the program is what the program does: its levels, its formulas and
 // its recipes.
 #include "documents/Guide.h"
-#include "drivers/RunDriver.h"
 #include "procedure/SavedRun.h"
 #include "session/Counts.h"
 #include "session/PanelNumbers.h"
@@ -10,6 +9,7 @@
 #include "signal/Stimulus.h"
 #include "simulate/RunStatistics.h"
 #include "subject/ResultText.h"
+#include "support/DrivenRun.h"
 #include "support/WindowTest.h"
 
 #include <cmath>
@@ -72,12 +72,6 @@ double spreadOfLevelFactor(double seconds)
         factors.push_back(standardSound.constFirst() / before);
     }
     return Distribution(factors).standardDeviation();
-}
-
-void chooseToneFrequency(MainWindow& window)
-{
-    comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
-    comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(carrierFrequencyParameter);
 }
 
 } // namespace
@@ -166,7 +160,7 @@ private slots:
     void bothSounds_areHannShaped_whenTheRecipeIsFollowed()
     {
         MainWindow window;
-        chooseToneFrequency(window);
+        choose(window, sinusoidCarrier, carrierFrequencyParameter);
         checkBoxOf(window, "checkBoxResetMdFd")->setChecked(false);
         for (const char* column : {"lineEditStd", "lineEditDev"}) {
             type(window, QString(column) + "ModFreq", "1.6667");
@@ -194,7 +188,7 @@ private slots:
             "With the carrier field left at 950 the first trial plays a difference of 50 Hz, "
             "while trend and file say 20.");
         MainWindow window;
-        chooseToneFrequency(window);
+        choose(window, sinusoidCarrier, carrierFrequencyParameter);
         checkBoxOf(window, "checkBoxResetMdFd")->setChecked(false);
         type(window, "lineEditDevFreqDiff", "20");
         buttonOf(window, "pushButtonView")->click();
@@ -207,7 +201,7 @@ private slots:
         GUIDE_SAYS("is 5 % of the carrier read last, not of the one just typed");
         MainWindow window;
         type(window, "lineEditStdCarrierFreq", "2000");
-        chooseToneFrequency(window);
+        choose(window, sinusoidCarrier, carrierFrequencyParameter);
         QCOMPARE(textOf(window, "lineEditDevFreqDiff"), QString("50.0000"));
         buttonOf(window, "pushButtonView")->click();
         QCOMPARE(textOf(window, "lineEditDevFreqDiff"), QString("100.0000"));
@@ -236,8 +230,7 @@ private slots:
 
     void run_doesNotBegin_whenNoReversalIsAskedFor_data()
     {
-        QTest::addColumn<QString>("reversals");
-        QTest::addColumn<bool>("begins");
+        addColumns<QString, bool>("reversals", "begins");
         for (const char* const reversals : {"0", "-1", "14.0", ""})
             QTest::newRow(reversals) << QString(reversals) << false;
         QTest::newRow("1") << QString("1") << true;
@@ -247,28 +240,24 @@ private slots:
     {
         GUIDE_SAYS("The number of reversals is 0 or negative, or its field does not hold a whole");
         QFETCH(QString, reversals);
-        MainWindow window;
-        type(window, "lineEditNReversals", reversals);
-        RunDriver driver(window);
-        driver.open();
-        driver.beReady();
-        QTEST(Probe::timerPlay(window)->isActive(), "begins");
+        DrivenRun run;
+        type(run.window, "lineEditNReversals", reversals);
+        run.driver.begin();
+        QTEST(Probe::timerPlay(run.window)->isActive(), "begins");
     }
 
     void depth_staysZero_whenTheDeviantStartedThere()
     {
         GUIDE_SAYS(R"(The deviant started at 0 with "Reset md/fd" off: 0 stays 0)");
-        MainWindow window;
-        checkBoxOf(window, "checkBoxResetMdFd")->setChecked(false);
-        type(window, "lineEditDevModDepth", "0");
-        RunDriver driver(window);
-        driver.open();
-        driver.beReady();
+        DrivenRun run;
+        checkBoxOf(run.window, "checkBoxResetMdFd")->setChecked(false);
+        type(run.window, "lineEditDevModDepth", "0");
+        run.driver.begin();
         for (const bool isRight : {true, false, false}) {
-            QCOMPARE(Probe::data(window).md[deviant], 0.0);
-            driver.answerUnheard(isRight);
+            QCOMPARE(run.data.md[deviant], 0.0);
+            run.driver.answerUnheard(isRight);
         }
-        QCOMPARE(Probe::data(window).md[deviant], 0.0);
+        QCOMPARE(run.data.md[deviant], 0.0);
     }
 
     void saveDialog_opensElsewhere_whenTheFolderIsMissing()

@@ -26,6 +26,13 @@ void RunDriver::beReady()
     buttonOf(*Probe::subjectWindow(m_window), "pushButtonIAmReady")->click();
 }
 
+SubjectWindow& RunDriver::begin()
+{
+    SubjectWindow& subject = open();
+    beReady();
+    return subject;
+}
+
 void RunDriver::startSound()
 {
     m_window.playOneSound();
@@ -36,12 +43,23 @@ void RunDriver::endSound()
     m_window.handleStateChanged(QAudio::IdleState);
 }
 
-void RunDriver::playTrial()
+void RunDriver::playSounds(int count)
 {
-    for (int i = 0; i < Probe::nSoundsPerTrial(m_window); ++i) {
+    for (int i = 0; i < count; ++i) {
         startSound();
         endSound();
     }
+}
+
+void RunDriver::playTrial()
+{
+    playSounds(Probe::nSoundsPerTrial(m_window));
+}
+
+void RunDriver::playToTheAnswer()
+{
+    begin();
+    playTrial();
 }
 
 void RunDriver::answer(int position)

@@ -16,12 +16,19 @@ public:
     SubjectWindow& open();
     /// Presses "I am ready": the first trial begins.
     void beReady();
+    /// Presses View, Go and "I am ready".
+    /// @return the subject window of the new run
+    SubjectWindow& begin();
     /// What a tick of the pacing timer does.
     void startSound();
     /// What the sound's output does when all of it was played.
     void endSound();
+    /// Starts and ends so many sounds.
+    void playSounds(int count);
     /// Starts and ends the four sounds of a trial.
     void playTrial();
+    /// Begins a run and plays its first trial, which then waits for the answer.
+    void playToTheAnswer();
     /// Presses "2" or "3".
     void answer(int position);
     /// Presses the button of the deviant's position when right, the other one when not.

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QQueue>
 #include <QStringList>
+#include <QTest>
 #include <QTimer>
 #include <QVector>
 
@@ -85,3 +86,22 @@ private:
     QVector<Message> m_messages;
     QVector<FileChoice> m_fileChoices;
 };
+
+/// Fails the test unless a box is an advisory one with this title, text and parent.
+inline void verifyWarning(const ModalBoxes::Message& message, const QString& text,
+    const QWidget* parent = nullptr, const QString& title = "Warning")
+{
+    QCOMPARE(message.title, title);
+    QCOMPARE(message.text, text);
+    QCOMPARE(message.icon, QMessageBox::Warning);
+    QCOMPARE(message.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+    QCOMPARE(message.parent, parent);
+}
+
+/// Fails the test unless exactly one box was shown, such a one.
+inline void verifyOneWarning(
+    const ModalBoxes& boxes, const QString& text, const QWidget* parent = nullptr)
+{
+    QCOMPARE(boxes.messages().size(), 1);
+    verifyWarning(boxes.messages().constFirst(), text, parent);
+}

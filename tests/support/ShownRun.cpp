@@ -2,20 +2,19 @@
 // A run whose subject window is on the screen and has the keyboard.
 #include "support/ShownRun.h"
 
-#include "support/MainWindowProbe.h"
-
 #include <QApplication>
 #include <QTest>
 
 ShownRun::ShownRun()
-    : driver(window)
-    , subject(driver.open())
 {
-    QApplication::setActiveWindow(&subject);
-    isShown = QTest::qWaitForWindowActive(&subject);
+    driver.open();
+    QApplication::setActiveWindow(&subject());
+    isShown = QTest::qWaitForWindowActive(&subject());
 }
 
-const QVector<Record>& ShownRun::records()
+bool ShownRun::awaitsAnswer()
 {
-    return MainWindowProbe::data(window).records;
+    driver.beReady();
+    driver.playTrial();
+    return isShown;
 }

@@ -1,22 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/MainWindow.h"
-#include "drivers/RunDriver.h"
-#include "session/Record.h"
-#include "subject/SubjectWindow.h"
+#include "support/DrivenRun.h"
 
 /// A run whose subject window is open, on the screen and has the keyboard, so that the window
 /// system decides who gets mouse and keys.
-class ShownRun {
-public:
+struct ShownRun : DrivenRun {
     ShownRun();
 
+    /// Presses "I am ready" and plays the first trial.
+    /// @return isShown
+    bool awaitsAnswer();
     /// The trials answered so far.
-    const QVector<Record>& records();
+    const QVector<Record>& records() { return data.records; }
 
-    MainWindow window;
-    RunDriver driver;
-    SubjectWindow& subject;
     bool isShown;
 };

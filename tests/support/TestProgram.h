@@ -5,6 +5,19 @@
 #include <QApplication>
 #include <QtTest>
 
+/// Names the columns of a test's table: addColumns<int, QString>("value", "text").
+template <typename... Types, typename... Names> void addColumns(Names... names)
+{
+    static_assert(sizeof...(Types) == sizeof...(Names), "a column has a type and a name");
+    (QTest::addColumn<Types>(names), ...);
+}
+
+/// A row of such a table.
+template <typename... Values> void addRow(const char* name, const Values&... values)
+{
+    (QTest::newRow(name) << ... << values);
+}
+
 /// A test class that its program runs by name: `tst_signal fft_tables` runs the one in
 /// tst_fft_tables.cpp. Arguments after the name go to QtTest.
 class RegisteredTest {

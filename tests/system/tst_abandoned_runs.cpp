@@ -23,12 +23,6 @@ SubjectWindow& subjectOf(const Scene& scene)
     return *Probe::subjectWindow(*scene.window);
 }
 
-void closeByTitleBar(QWidget& window)
-{
-    QCloseEvent event;
-    QCoreApplication::sendEvent(window.windowHandle(), &event);
-}
-
 // The pacing timer goes on after the window was closed.
 void letTheTrialEnd(MainWindow& window)
 {
@@ -132,8 +126,7 @@ private slots:
 
     void nextRuns_areUntouched_data()
     {
-        QTest::addColumn<int>("phase");
-        QTest::addColumn<int>("action");
+        addColumns<int, int>("phase", "action");
         for (int phase = 0; phase < phasesOfARun().size(); ++phase) {
             for (int action = 0; action < static_cast<int>(std::size(actions)); ++action) {
                 QTest::addRow("%s: %s", phasesOfARun()[phase].name, actions[action].name)

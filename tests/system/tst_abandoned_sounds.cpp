@@ -50,8 +50,7 @@ private slots:
 
     void nextRun_isUntouched_data()
     {
-        QTest::addColumn<int>("phase");
-        QTest::addColumn<int>("way");
+        addColumns<int, int>("phase", "way");
         for (int phase = 0; phase < phasesOfARun().size(); ++phase) {
             for (const NamedWay& way : ways) {
                 if (phasesOfARun()[phase].isSounding) {
@@ -69,8 +68,7 @@ private slots:
         ModalBoxes boxes;
         m_window = std::make_unique<MainWindow>();
         PhasedRun run(*m_window, boxes, PhasedRun::noiseAndDepth);
-        type(*m_window, "lineEditStdDuration", "1000");
-        type(*m_window, "lineEditDevDuration", "1000");
+        typeDurations(*m_window, "1000");
         run.playTo(phasesOfARun()[phase]);
         const QPointer<QAudioOutput> sound(Probe::audioOutput(*m_window));
         QCOMPARE(sound->state(), QAudio::ActiveState);
@@ -99,8 +97,7 @@ private slots:
         tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
         ModalBoxes boxes;
         MainWindow window;
-        type(window, "lineEditStdDuration", "10");
-        type(window, "lineEditDevDuration", "10");
+        typeDurations(window, "10");
         type(window, "lineEditSamplingRate", "1000000");
         QCOMPARE(pileAfterRuns(window, boxes, nRuns), QString());
         QCOMPARE(messages().count(notSupported), 1); // for this rate, not for the next one

@@ -30,8 +30,7 @@ private slots:
         window.show();
         QCOMPARE(QAudioDeviceInfo::defaultOutputDevice().realm(), QString("alsa"));
         QCOMPARE(QAudioDeviceInfo::defaultOutputDevice().deviceName(), QString("default"));
-        type(window, "lineEditStdDuration", "20");
-        type(window, "lineEditDevDuration", "20");
+        typeDurations(window, "20");
         type(window, "lineEditSilentInterval", "20");
         type(window, "lineEditNReversals", "2");
         type(window, "lineEditNReversalsToCalc", "2");

@@ -43,8 +43,8 @@ QVector<int> answers(const QVector<Record>& records)
 
 void endTheRun(ShownRun& run)
 {
-    Probe::data(run.window).reversalCount = Probe::data(run.window).nReversals;
-    click(run.subject, Qt::Key_2);
+    run.data.reversalCount = run.data.nReversals;
+    click(run.subject(), Qt::Key_2);
 }
 
 } // namespace
@@ -55,9 +55,7 @@ class TestAnswerKeys : public WindowTest {
 private slots:
     void digit_isTheAnswer_inTheAnswerPhase_data()
     {
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-        QTest::addColumn<int>("answer");
+        addColumns<Qt::Key, Qt::KeyboardModifiers, int>("key", "modifiers", "answer");
         const auto row = [](const char* name, Qt::Key key, Qt::KeyboardModifiers modifiers) {
             QTest::newRow(name) << key << modifiers << (key == Qt::Key_2 ? 2 : 3);
         };
@@ -81,17 +79,15 @@ private slots:
         QFETCH(Qt::KeyboardModifiers, modifiers);
         QFETCH(int, answer);
         ShownRun run;
-        QVERIFY(run.isShown);
-        run.driver.beReady();
-        run.driver.playTrial();
+        QVERIFY(run.awaitsAnswer());
         QKeyEvent press(QEvent::KeyPress, key, modifiers, QString(QChar(key)));
-        QCoreApplication::sendEvent(run.subject.windowHandle(), &press);
+        QCoreApplication::sendEvent(run.subject().windowHandle(), &press);
         QCOMPARE(answers(run.records()), QVector<int>({answer}));
-        QVERIFY(!run.subject.isEnabled());
+        QVERIFY(!run.subject().isEnabled());
 
-        clickAllThatAnswer(run.subject);
+        clickAllThatAnswer(run.subject());
         QCOMPARE(run.records().size(), 1);
-        QCOMPARE(Probe::data(run.window).nTrials, 2);
+        QCOMPARE(run.data.nTrials, 2);
     }
 
     void digits_areTheAnswers_ofAWholeRun()
@@ -99,16 +95,16 @@ private slots:
         const QVector<int> wanted({2, 3, 3, 2, 2, 2, 3});
         ShownRun run;
         QVERIFY(run.isShown);
-        click(run.subject, Qt::Key_Return);
+        click(run.subject(), Qt::Key_Return);
         for (int trial = 0; trial < wanted.size(); ++trial) {
             for (int sound = 0; sound < 4; ++sound) {
-                clickAllThatAnswer(run.subject);
+                clickAllThatAnswer(run.subject());
                 run.driver.startSound();
-                clickAllThatAnswer(run.subject);
+                clickAllThatAnswer(run.subject());
                 run.driver.endSound();
                 QCOMPARE(run.records().size(), trial);
             }
-            click(run.subject, wanted[trial] == 2 ? Qt::Key_2 : Qt::Key_3);
+            click(run.subject(), wanted[trial] == 2 ? Qt::Key_2 : Qt::Key_3);
         }
         QCOMPARE(answers(run.records()), wanted);
         for (const Record& record : run.records()) {
@@ -120,56 +116,50 @@ private slots:
     {
         ShownRun run;
         QVERIFY(run.isShown);
-        clickAllThatAnswer(run.subject);
+        clickAllThatAnswer(run.subject());
         QVERIFY(run.records().isEmpty());
-        QCOMPARE(Probe::data(run.window).nTrials, 0);
+        QCOMPARE(run.data.nTrials, 0);
     }
 
     // An enabled button is not enough: it is hidden.
     void digit_isNoAnswer_whenTheButtonIsHidden()
     {
         ShownRun run;
-        QVERIFY(run.isShown);
-        run.driver.beReady();
-        run.driver.playTrial();
-        buttonOf(run.subject, "pushButtonChoice2")->hide();
-        click(run.subject, Qt::Key_2);
+        QVERIFY(run.awaitsAnswer());
+        buttonOf(run.subject(), "pushButtonChoice2")->hide();
+        click(run.subject(), Qt::Key_2);
         QVERIFY(run.records().isEmpty());
-        buttonOf(run.subject, "pushButtonChoice2")->show();
-        click(run.subject, Qt::Key_2);
+        buttonOf(run.subject(), "pushButtonChoice2")->show();
+        click(run.subject(), Qt::Key_2);
         QCOMPARE(run.records().size(), 1);
     }
 
     void digit_isNoAnswer_whileTheConfirmationIsOpen()
     {
         ShownRun run;
-        QVERIFY(run.isShown);
-        run.driver.beReady();
-        run.driver.playTrial();
+        QVERIFY(run.awaitsAnswer());
         ModalBoxes boxes;
         boxes.answerNext(QMessageBox::No);
         boxes.onOpen([&](QWidget* box) {
-            for (QWindow* window : {run.subject.windowHandle(), box->windowHandle()}) {
+            for (QWindow* window : {run.subject().windowHandle(), box->windowHandle()}) {
                 QTest::keyClick(window, Qt::Key_2);
                 QTest::keyClick(window, Qt::Key_3);
             }
         });
-        QVERIFY(!run.subject.close());
+        QVERIFY(!run.subject().close());
         QVERIFY(run.records().isEmpty());
-        QApplication::setActiveWindow(&run.subject);
-        click(run.subject, Qt::Key_3);
+        QApplication::setActiveWindow(&run.subject());
+        click(run.subject(), Qt::Key_3);
         QCOMPARE(answers(run.records()), QVector<int>({3}));
     }
 
     void digit_isNoAnswer_afterTheRun()
     {
         ShownRun run;
-        QVERIFY(run.isShown);
-        run.driver.beReady();
-        run.driver.playTrial();
+        QVERIFY(run.awaitsAnswer());
         endTheRun(run);
-        QVERIFY(buttonOf(run.subject, "pushButtonDone")->isVisible());
-        clickAllThatAnswer(run.subject);
+        QVERIFY(buttonOf(run.subject(), "pushButtonDone")->isVisible());
+        clickAllThatAnswer(run.subject());
         QCOMPARE(run.records().size(), 1);
     }
 
@@ -178,25 +168,24 @@ private slots:
         ShownRun run;
         QVERIFY(run.isShown);
         run.driver.beReady();
-        repeat(run.subject, Qt::Key_2);
+        repeat(run.subject(), Qt::Key_2);
         run.driver.playTrial();
-        repeat(run.subject, Qt::Key_2);
+        repeat(run.subject(), Qt::Key_2);
         QVERIFY(run.records().isEmpty());
 
-        QTest::keyPress(run.subject.windowHandle(), Qt::Key_2);
+        QTest::keyPress(run.subject().windowHandle(), Qt::Key_2);
         QCOMPARE(run.records().size(), 1);
-        repeat(run.subject, Qt::Key_2);
+        repeat(run.subject(), Qt::Key_2);
         run.driver.playTrial();
-        repeat(run.subject, Qt::Key_2);
-        QTest::keyRelease(run.subject.windowHandle(), Qt::Key_2);
+        repeat(run.subject(), Qt::Key_2);
+        QTest::keyRelease(run.subject().windowHandle(), Qt::Key_2);
         QCOMPARE(run.records().size(), 1);
-        QVERIFY(run.subject.isEnabled());
+        QVERIFY(run.subject().isEnabled());
     }
 
     void otherKeys_areNoAnswer_data()
     {
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        addColumns<Qt::Key, Qt::KeyboardModifiers>("key", "modifiers");
         const auto row
             = [](const char* name, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
                   QTest::newRow(name) << key << modifiers;
@@ -223,30 +212,29 @@ private slots:
         QFETCH(Qt::KeyboardModifiers, modifiers);
         ShownRun run;
         QVERIFY(run.isShown);
-        click(run.subject, Qt::Key_Space);
-        QCOMPARE(Probe::data(run.window).nTrials, 1);
+        click(run.subject(), Qt::Key_Space);
+        QCOMPARE(run.data.nTrials, 1);
         for (int trial = 0; trial < 2; ++trial) {
             run.driver.playTrial();
-            click(run.subject, key, modifiers);
-            click(run.subject, Qt::Key_Tab);
-            click(run.subject, key, modifiers);
+            click(run.subject(), key, modifiers);
+            click(run.subject(), Qt::Key_Tab);
+            click(run.subject(), key, modifiers);
             QApplication::setActiveWindow(&run.window);
-            QApplication::setActiveWindow(&run.subject);
-            click(run.subject, key, modifiers);
+            QApplication::setActiveWindow(&run.subject());
+            click(run.subject(), key, modifiers);
             QCOMPARE(run.records().size(), trial);
-            QVERIFY(run.subject.isEnabled());
+            QVERIFY(run.subject().isEnabled());
 
-            QPushButton* const button = buttonOf(run.subject, "pushButtonChoice3");
-            QTest::mouseClick(run.subject.windowHandle(), Qt::LeftButton, {},
-                button->mapTo(&run.subject, button->rect().center()));
+            QPushButton* const button = buttonOf(run.subject(), "pushButtonChoice3");
+            QTest::mouseClick(run.subject().windowHandle(), Qt::LeftButton, {},
+                button->mapTo(&run.subject(), button->rect().center()));
             QCOMPARE(run.records().size(), trial + 1);
         }
     }
 
     void return_pressesIAmReady_data()
     {
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        addColumns<Qt::Key, Qt::KeyboardModifiers>("key", "modifiers");
         QTest::newRow("Return") << Qt::Key_Return << Qt::KeyboardModifiers(Qt::NoModifier);
         QTest::newRow("Enter") << Qt::Key_Enter << Qt::KeyboardModifiers(Qt::KeypadModifier);
     }
@@ -257,16 +245,16 @@ private slots:
         QFETCH(Qt::KeyboardModifiers, modifiers);
         ShownRun run;
         QVERIFY(run.isShown);
-        repeat(run.subject, key);
-        click(run.subject, key, Qt::AltModifier);
-        QCOMPARE(Probe::data(run.window).nTrials, 0);
-        click(run.subject, key, modifiers);
-        QCOMPARE(Probe::data(run.window).nTrials, 1);
-        QVERIFY(buttonOf(run.subject, "pushButtonChoice2")->isVisible());
-        click(run.subject, key, modifiers);
+        repeat(run.subject(), key);
+        click(run.subject(), key, Qt::AltModifier);
+        QCOMPARE(run.data.nTrials, 0);
+        click(run.subject(), key, modifiers);
+        QCOMPARE(run.data.nTrials, 1);
+        QVERIFY(buttonOf(run.subject(), "pushButtonChoice2")->isVisible());
+        click(run.subject(), key, modifiers);
         run.driver.startSound();
-        click(run.subject, key, modifiers);
-        QCOMPARE(Probe::data(run.window).nTrials, 1);
+        click(run.subject(), key, modifiers);
+        QCOMPARE(run.data.nTrials, 1);
         QCOMPARE(Probe::soundIndex(run.window), 1);
     }
 
@@ -277,28 +265,26 @@ private slots:
         QFETCH(Qt::Key, key);
         QFETCH(Qt::KeyboardModifiers, modifiers);
         ShownRun run;
-        QVERIFY(run.isShown);
-        run.driver.beReady();
-        run.driver.playTrial();
+        QVERIFY(run.awaitsAnswer());
         endTheRun(run);
-        const QLabel* const result = labelOf(run.subject, "labelThreshold");
-        QTest::mouseClick(run.subject.windowHandle(), Qt::LeftButton, {},
-            result->mapTo(&run.subject, result->rect().center()));
+        const QLabel* const result = labelOf(run.subject(), "labelThreshold");
+        QTest::mouseClick(run.subject().windowHandle(), Qt::LeftButton, {},
+            result->mapTo(&run.subject(), result->rect().center()));
 
         ModalBoxes boxes;
-        repeat(run.subject, key);
+        repeat(run.subject(), key);
         QVERIFY(boxes.messages().isEmpty());
         boxes.answerNext(QMessageBox::No);
-        click(run.subject, key, modifiers);
+        click(run.subject(), key, modifiers);
         QCOMPARE(boxes.messages().size(), 1);
-        QVERIFY(run.subject.isVisible());
-        QApplication::setActiveWindow(&run.subject);
+        QVERIFY(run.subject().isVisible());
+        QApplication::setActiveWindow(&run.subject());
         boxes.answerNext(QMessageBox::Yes);
-        click(run.subject, key, modifiers);
-        QVERIFY(!run.subject.isVisible());
+        click(run.subject(), key, modifiers);
+        QVERIFY(!run.subject().isVisible());
         QVERIFY(run.window.isEnabled());
         QCOMPARE(run.records().size(), 1);
-        QCOMPARE(Probe::data(run.window).nTrials, 1);
+        QCOMPARE(run.data.nTrials, 1);
     }
 };
 

@@ -25,9 +25,7 @@ void press(SubjectWindow& subject, QPushButton* button, Means means)
 
 void pressAll(SubjectWindow& subject, Means means)
 {
-    for (QPushButton* button :
-        {buttonOf(subject, "pushButtonChoice1"), buttonOf(subject, "pushButtonChoice2"),
-            buttonOf(subject, "pushButtonChoice3"), buttonOf(subject, "pushButtonChoice4")}) {
+    for (QPushButton* button : choiceButtons(subject)) {
         press(subject, button, means);
     }
 }
@@ -52,13 +50,13 @@ private slots:
     {
         ShownRun run;
         QVERIFY(run.isShown);
-        QWindow* const window = run.subject.windowHandle();
+        QWindow* const window = run.subject().windowHandle();
         for (const int eighths : {1, 3, 5, 7}) {
             QTest::mouseClick(window, Qt::LeftButton, {},
-                QPoint(run.subject.width() * eighths / 8, run.subject.height() / 10));
+                QPoint(run.subject().width() * eighths / 8, run.subject().height() / 10));
         }
         QVERIFY(run.records().isEmpty());
-        QCOMPARE(Probe::data(run.window).nTrials, 0);
+        QCOMPARE(run.data.nTrials, 0);
     }
 
     void press_isNoAnswer_whileSoundsPlay_data() { addMeans(); }
@@ -68,26 +66,25 @@ private slots:
         QFETCH(Means, means);
         ShownRun run;
         QVERIFY(run.isShown);
-        press(run.subject, buttonOf(run.subject, "pushButtonIAmReady"), means);
-        QCOMPARE(Probe::data(run.window).nTrials, 1);
+        press(run.subject(), buttonOf(run.subject(), "pushButtonIAmReady"), means);
+        QCOMPARE(run.data.nTrials, 1);
         for (int trial = 1; trial <= 2; ++trial) {
             for (int sound = 1; sound <= 4; ++sound) {
-                pressAll(run.subject, means);
+                pressAll(run.subject(), means);
                 run.driver.startSound();
-                pressAll(run.subject, means);
+                pressAll(run.subject(), means);
                 QCOMPARE(run.records().size(), trial - 1);
                 QCOMPARE(Probe::soundIndex(run.window), sound);
                 run.driver.endSound();
             }
-            press(run.subject, buttonOf(run.subject, "pushButtonChoice3"), means);
+            press(run.subject(), buttonOf(run.subject(), "pushButtonChoice3"), means);
             QCOMPARE(run.records().size(), trial);
         }
     }
 
     void answer_isTheFirstPress_data()
     {
-        QTest::addColumn<Means>("means");
-        QTest::addColumn<int>("answer");
+        addColumns<Means, int>("means", "answer");
         QTest::newRow("2 by mouse") << mouse << 2;
         QTest::newRow("3 by mouse") << mouse << 3;
         QTest::newRow("2 by keyboard") << space << 2;
@@ -99,32 +96,28 @@ private slots:
         QFETCH(Means, means);
         QFETCH(int, answer);
         ShownRun run;
-        QVERIFY(run.isShown);
-        run.driver.beReady();
-        run.driver.playTrial();
-        QPushButton* const second = buttonOf(run.subject, "pushButtonChoice2");
-        QPushButton* const third = buttonOf(run.subject, "pushButtonChoice3");
-        press(run.subject, buttonOf(run.subject, "pushButtonChoice1"), means);
-        press(run.subject, buttonOf(run.subject, "pushButtonChoice4"), means);
+        QVERIFY(run.awaitsAnswer());
+        QPushButton* const second = buttonOf(run.subject(), "pushButtonChoice2");
+        QPushButton* const third = buttonOf(run.subject(), "pushButtonChoice3");
+        press(run.subject(), buttonOf(run.subject(), "pushButtonChoice1"), means);
+        press(run.subject(), buttonOf(run.subject(), "pushButtonChoice4"), means);
         QVERIFY(run.records().isEmpty());
 
-        press(run.subject, answer == 2 ? second : third, means);
-        pressAll(run.subject, mouse);
-        pressAll(run.subject, space);
+        press(run.subject(), answer == 2 ? second : third, means);
+        pressAll(run.subject(), mouse);
+        pressAll(run.subject(), space);
         QCOMPARE(run.records().size(), 1);
         QCOMPARE(run.records().constFirst().responsePosition, answer);
-        QCOMPARE(Probe::data(run.window).nTrials, 2);
+        QCOMPARE(run.data.nTrials, 2);
     }
 
     void doubleClick_isOneAnswer()
     {
         ShownRun run;
-        QVERIFY(run.isShown);
-        run.driver.beReady();
-        run.driver.playTrial();
-        QPushButton* const button = buttonOf(run.subject, "pushButtonChoice2");
-        QTest::mouseDClick(run.subject.windowHandle(), Qt::LeftButton, {},
-            button->mapTo(&run.subject, button->rect().center()));
+        QVERIFY(run.awaitsAnswer());
+        QPushButton* const button = buttonOf(run.subject(), "pushButtonChoice2");
+        QTest::mouseDClick(run.subject().windowHandle(), Qt::LeftButton, {},
+            button->mapTo(&run.subject(), button->rect().center()));
         QCOMPARE(run.records().size(), 1);
     }
 
@@ -141,9 +134,9 @@ private slots:
             run.driver.endSound();
         }
         run.driver.startSound();
-        QPushButton* const button = buttonOf(run.subject, "pushButtonChoice2");
-        QWindow* const window = run.subject.windowHandle();
-        const QPoint centre = button->mapTo(&run.subject, button->rect().center());
+        QPushButton* const button = buttonOf(run.subject(), "pushButtonChoice2");
+        QWindow* const window = run.subject().windowHandle();
+        const QPoint centre = button->mapTo(&run.subject(), button->rect().center());
         if (means == mouse) {
             QTest::mousePress(window, Qt::LeftButton, {}, centre);
             run.driver.endSound();
@@ -154,14 +147,13 @@ private slots:
             button->setFocus();
             QTest::keyRelease(window, Qt::Key_Space);
         }
-        QVERIFY(run.subject.isEnabled());
+        QVERIFY(run.subject().isEnabled());
         QVERIFY(run.records().isEmpty());
     }
 
     void press_isNoAnswer_whileTheConfirmationIsOpen_data()
     {
-        QTest::addColumn<Means>("means");
-        QTest::addColumn<bool>("isAnswerPhase");
+        addColumns<Means, bool>("means", "isAnswerPhase");
         QTest::newRow("mouse, answer phase") << mouse << true;
         QTest::newRow("mouse, sound") << mouse << false;
         QTest::newRow("keyboard, answer phase") << space << true;
@@ -173,9 +165,7 @@ private slots:
         QFETCH(Means, means);
         QFETCH(bool, isAnswerPhase);
         ShownRun run;
-        QVERIFY(run.isShown);
-        run.driver.beReady();
-        run.driver.playTrial();
+        QVERIFY(run.awaitsAnswer());
         if (!isAnswerPhase) {
             run.driver.answer(2);
             run.driver.startSound();
@@ -184,22 +174,22 @@ private slots:
         ModalBoxes boxes;
         boxes.answerNext(QMessageBox::No);
         boxes.onOpen([&](QWidget*) {
-            for (QPushButton* button : {buttonOf(run.subject, "pushButtonChoice2"),
-                     buttonOf(run.subject, "pushButtonChoice3")}) {
+            for (QPushButton* button : {buttonOf(run.subject(), "pushButtonChoice2"),
+                     buttonOf(run.subject(), "pushButtonChoice3")}) {
                 if (means == mouse) {
-                    press(run.subject, button, means);
+                    press(run.subject(), button, means);
                 } else {
                     button->setFocus();
-                    QTest::keyClick(run.subject.windowHandle(), Qt::Key_Space);
+                    QTest::keyClick(run.subject().windowHandle(), Qt::Key_Space);
                 }
             }
         });
-        QVERIFY(!run.subject.close());
+        QVERIFY(!run.subject().close());
         QCOMPARE(boxes.messages().size(), 1);
         QCOMPARE(run.records().size(), before);
 
-        QApplication::setActiveWindow(&run.subject);
-        press(run.subject, buttonOf(run.subject, "pushButtonChoice3"), means);
+        QApplication::setActiveWindow(&run.subject());
+        press(run.subject(), buttonOf(run.subject(), "pushButtonChoice3"), means);
         QCOMPARE(run.records().size(), isAnswerPhase ? before + 1 : before);
     }
 
@@ -209,13 +199,11 @@ private slots:
     {
         QFETCH(Means, means);
         ShownRun run;
-        QVERIFY(run.isShown);
-        run.driver.beReady();
-        run.driver.playTrial();
-        Probe::data(run.window).reversalCount = 14;
+        QVERIFY(run.awaitsAnswer());
+        run.data.reversalCount = 14;
         run.driver.answer(2);
-        QVERIFY(buttonOf(run.subject, "pushButtonDone")->isVisible());
-        pressAll(run.subject, means);
+        QVERIFY(buttonOf(run.subject(), "pushButtonDone")->isVisible());
+        pressAll(run.subject(), means);
         QCOMPARE(run.records().size(), 1);
     }
 };

@@ -68,10 +68,7 @@ private slots:
 
     void everySound_isTheOneComputed_data()
     {
-        QTest::addColumn<int>("parameter");
-        QTest::addColumn<QString>("durationMs");
-        QTest::addColumn<QString>("silentMs");
-        QTest::addColumn<int>("nTrials");
+        addColumns<int, QString, QString, int>("parameter", "durationMs", "silentMs", "nTrials");
         for (const int parameter : {carrierFrequencyParameter, modulationDepthParameter}) {
             const char* const name = parameter == carrierFrequencyParameter ? "frequency" : "depth";
             const auto add = [&](const char* duration, const char* silence, int nTrials) {
@@ -99,8 +96,7 @@ private slots:
             ->setCurrentIndex(
                 parameter == carrierFrequencyParameter ? sinusoidCarrier : noiseCarrier);
         comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(parameter);
-        type(window, "lineEditStdDuration", durationMs);
-        type(window, "lineEditDevDuration", durationMs);
+        typeDurations(window, durationMs);
         type(window, "lineEditSilentInterval", silentMs);
         play(window, nTrials, usualBlockMs);
         QCOMPARE(m_trials.size(), nTrials);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A sound server or a device that goes during a run, and comes back or does not.
-#include "support/MainWindowProbe.h"
+#include "support/DrivenRun.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
 #include "support/TrialRecording.h"
@@ -29,8 +29,7 @@ struct PhaseInAWindow {
     PhaseInAWindow(const Phase& phase, ModalBoxes& boxes)
         : run(window, boxes, PhasedRun::noiseAndDepth)
     {
-        type(window, "lineEditStdDuration", "10000");
-        type(window, "lineEditDevDuration", "10000");
+        typeDurations(window, "10000");
         type(window, "lineEditSamplingRate", "8000");
         run.playTo(phase);
     }
@@ -99,9 +98,7 @@ private slots:
 
     void run_goesOn_whenTheServerComesBack_data()
     {
-        QTest::addColumn<int>("nSounds");
-        QTest::addColumn<bool>("isSounding");
-        QTest::addColumn<QString>("durationMs");
+        addColumns<int, bool, QString>("nSounds", "isSounding", "durationMs");
         QTest::newRow("before the first sound") << 0 << false << "40";
         QTest::newRow("during a sound") << 2 << true << "500";
         QTest::newRow("between two trials") << 4 << false << "40";
@@ -113,87 +110,77 @@ private slots:
         QFETCH(bool, isSounding);
         QFETCH(QString, durationMs);
         prepareSuccessor();
-        MainWindow window;
-        RunDriver driver(window);
-        type(window, "lineEditStdDuration", durationMs);
-        type(window, "lineEditDevDuration", durationMs);
-        driver.open();
-        driver.beReady();
-        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
+        DrivenRun run;
+        typeDurations(run.window, durationMs);
+        run.driver.begin();
+        QSignalSpy told(&run.window, SIGNAL(soundPlaying(int)));
         for (int sound = 1; sound < nSounds; ++sound) {
-            playSound(window);
+            playSound(run.window);
         }
         if (isSounding) {
             announceWarning(stopped);
-            driver.startSound();
-            QCOMPARE(Probe::audioOutput(window)->state(), QAudio::ActiveState);
+            run.driver.startSound();
+            QCOMPARE(Probe::audioOutput(run.window)->state(), QAudio::ActiveState);
         } else if (nSounds > 0) {
-            playSound(window);
+            playSound(run.window);
         }
         loseTheServer();
         QCOMPARE(messages().count(stopped), isSounding ? 1 : 0);
         waitForTheSuccessor();
         for (int sound = nSounds + 1; sound <= 4; ++sound) {
-            playSound(window);
+            playSound(run.window);
         }
         QCOMPARE(told, (QList<QVariantList> {{1}, {2}, {3}, {4}, {-1}}));
-        driver.answer(2);
-        compareTrialWithRecording(window);
-        QCOMPARE(Probe::data(window).records.size(), 1);
-        QVERIFY(Probe::subjectWindow(window)->isEnabled());
+        run.driver.answer(2);
+        compareTrialWithRecording(run.window);
+        QCOMPARE(run.data.records.size(), 1);
+        QVERIFY(run.subject().isEnabled());
     }
 
     void loss_isLogged_forASoundThatTheTrialHasLeftBehind()
     {
         prepareSuccessor();
-        MainWindow window;
-        RunDriver driver(window);
-        type(window, "lineEditStdDuration", "10000");
-        type(window, "lineEditDevDuration", "10000");
-        type(window, "lineEditSamplingRate", "8000");
-        driver.open();
-        driver.beReady();
-        driver.startSound();
-        driver.startSound();
-        driver.endSound(); // the second one: the first plays on
-        QCOMPARE(Probe::soundsAside(window).size(), 1);
-        QCOMPARE(Probe::soundsAside(window).constFirst().output->state(), QAudio::ActiveState);
-        QVERIFY(Probe::audioOutput(window) == nullptr);
+        DrivenRun run;
+        typeDurations(run.window, "10000");
+        type(run.window, "lineEditSamplingRate", "8000");
+        run.driver.begin();
+        run.driver.startSound();
+        run.driver.startSound();
+        run.driver.endSound(); // the second one: the first plays on
+        QCOMPARE(Probe::soundsAside(run.window).size(), 1);
+        QCOMPARE(Probe::soundsAside(run.window).constFirst().output->state(), QAudio::ActiveState);
+        QVERIFY(Probe::audioOutput(run.window) == nullptr);
         announceWarning(stopped);
         loseTheServer();
         QCOMPARE(messages().count(stopped), 1);
-        QVERIFY(Probe::soundsAside(window).isEmpty());
-        QVERIFY(window.findChildren<QAudioOutput*>().isEmpty());
-        QCOMPARE(Probe::soundIndex(window), 2);
-        QVERIFY(Probe::timerPlay(window)->isActive());
+        QVERIFY(Probe::soundsAside(run.window).isEmpty());
+        QVERIFY(run.window.findChildren<QAudioOutput*>().isEmpty());
+        QCOMPARE(Probe::soundIndex(run.window), 2);
+        QVERIFY(Probe::timerPlay(run.window)->isActive());
         waitForTheSuccessor();
     }
 
     // A sound card that is pulled out while the server runs: Qt reports nothing.
     void nextRun_sounds_afterTheDeviceWasPulledOut()
     {
-        MainWindow window;
+        DrivenRun run;
         ModalBoxes boxes;
-        RunDriver driver(window);
-        type(window, "lineEditStdDuration", "40");
-        type(window, "lineEditDevDuration", "40");
-        driver.open();
-        driver.beReady();
-        driver.startSound();
+        typeDurations(run.window, "40");
+        run.driver.begin();
+        run.driver.startSound();
         m_lab->server.removeSink();
         QTRY_VERIFY_WITH_TIMEOUT(QAudioDeviceInfo::defaultOutputDevice().isNull(), timeoutMs);
         announceWarning(stopped);
         announceWarning("using null output device, none available");
-        driver.startSound();
-        QCOMPARE(Probe::audioOutput(window)->error(), QAudio::OpenError);
-        QVERIFY(Probe::subjectWindow(window)->close());
+        run.driver.startSound();
+        QCOMPARE(Probe::audioOutput(run.window)->error(), QAudio::OpenError);
+        QVERIFY(run.subject().close());
 
         m_lab->server.addSink();
         QTRY_VERIFY_WITH_TIMEOUT(!QAudioDeviceInfo::defaultOutputDevice().isNull(), timeoutMs);
-        driver.open();
-        driver.beReady();
-        compareTrialWithRecording(window);
-        QVERIFY(Probe::subjectWindow(window)->isEnabled());
+        run.driver.begin();
+        compareTrialWithRecording(run.window);
+        QVERIFY(run.subject().isEnabled());
     }
 
     // Stays the last: Qt looks for a server once, 3 s after it lost one, and then never again.

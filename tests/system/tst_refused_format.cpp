@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A device that takes no floats.
-#include "drivers/RunDriver.h"
-#include "support/MainWindowProbe.h"
+
+#include "support/DrivenRun.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
 #include "support/WindowWidgets.h"
@@ -38,35 +38,32 @@ private slots:
 
     void refusal_isLogged_forEverySound()
     {
-        MainWindow window;
+        DrivenRun run;
         const QAudioDeviceInfo device = QAudioDeviceInfo::defaultOutputDevice();
         QCOMPARE(device.realm(), QString("alsa"));
-        QVERIFY(!device.isFormatSupported(Probe::audioFormat(window)));
-        RunDriver driver(window);
-        const SubjectWindow& subject = driver.open();
-        driver.beReady();
-        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
+        QVERIFY(!device.isFormatSupported(Probe::audioFormat(run.window)));
+        const SubjectWindow& subject = run.driver.begin();
+        QSignalSpy told(&run.window, SIGNAL(soundPlaying(int)));
         for (int sound = 1; sound <= 4; ++sound) {
             announceWarning(stopped);
-            driver.startSound();
+            run.driver.startSound();
             QCOMPARE(messages().count(stopped), sound);
         }
-        QCOMPARE(Probe::audioOutput(window)->error(), QAudio::OpenError);
+        QCOMPARE(Probe::audioOutput(run.window)->error(), QAudio::OpenError);
         QCOMPARE(told, (QList<QVariantList> {{1}, {2}, {3}, {4}}));
-        QVERIFY(Probe::timerPlay(window)->isActive());
+        QVERIFY(Probe::timerPlay(run.window)->isActive());
         QVERIFY(!subject.isEnabled());
     }
 
     void refusal_isLogged_forEveryOtherRate()
     {
-        MainWindow window;
+        DrivenRun run;
         ModalBoxes boxes;
-        RunDriver driver(window);
-        QVERIFY(driver.open().close());
+        QVERIFY(run.driver.open().close());
         QCOMPARE(messages().count(notSupported), 1);
-        type(window, "lineEditSamplingRate", "22050");
+        type(run.window, "lineEditSamplingRate", "22050");
         announceWarning(notSupported);
-        driver.open();
+        run.driver.open();
         QCOMPARE(messages().count(notSupported), 2);
     }
 
