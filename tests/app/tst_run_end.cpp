@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The end of a run: results, save dialog, and closing the subject window.
-#include "drivers/RunDriver.h"
+#include "support/DrivenRun.h"
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
 
@@ -13,16 +13,16 @@ using namespace quorin;
 namespace {
 
 // A run that ends with its second answer: the first right, the second wrong.
-void openShortRun(MainWindow& window, RunDriver& driver)
-{
-    type(window, "lineEditNReversals", "1");
-    type(window, "lineEditNReversalsToCalc", "1");
-    driver.open();
-    driver.beReady();
-    driver.playTrial();
-    driver.answerRightly(true);
-    driver.playTrial();
-}
+struct ShortRun : DrivenRun {
+    void playToTheLastAnswer()
+    {
+        type(window, "lineEditNReversals", "1");
+        type(window, "lineEditNReversalsToCalc", "1");
+        driver.playToTheAnswer();
+        driver.answerRightly(true);
+        driver.playTrial();
+    }
+};
 
 } // namespace
 
@@ -32,14 +32,13 @@ class TestRunEnd : public WindowTest {
 private slots:
     void results_areComputedBeforeTheyAreTold()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        openShortRun(window, driver);
-        Probe::data(window).cf[standard] = 900.0;
-        QSignalSpy told(&window, SIGNAL(doneDataCollection(qreal, qreal, qint32, qreal)));
-        driver.answerRightly(false);
+        ShortRun run;
+        run.playToTheLastAnswer();
+        run.data.cf[standard] = 900.0;
+        QSignalSpy told(&run.window, SIGNAL(doneDataCollection(qreal, qreal, qint32, qreal)));
+        run.driver.answerRightly(false);
 
-        const Data& data = Probe::data(window);
+        const Data& data = run.data;
         QCOMPARE(told.count(), 1);
         const QVariantList& results = told.constFirst();
         // The value of the wrong second answer, one step of 2 dB below the start.
@@ -52,50 +51,15 @@ private slots:
 
     void lastAnswer_startsNoTrial()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        openShortRun(window, driver);
-        driver.answerRightly(false);
-        QCOMPARE(Probe::data(window).nTrials, 2);
-        QVERIFY(!Probe::timerPlay(window)->isActive());
-        SubjectWindow& subject = *Probe::subjectWindow(window);
+        ShortRun run;
+        run.playToTheLastAnswer();
+        run.driver.answerRightly(false);
+        QCOMPARE(run.data.nTrials, 2);
+        QVERIFY(!Probe::timerPlay(run.window)->isActive());
+        SubjectWindow& subject = run.subject();
         QVERIFY(subject.isEnabled());
         QVERIFY(buttonOf(subject, "pushButtonDone")->isVisible());
-        QVERIFY(!window.isEnabled());
-    }
-
-    void nothingIsSaved_whenTheBoxIsNotChecked()
-    {
-        MainWindow window;
-        ModalBoxes boxes;
-        RunDriver driver(window);
-        openShortRun(window, driver);
-        driver.answerRightly(false);
-        QVERIFY(boxes.fileChoices().isEmpty());
-        QVERIFY(boxes.messages().isEmpty());
-    }
-
-    void listenerSeesTheResult_beforeTheSaveDialogOpens()
-    {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath("results.txt");
-        MainWindow window;
-        ModalBoxes boxes;
-        boxes.chooseFile(path);
-        checkBoxOf(window, "checkBoxSaveData")->setChecked(true);
-        RunDriver driver(window);
-        openShortRun(window, driver);
-        SubjectWindow& subject = *Probe::subjectWindow(window);
-        QString shown;
-        boxes.onOpen([&](QWidget*) {
-            QVERIFY(labelOf(subject, "labelThreshold")->isVisible());
-            QVERIFY(buttonOf(subject, "pushButtonDone")->isVisible());
-            shown = labelOf(subject, "labelThreshold")->text();
-        });
-        driver.answerRightly(false);
-        QCOMPARE(boxes.fileChoices().size(), 1);
-        QVERIFY(shown.startsWith("Modulation Threshold = 39.7164 %,   Reaction Time = "));
-        QVERIFY(QFile::exists(path));
+        QVERIFY(!run.window.isEnabled());
     }
 
     void closing_givesTheMainWindowBack_data()
@@ -109,38 +73,24 @@ private slots:
     void closing_givesTheMainWindowBack()
     {
         QFETCH(int, nSounds);
-        MainWindow window;
+        DrivenRun run;
         ModalBoxes boxes;
         boxes.answerNext(QMessageBox::Yes);
-        RunDriver driver(window);
-        driver.open();
-        driver.beReady();
+        run.driver.begin();
         for (int i = 0; i < nSounds; ++i) {
-            driver.startSound();
+            run.driver.startSound();
         }
-        const QAudioOutput* const output = Probe::audioOutput(window);
-        QVERIFY(Probe::subjectWindow(window)->close());
+        const QAudioOutput* const output = Probe::audioOutput(run.window);
+        QVERIFY(run.subject().close());
 
-        QVERIFY(window.isEnabled());
-        QVERIFY(buttonOf(window, "pushButtonView")->isEnabled());
-        QVERIFY(!buttonOf(window, "pushButtonGo")->isEnabled());
-        // The trial goes on although its window is closed.
-        QVERIFY(Probe::timerPlay(window)->isActive());
-        QCOMPARE(Probe::soundIndex(window), nSounds);
-        QCOMPARE(Probe::audioOutput(window), output);
-        QVERIFY(Probe::subjectWindow(window) != nullptr);
-    }
-
-    void mainWindow_staysDisabled_whenClosingIsRefused()
-    {
-        MainWindow window;
-        ModalBoxes boxes;
-        boxes.answerNext(QMessageBox::No);
-        RunDriver driver(window);
-        driver.open();
-        QVERIFY(!Probe::subjectWindow(window)->close());
-        QVERIFY(!window.isEnabled());
-        QVERIFY(Probe::subjectWindow(window)->isVisible());
+        QVERIFY(run.window.isEnabled());
+        QVERIFY(buttonOf(run.window, "pushButtonView")->isEnabled());
+        QVERIFY(!buttonOf(run.window, "pushButtonGo")->isEnabled());
+        // The trial goes on although its run.window is closed.
+        QVERIFY(Probe::timerPlay(run.window)->isActive());
+        QCOMPARE(Probe::soundIndex(run.window), nSounds);
+        QCOMPARE(Probe::audioOutput(run.window), output);
+        QVERIFY(Probe::subjectWindow(run.window) != nullptr);
     }
 
     void destruction_asksNothing_whileARunIsOpen()
@@ -160,6 +110,7 @@ private slots:
         }
         QVERIFY(earlier.isNull());
         QVERIFY(current.isNull());
+        QCoreApplication::processEvents();
         QVERIFY(boxes.messages().isEmpty());
     }
 };

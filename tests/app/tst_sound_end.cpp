@@ -81,19 +81,6 @@ private slots:
         QCOMPARE(Probe::nReactionTimerStarts(trial.window), 1);
     }
 
-    void reactionClock_startsAnewInEveryTrial()
-    {
-        RunningTrial trial(4);
-        trial.driver.endSound();
-        const QElapsedTimer* const clock = Probe::timerReaction(trial.window);
-        const qint64 first = clock->msecsSinceReference();
-        QTRY_VERIFY(clock->elapsed() > 1);
-        trial.driver.answer(2);
-        trial.driver.playTrial();
-        QVERIFY(clock->msecsSinceReference() > first);
-        QCOMPARE(Probe::nReactionTimerStarts(trial.window), 2);
-    }
-
     void stop_keepsTheSound_andIsLoggedWhenItWasAnError()
     {
         RunningTrial trial(4);

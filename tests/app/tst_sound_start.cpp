@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What each tick of the pacing timer plays, and what it tells.
-#include "drivers/RunDriver.h"
+#include "support/DrivenRun.h"
 #include "support/WindowTest.h"
 
 #include <QAudioOutput>
@@ -38,14 +38,6 @@ class TestSoundStart : public WindowTest {
     Q_OBJECT
 
 private slots:
-    void pointers_areNull_whenNoSoundWasStarted()
-    {
-        MainWindow window;
-        QVERIFY(Probe::audioBytes(window) == nullptr);
-        QVERIFY(Probe::audioBuffer(window) == nullptr);
-        QVERIFY(Probe::audioOutput(window) == nullptr);
-    }
-
     void deviant_standsInItsInterval_data()
     {
         QTest::addColumn<int>("position");
@@ -56,41 +48,38 @@ private slots:
     void deviant_standsInItsInterval()
     {
         QFETCH(int, position);
-        MainWindow window;
-        RunDriver driver(window);
-        type(window, "lineEditDevDuration", "250.00");
-        driver.open();
-        QVector<bool>& sequence = Probe::stimSequence(window);
+        DrivenRun run;
+        type(run.window, "lineEditDevDuration", "250.00");
+        run.driver.open();
+        QVector<bool>& sequence = Probe::stimSequence(run.window);
         sequence.fill(false, 4);
         sequence[position - 1] = true;
-        QCOMPARE(Probe::stimuli(window)[deviant].samples.size(), 10000);
+        QCOMPARE(Probe::stimuli(run.window)[deviant].samples.size(), 10000);
         for (int interval = 1; interval <= 4; ++interval) {
-            driver.startSound();
-            QCOMPARE(*Probe::audioBytes(window),
-                floats(interval == position ? Probe::stimuli(window)[deviant].samples
-                                            : Probe::stimuli(window)[standard].samples));
-            driver.endSound();
+            run.driver.startSound();
+            QCOMPARE(*Probe::audioBytes(run.window),
+                floats(interval == position ? Probe::stimuli(run.window)[deviant].samples
+                                            : Probe::stimuli(run.window)[standard].samples));
+            run.driver.endSound();
         }
     }
 
     void sound_isPlayedFromABufferOfItsOwn()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
-        driver.startSound();
-        const QBuffer* const buffer = Probe::audioBuffer(window);
+        DrivenRun run;
+        run.driver.open();
+        run.driver.startSound();
+        const QBuffer* const buffer = Probe::audioBuffer(run.window);
         QVERIFY(buffer->isReadable());
         QVERIFY(!buffer->isWritable());
-        QCOMPARE(&buffer->buffer(), Probe::audioBytes(window));
+        QCOMPARE(&buffer->buffer(), Probe::audioBytes(run.window));
         QVERIFY(buffer->parent() == nullptr);
-        QCOMPARE(Probe::audioOutput(window)->parent(), &window);
+        QCOMPARE(Probe::audioOutput(run.window)->parent(), &run.window);
     }
 
     void length_isTheOneThatGoRead_data()
     {
-        QTest::addColumn<QString>("duration");
-        QTest::addColumn<int>("nSamples");
+        addColumns<QString, int>("duration", "nSamples");
         QTest::newRow("as at View") << "600.00" << 24000;
         QTest::newRow("shorter") << "300.00" << 12000;
         QTest::newRow("longer") << "700.00" << 28000;
@@ -116,49 +105,44 @@ private slots:
 
     void start_isToldWhenTheSoundHasItsObjects()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
+        DrivenRun run;
+        run.driver.open();
         int nTold = 0;
-        connect(&window, &MainWindow::soundPlaying, &window, [&](int state) {
+        connect(&run.window, &MainWindow::soundPlaying, &run.window, [&](int state) {
             ++nTold;
-            QCOMPARE(state, Probe::soundIndex(window));
-            QVERIFY(Probe::audioOutput(window) != nullptr);
+            QCOMPARE(state, Probe::soundIndex(run.window));
+            QVERIFY(Probe::audioOutput(run.window) != nullptr);
         });
-        driver.startSound();
+        run.driver.startSound();
         QCOMPARE(nTold, 1);
     }
 
     void starts_areNumbered_andTheEndOfTheTrialIsMinusOne()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
-        driver.beReady();
-        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
-        driver.playTrial();
+        DrivenRun run;
+        run.driver.begin();
+        QSignalSpy told(&run.window, SIGNAL(soundPlaying(int)));
+        run.driver.playTrial();
         QCOMPARE(told, states({1, 2, 3, 4, -1}));
     }
 
     void tickAfterTheFourthSound_playsNothingAndCountsOn()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
-        driver.beReady();
+        DrivenRun run;
+        run.driver.begin();
         for (int i = 0; i < 4; ++i) {
-            driver.startSound();
+            run.driver.startSound();
         }
-        QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
-        driver.startSound();
-        QCOMPARE(Probe::soundIndex(window), 5);
-        QVERIFY(Probe::audioBytes(window)->isEmpty());
-        QVERIFY(Probe::audioBuffer(window)->isOpen());
-        QVERIFY(Probe::audioOutput(window) != nullptr);
-        driver.endSound();
-        QVERIFY(Probe::timerPlay(window)->isActive());
-        QVERIFY(!Probe::subjectWindow(window)->isEnabled());
-        driver.startSound();
+        QSignalSpy told(&run.window, SIGNAL(soundPlaying(int)));
+        run.driver.startSound();
+        QCOMPARE(Probe::soundIndex(run.window), 5);
+        QVERIFY(Probe::audioBytes(run.window)->isEmpty());
+        QVERIFY(Probe::audioBuffer(run.window)->isOpen());
+        QVERIFY(Probe::audioOutput(run.window) != nullptr);
+        run.driver.endSound();
+        QVERIFY(Probe::timerPlay(run.window)->isActive());
+        QVERIFY(!run.subject().isEnabled());
+        run.driver.startSound();
         QCOMPARE(told, states({5, 6}));
     }
 

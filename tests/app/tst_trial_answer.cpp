@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "I am ready" and the answers: what is recorded, and what starts the next trial.
-#include "drivers/RunDriver.h"
+#include "support/DrivenRun.h"
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
 
@@ -14,11 +14,6 @@ namespace {
 
 constexpr int hourAndSound = 3600600; // period of a driven run, ms
 
-bool listenerMayAnswer(MainWindow& window)
-{
-    return Probe::subjectWindow(window)->isEnabled();
-}
-
 } // namespace
 
 class TestTrialAnswer : public WindowTest {
@@ -27,22 +22,21 @@ class TestTrialAnswer : public WindowTest {
 private slots:
     void ready_startsTheFirstTrial()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
-        Probe::soundIndex(window) = 3;
+        DrivenRun run;
+        run.driver.open();
+        Probe::soundIndex(run.window) = 3;
         const int linesBefore = debugLines().size();
-        window.updateMainwindow(0);
+        run.window.updateMainwindow(0);
 
-        const int position = Probe::data(window).deviantPosition;
+        const int position = run.data.deviantPosition;
         QVERIFY(position == 2 || position == 3);
         QCOMPARE(debugLines().mid(linesBefore),
             QStringList({"Test just started", QString("stimPosition:  %1").arg(position)}));
-        QCOMPARE(Probe::soundIndex(window), 0);
-        QCOMPARE(Probe::data(window).nTrials, 1);
-        QVERIFY(Probe::data(window).records.isEmpty());
-        QVERIFY(Probe::timerPlay(window)->isActive());
-        QCOMPARE(Probe::timerPlay(window)->interval(), hourAndSound);
+        QCOMPARE(Probe::soundIndex(run.window), 0);
+        QCOMPARE(run.data.nTrials, 1);
+        QVERIFY(run.data.records.isEmpty());
+        QVERIFY(Probe::timerPlay(run.window)->isActive());
+        QCOMPARE(Probe::timerPlay(run.window)->interval(), hourAndSound);
     }
 
     void response_isRefused_outsideTheIntervals_data()
@@ -56,36 +50,25 @@ private slots:
     void response_isRefused_outsideTheIntervals()
     {
         QFETCH(int, response);
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
-        driver.beReady();
-        driver.playTrial();
+        DrivenRun run;
+        run.driver.playToTheAnswer();
         const int linesBefore = debugLines().size();
         ModalBoxes boxes;
         int soundIndexAtBox = -1;
-        boxes.onOpen([&](QWidget*) { soundIndexAtBox = Probe::soundIndex(window); });
-        window.updateMainwindow(response);
+        boxes.onOpen([&](QWidget*) { soundIndexAtBox = Probe::soundIndex(run.window); });
+        run.window.updateMainwindow(response);
 
-        QCOMPARE(boxes.messages().size(), 1);
-        const ModalBoxes::Message box = boxes.messages().constFirst();
-        QCOMPARE(box.title, QString("Warning"));
-        QCOMPARE(box.text, QString("Invalid response"));
-        QCOMPARE(box.icon, QMessageBox::Warning);
-        QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-        QVERIFY(box.parent == nullptr);
+        verifyOneWarning(boxes, "Invalid response");
         QCOMPARE(soundIndexAtBox, 0);
-        QVERIFY(Probe::data(window).records.isEmpty());
-        QCOMPARE(Probe::data(window).nTrials, 1);
-        QVERIFY(!Probe::timerPlay(window)->isActive());
+        QVERIFY(run.data.records.isEmpty());
+        QCOMPARE(run.data.nTrials, 1);
+        QVERIFY(!Probe::timerPlay(run.window)->isActive());
         QCOMPARE(debugLines().size(), linesBefore);
     }
 
     void response_isRecorded_data()
     {
-        QTest::addColumn<int>("response");
-        QTest::addColumn<int>("position");
-        QTest::addColumn<bool>("isCorrect");
+        addColumns<int, int, bool>("response", "position", "isCorrect");
         for (const int response : {1, 2, 3, 4}) {
             for (const int position : {2, 3}) {
                 QTest::addRow("%d of deviant %d", response, position)
@@ -98,31 +81,27 @@ private slots:
     {
         QFETCH(int, response);
         QFETCH(int, position);
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
-        driver.beReady();
-        driver.playTrial();
-        Probe::data(window).deviantPosition = position;
+        DrivenRun run;
+        run.driver.playToTheAnswer();
+        run.data.deviantPosition = position;
         const int linesBefore = debugLines().size();
-        window.updateMainwindow(response);
+        run.window.updateMainwindow(response);
 
-        QCOMPARE(Probe::data(window).records.size(), 1);
-        const Record record = Probe::data(window).records.constFirst();
+        QCOMPARE(run.data.records.size(), 1);
+        const Record record = run.data.records.constFirst();
         QCOMPARE(record.value, 0.5);
         QCOMPARE(record.stimulusPosition, position);
         QCOMPARE(record.responsePosition, response);
         QTEST(record.correctness, "isCorrect");
-        QCOMPARE(Probe::data(window).nTrials, 2);
+        QCOMPARE(run.data.nTrials, 2);
         QCOMPARE(debugLines().mid(linesBefore),
             QStringList({QString("response:  %1").arg(response),
-                QString("stimPosition:  %1").arg(Probe::data(window).deviantPosition)}));
+                QString("stimPosition:  %1").arg(run.data.deviantPosition)}));
     }
 
     void value_isTheAdaptedParameterOfTheTrial_data()
     {
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<double>("value");
+        addColumns<int, double>("mainParameter", "value");
         QTest::newRow("carrier frequency") << 0 << 0.125;
         QTest::newRow("modulation depth") << 1 << 0.25;
         QTest::newRow("unknown") << 2 << 0.0;
@@ -131,47 +110,23 @@ private slots:
     void value_isTheAdaptedParameterOfTheTrial()
     {
         QFETCH(int, mainParameter);
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
-        driver.beReady();
-        driver.playTrial();
-        Data& data = Probe::data(window);
+        DrivenRun run;
+        run.driver.playToTheAnswer();
+        Data& data = run.data;
         data.mainParameter = mainParameter;
         data.fd = {0.5, 0.125};
         data.md = {0.75, 0.25};
-        window.updateMainwindow(2);
-        QTEST(Probe::data(window).records.constFirst().value, "value");
-    }
-
-    void reactionTime_isThatOfTheClock()
-    {
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
-        driver.beReady();
-        driver.playTrial();
-        QElapsedTimer* const clock = Probe::timerReaction(window);
-        QTRY_VERIFY(clock->elapsed() > 5);
-        const qint64 before = clock->elapsed();
-        const qint64 reference = clock->msecsSinceReference();
-        window.updateMainwindow(2);
-        const double reactionTime = Probe::data(window).records.constFirst().reactionTime;
-        QVERIFY(reactionTime >= static_cast<double>(before));
-        QVERIFY(reactionTime <= static_cast<double>(clock->elapsed()));
-        QCOMPARE(reactionTime, std::floor(reactionTime));
-        QCOMPARE(clock->msecsSinceReference(), reference);
+        run.window.updateMainwindow(2);
+        QTEST(run.data.records.constFirst().value, "value");
     }
 
     void reactionTime_isZero_whileTheClockWasNeverStarted()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
-        driver.beReady();
-        QVERIFY(!Probe::timerReaction(window)->isValid());
-        window.updateMainwindow(2);
-        QCOMPARE(Probe::data(window).records.constFirst().reactionTime, 0.0);
+        DrivenRun run;
+        run.driver.begin();
+        QVERIFY(!Probe::timerReaction(run.window)->isValid());
+        run.window.updateMainwindow(2);
+        QCOMPARE(run.data.records.constFirst().reactionTime, 0.0);
     }
 
     void answer_isOnlyRecorded_whenNoTrialWasStarted()
@@ -186,35 +141,30 @@ private slots:
 
     void answer_startsTheNextTrial()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
-        driver.beReady();
-        driver.playTrial();
-        QVERIFY(listenerMayAnswer(window));
-        driver.answerRightly(true);
-        QVERIFY(!listenerMayAnswer(window));
-        QCOMPARE(Probe::soundIndex(window), 0);
-        QVERIFY(Probe::timerPlay(window)->isActive());
-        QCOMPARE(Probe::timerPlay(window)->interval(), hourAndSound);
-        QCOMPARE(Probe::trendY(window), QVector<double>({50.0}));
-        QVERIFY(Probe::data(window).md[deviant] < 0.5);
-        QCOMPARE(Probe::data(window).nTrials, 2);
+        DrivenRun run;
+        run.driver.playToTheAnswer();
+        QVERIFY(run.subject().isEnabled());
+        run.driver.answerRightly(true);
+        QVERIFY(!run.subject().isEnabled());
+        QCOMPARE(Probe::soundIndex(run.window), 0);
+        QVERIFY(Probe::timerPlay(run.window)->isActive());
+        QCOMPARE(Probe::timerPlay(run.window)->interval(), hourAndSound);
+        QCOMPARE(Probe::trendY(run.window), QVector<double>({50.0}));
+        QVERIFY(run.data.md[deviant] < 0.5);
+        QCOMPARE(run.data.nTrials, 2);
     }
 
     void updateAll_judgesTheRecordedTrial()
     {
-        MainWindow window;
-        RunDriver driver(window);
-        driver.open();
-        driver.beReady();
+        DrivenRun run;
+        run.driver.begin();
         Record record;
         record.value = 0.5;
-        Probe::data(window).records.append(record);
-        window.updateAll();
-        QCOMPARE(Probe::trendY(window), QVector<double>({50.0}));
-        QCOMPARE(Probe::data(window).md[deviant], 0.5 * std::pow(10.0, 4 / 20.0));
-        QCOMPARE(Probe::data(window).nTrials, 2);
+        run.data.records.append(record);
+        run.window.updateAll();
+        QCOMPARE(Probe::trendY(run.window), QVector<double>({50.0}));
+        QCOMPARE(run.data.md[deviant], 0.5 * std::pow(10.0, 4 / 20.0));
+        QCOMPARE(run.data.nTrials, 2);
     }
 
     void deviantPosition_isSecondOrThird_aboutEquallyOften()
@@ -240,8 +190,7 @@ private slots:
 
     void timer_isNotStarted_whenTheReversalsAreComplete_data()
     {
-        QTest::addColumn<int>("reversalCount");
-        QTest::addColumn<bool>("isStarted");
+        addColumns<int, bool>("reversalCount", "isStarted");
         QTest::newRow("none yet") << 0 << true;
         QTest::newRow("one missing") << 13 << true;
         QTest::newRow("complete") << 14 << false;

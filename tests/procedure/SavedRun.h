@@ -2,11 +2,11 @@
 #pragma once
 
 #include "procedure/Records.h"
+#include "support/Files.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 /// A window with the trials of a finished run and a folder of its own to save them in.
@@ -38,20 +38,6 @@ public:
     {
         return QDir(folder.path())
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-    }
-
-    static QByteArray contentOf(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
-    }
-
-    static void fill(const QString& path, const QByteArray& content)
-    {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-            qFatal("the test's folder is not writable");
-        }
     }
 
     /// The bytes of the file for the two trials.

@@ -1,31 +1,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "drivers/RunDriver.h"
-#include "support/MainWindowProbe.h"
+#include "support/DrivenRun.h"
 #include "support/WindowWidgets.h"
 
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QString>
 
 /// A window ready for a run of one main parameter, which the test answers by calling the listener's
 /// slot. The sounds are short and the first one is never reached.
-class SilentRun {
-public:
+struct SilentRun : DrivenRun {
     explicit SilentRun(int mainParameter)
-        : data(Probe::data(window))
-        , driver(window)
     {
         if (mainParameter == quorin::carrierFrequencyParameter) {
-            comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(quorin::sinusoidCarrier);
-            comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(mainParameter);
+            choose(window, quorin::sinusoidCarrier, mainParameter);
         }
-        type(window, "lineEditStdDuration", "10");
-        type(window, "lineEditDevDuration", "10");
-        buttonOf(window, "pushButtonView")->click();
+        typeDurations(window, "10");
+        view();
     }
+
+    /// A run of so many reversals, of which the last ones are averaged: 8 or all unless told.
+    SilentRun(int mainParameter, int nReversals, int nToCalculate = 8)
+        : SilentRun(mainParameter)
+    {
+        type(window, "lineEditNReversals", QString::number(nReversals));
+        type(window, "lineEditNReversalsToCalc", QString::number(nToCalculate));
+        view();
+    }
+
+    void view() const { buttonOf(window, "pushButtonView")->click(); }
 
     /// "I am ready": starts the first trial.
     void begin() { window.updateMainwindow(0); }
@@ -41,12 +43,4 @@ public:
             answer(character == 'c');
         }
     }
-
-    QString depthField() const { return textOf(window, "lineEditDevModDepth"); }
-    QString differenceField() const { return textOf(window, "lineEditDevFreqDiff"); }
-    QString carrierField() const { return textOf(window, "lineEditDevCarrierFreq"); }
-
-    MainWindow window;
-    Data& data;
-    RunDriver driver;
 };

@@ -2,6 +2,7 @@
 // What the window does with a step of the staircase, and in which order after an answer.
 #include "procedure/Records.h"
 #include "procedure/SilentRun.h"
+#include "session/DeviantInThePanel.h"
 #include "support/WindowTest.h"
 
 #include <QtCharts/QLineSeries>
@@ -21,63 +22,37 @@ class TestAdaptiveStaircase : public WindowTest {
     Q_OBJECT
 
 private slots:
-    void fields_showTheNewDepth_afterAStep_data()
+    void fields_showTheDeviant_afterAStep_data()
     {
-        QTest::addColumn<double>("depth");
-        QTest::addColumn<QString>("answer");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("correct: -2 dB") << 0.5 << "c"
-                                        << "39.7164";
-        QTest::newRow("wrong: +4 dB") << 0.5 << "w"
-                                      << "79.2447";
-        QTest::newRow("clipped to full modulation") << 0.9 << "w"
-                                                    << "100.0000";
-        QTest::newRow("no lower bound") << 1e-9 << "c"
-                                        << "0.0000";
+        addColumns<int, double, QString, QStringList>("mainParameter", "value", "answer", "fields");
+        const auto depth
+            = [](const char* name, double value, const char* answer, const char* shown) {
+                  addRow(name, modulationDepthParameter, value, answer,
+                      QStringList({shown, "0.0000", "1000.00"}));
+              };
+        depth("depth, correct: -2 dB", 0.5, "c", "39.7164");
+        depth("depth, wrong: +4 dB", 0.5, "w", "79.2447");
+        depth("clipped to full modulation", 0.9, "w", "100.0000");
+        depth("no lower bound", 1e-9, "c", "0.0000");
+        const auto difference = [](const char* name, double value, const char* answer,
+                                    const char* shown, const char* carrier) {
+            addRow(name, carrierFrequencyParameter, value, answer,
+                QStringList({"0.0000", shown, carrier}));
+        };
+        difference("difference, correct: -2 dB", 0.05, "c", "39.7164", "960.28");
+        difference("difference, wrong: +4 dB", 0.05, "w", "79.2447", "920.76");
+        difference("held above 0 Hz", 0.9, "w", "999.9000", "0.10");
     }
 
-    void fields_showTheNewDepth_afterAStep()
+    void fields_showTheDeviant_afterAStep()
     {
-        QFETCH(double, depth);
+        QFETCH(int, mainParameter);
+        QFETCH(double, value);
         QFETCH(QString, answer);
-        QFETCH(QString, shown);
-        SilentRun run(modulationDepthParameter);
-        run.data.md[deviant] = depth;
+        SilentRun run(mainParameter);
+        (mainParameter == modulationDepthParameter ? run.data.md : run.data.fd)[deviant] = value;
         run.play(answer);
-        QCOMPARE(run.depthField(), shown);
-        QCOMPARE(run.differenceField(), QString("0.0000"));
-        QCOMPARE(run.carrierField(), QString("1000.00"));
-    }
-
-    void fields_showTheNewDifferenceAndCarrier_afterAStep_data()
-    {
-        QTest::addColumn<double>("difference");
-        QTest::addColumn<QString>("answer");
-        QTest::addColumn<QString>("shownDifference");
-        QTest::addColumn<QString>("shownCarrier");
-        QTest::newRow("correct: -2 dB") << 0.05 << "c"
-                                        << "39.7164"
-                                        << "960.28";
-        QTest::newRow("wrong: +4 dB") << 0.05 << "w"
-                                      << "79.2447"
-                                      << "920.76";
-        QTest::newRow("held above 0 Hz") << 0.9 << "w"
-                                         << "999.9000"
-                                         << "0.10";
-    }
-
-    void fields_showTheNewDifferenceAndCarrier_afterAStep()
-    {
-        QFETCH(double, difference);
-        QFETCH(QString, answer);
-        QFETCH(QString, shownDifference);
-        QFETCH(QString, shownCarrier);
-        SilentRun run(carrierFrequencyParameter);
-        run.data.fd[deviant] = difference;
-        run.play(answer);
-        QCOMPARE(run.differenceField(), shownDifference);
-        QCOMPARE(run.carrierField(), shownCarrier);
-        QCOMPARE(run.depthField(), QString("0.0000"));
+        QTEST(deviantFields(run.window), "fields");
         QCOMPARE(textOf(run.window, "lineEditStdCarrierFreq"), QString("1000.00"));
     }
 
@@ -89,58 +64,30 @@ private slots:
         run.data.fd[deviant] = 0.125;
         run.data.cf[deviant] = 800.0;
         run.window.updateMD();
-        QCOMPARE(run.data.md[deviant], 0.25);
-        QCOMPARE(run.data.fd[deviant], 0.125);
-        QCOMPARE(run.data.cf[deviant], 800.0);
-        QCOMPARE(run.depthField(), QString("50.0000"));
-        QCOMPARE(run.differenceField(), QString("0.0000"));
-        QCOMPARE(run.carrierField(), QString("1000.00"));
+        QCOMPARE(deviantValues(run.window), Values({0.25, 0.125, 800.0}));
+        QCOMPARE(deviantFields(run.window), QStringList({"50.0000", "0.0000", "1000.00"}));
     }
 
     void reset_showsTheStartingValues_data()
     {
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<QString>("depth");
-        QTest::addColumn<QString>("difference");
-        QTest::addColumn<QString>("carrier");
-        QTest::newRow("frequency") << carrierFrequencyParameter << "0.0000"
-                                   << "100.0000"
-                                   << "1900.00";
-        QTest::newRow("depth") << modulationDepthParameter << "50.0000"
-                               << "0.0000"
-                               << "2000.00";
-        QTest::newRow("other: the present values") << otherParameter << "25.0000"
-                                                   << "250.0000"
-                                                   << "1500.25";
+        addColumns<int, QStringList>("mainParameter", "fields");
+        const QStringList present({"25.0000", "250.0000", "1500.25"});
+        addRow(
+            "frequency", carrierFrequencyParameter, QStringList({"0.0000", "100.0000", "1900.00"}));
+        addRow("depth", modulationDepthParameter, QStringList({"50.0000", "0.0000", "2000.00"}));
+        addRow("other: the present values", otherParameter, present);
     }
 
     void reset_showsTheStartingValues()
     {
         QFETCH(int, mainParameter);
-        QFETCH(QString, depth);
-        QFETCH(QString, difference);
-        QFETCH(QString, carrier);
         SilentRun run(modulationDepthParameter);
         run.data.mainParameter = mainParameter;
         run.data.md[deviant] = 0.25;
         run.data.fd[deviant] = 0.125;
         run.data.cf = {2000.0, 1500.25};
         run.window.resetMdFdCf();
-        QCOMPARE(run.depthField(), depth);
-        QCOMPARE(run.differenceField(), difference);
-        QCOMPARE(run.carrierField(), carrier);
-    }
-
-    void changingTheMainParameter_resetsTheDeviant()
-    {
-        SilentRun run(carrierFrequencyParameter);
-        QCOMPARE(run.data.md[deviant], 0.0);
-        QCOMPARE(run.data.fd[deviant], 0.05);
-        QCOMPARE(run.data.cf[deviant], 950.0);
-        comboBoxOf(run.window, "comboBoxMainParameter")->setCurrentIndex(modulationDepthParameter);
-        QCOMPARE(run.data.md[deviant], 0.5);
-        QCOMPARE(run.data.fd[deviant], 0.0);
-        QCOMPARE(run.data.cf[deviant], 1000.0);
+        QTEST(deviantFields(run.window), "fields");
     }
 
     // At each change that is noted, four digits say whether the step, the sound, the spectrum and
@@ -177,23 +124,12 @@ private slots:
         QVERIFY(Probe::timerPlay(window)->isActive());
     }
 
-    void updateAll_addsTheTrialAndGoesOn()
-    {
-        SilentRun run(modulationDepthParameter);
-        run.begin();
-        run.data.records.append(answered(true, 0.5));
-        run.window.updateAll();
-        QCOMPARE(Probe::trendY(run.window), Values {50.0});
-        QCOMPARE(run.depthField(), QString("39.7164"));
-        QCOMPARE(run.data.nTrials, 2);
-    }
-
     void nothingHappens_withoutTheRecordOfTheTrial_data()
     {
         QTest::addColumn<int>("nTrials");
-        QTest::newRow("negative") << -1;
-        QTest::newRow("before the first trial") << 0;
-        QTest::newRow("beyond the records") << 2;
+        addRow("negative", -1);
+        addRow("before the first trial", 0);
+        addRow("beyond the records", 2);
     }
 
     void nothingHappens_withoutTheRecordOfTheTrial()
@@ -209,7 +145,7 @@ private slots:
         QCOMPARE(Probe::trendAxisX(run.window)->tickCount(), 2);
         QCOMPARE(run.data.stepFactor, -1);
         QCOMPARE(run.data.nTrials, nTrials);
-        QCOMPARE(run.depthField(), QString("50.0000"));
+        QCOMPARE(textOf(run.window, "lineEditDevModDepth"), QString("50.0000"));
         QVERIFY(!Probe::timerPlay(run.window)->isActive());
     }
 
@@ -227,15 +163,7 @@ private slots:
         QCOMPARE(Probe::trendYMax(run.window), 100.0);
         QCOMPARE(Probe::trendAxisY(run.window)->min(), 0.0);
         QCOMPARE(Probe::trendAxisY(run.window)->max(), 100.0);
-        QCOMPARE(run.data.nTrials, 0);
-        QCOMPARE(run.data.reversals, Values(14, 0.0));
-        QCOMPARE(run.data.reversalCount, 0);
-        QVERIFY(run.data.records.isEmpty());
-        QCOMPARE(run.data.deviantPosition, 0);
-        QCOMPARE(run.data.threshold, 0.0);
-        QCOMPARE(run.data.meanReactionTime, 0.0);
-        QCOMPARE(run.data.meanReactionTimeCorrect, 0.0);
-        QCOMPARE(run.data.meanReactionTimeIncorrect, 0.0);
+        verifyNothingOfARun(run.data, 14);
     }
 
     void view_startsANewRun()
@@ -247,7 +175,7 @@ private slots:
         QVERIFY(run.data.records.isEmpty());
         QCOMPARE(run.data.reversalCount, 0);
         QCOMPARE(Probe::trendSeries(run.window)->count(), 0);
-        QCOMPARE(run.depthField(), QString("50.0000"));
+        QCOMPARE(textOf(run.window, "lineEditDevModDepth"), QString("50.0000"));
     }
 
     void reversals_keepTheirNumber_whenThePanelAsksForFewer()

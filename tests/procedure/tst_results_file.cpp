@@ -27,15 +27,6 @@ QString charactersFrom(ushort first, ushort last)
     return characters;
 }
 
-/// A run that ends at the second answer, if that one is wrong.
-void askForOneReversal(SilentRun& run, bool saveData)
-{
-    type(run.window, "lineEditNReversals", "1");
-    checkBoxOf(run.window, "checkBoxSaveData")->setChecked(saveData);
-    buttonOf(run.window, "pushButtonView")->click();
-    buttonOf(run.window, "pushButtonGo")->click();
-}
-
 } // namespace
 
 class TestResultsFile : public WindowTest {
@@ -63,7 +54,7 @@ private slots:
     {
         SavedRun run;
         run.save(run.path("depth.txt"));
-        QCOMPARE(SavedRun::contentOf(run.path("depth.txt")), SavedRun::expectedBytes());
+        QCOMPARE(contentOf(run.path("depth.txt")), SavedRun::expectedBytes());
         QCOMPARE(run.names(), QStringList {"depth.txt"});
         QVERIFY(run.boxes.messages().isEmpty());
     }
@@ -74,7 +65,7 @@ private slots:
         run.data.mainParameter = carrierFrequencyParameter;
         run.data.cf[standard] = 2000.0;
         run.save(run.path("frequency.txt"));
-        QCOMPARE(SavedRun::contentOf(run.path("frequency.txt")),
+        QCOMPARE(contentOf(run.path("frequency.txt")),
             QByteArray("frequency difference (Hz)\tstimulus position\tresponse position\t"
                        "correctness\treaction time (ms)\r\n1000.000000\t2\t2\t1\t734\r\n"
                        "500.000000\t2\t3\t0\t65\r\n"));
@@ -85,7 +76,7 @@ private slots:
         SavedRun run;
         run.data.mainParameter = 2;
         run.save(run.path("other.txt"));
-        QCOMPARE(SavedRun::contentOf(run.path("other.txt")), QByteArray());
+        QCOMPARE(contentOf(run.path("other.txt")), QByteArray());
         QVERIFY(run.boxes.messages().isEmpty());
     }
 
@@ -93,9 +84,9 @@ private slots:
     {
         SavedRun run;
         run.data.records.clear();
-        SavedRun::fill(run.path("none.txt"), "an earlier run");
+        fillFile(run.path("none.txt"), "an earlier run");
         run.save(run.path("none.txt"));
-        QCOMPARE(SavedRun::contentOf(run.path("none.txt")), QByteArray());
+        QCOMPARE(contentOf(run.path("none.txt")), QByteArray());
         QVERIFY(run.boxes.messages().isEmpty());
     }
 
@@ -104,7 +95,7 @@ private slots:
         SavedRun run;
         run.data.records = QVector<Record>(40, answered(true, 0.5, 734));
         run.save(run.path("forty.txt"));
-        const QByteArray content = SavedRun::contentOf(run.path("forty.txt"));
+        const QByteArray content = contentOf(run.path("forty.txt"));
         QCOMPARE(content.count("\r\n"), 41);
         QCOMPARE(content.count('\n'), 41);
         QCOMPARE(content.count('\r'), 41);
@@ -114,9 +105,9 @@ private slots:
     void longerFile_isReplacedWithoutAQuestion()
     {
         SavedRun run;
-        SavedRun::fill(run.path("run.txt"), QByteArray(100000, 'x'));
+        fillFile(run.path("run.txt"), QByteArray(100000, 'x'));
         run.save(run.path("run.txt"));
-        QCOMPARE(SavedRun::contentOf(run.path("run.txt")), SavedRun::expectedBytes());
+        QCOMPARE(contentOf(run.path("run.txt")), SavedRun::expectedBytes());
         QVERIFY(run.boxes.messages().isEmpty());
         QCOMPARE(run.boxes.fileChoices().size(), 1);
     }
@@ -135,7 +126,7 @@ private slots:
         QCOMPARE(textOf(run.window, "lineEditFileName"), shownName);
         run.save(path);
         QCOMPARE(run.boxes.fileChoices().last().fileName, QString("chosen.txt"));
-        QCOMPARE(SavedRun::contentOf(path), SavedRun::expectedBytes());
+        QCOMPARE(contentOf(path), SavedRun::expectedBytes());
     }
 
     void panelsPath_isReadAgain_atTheNextView()
@@ -179,7 +170,7 @@ private slots:
         run.save(run.path(name));
         QVERIFY(run.boxes.messages().isEmpty());
         QCOMPARE(run.names(), QStringList {name});
-        QCOMPARE(SavedRun::contentOf(run.path(name)), SavedRun::expectedBytes());
+        QCOMPARE(contentOf(run.path(name)), SavedRun::expectedBytes());
         QCOMPARE(run.data.outputDir, run.path(name));
         QCOMPARE(run.data.fileName, name);
     }
@@ -206,26 +197,29 @@ private slots:
         });
         run.window.writeDataToTxt();
         QCOMPARE(run.names(), QStringList {name});
-        QCOMPARE(SavedRun::contentOf(run.path(name)), SavedRun::expectedBytes());
+        QCOMPARE(contentOf(run.path(name)), SavedRun::expectedBytes());
         QVERIFY(run.boxes.messages().isEmpty());
     }
 
     void listener_seesTheResult_beforeTheDialogOpens()
     {
-        SilentRun run(modulationDepthParameter);
+        SilentRun run(modulationDepthParameter, 1);
         const QTemporaryDir folder;
         ModalBoxes boxes;
-        askForOneReversal(run, true);
-        bool isResultVisible = false;
+        checkBoxOf(run.window, "checkBoxSaveData")->setChecked(true);
+        run.driver.open();
+        QString shown;
         boxes.onOpen([&](QWidget*) {
-            isResultVisible
-                = labelOf(*Probe::subjectWindow(run.window), "labelThreshold")->isVisible();
+            const SubjectWindow& subject = run.subject();
+            QVERIFY(labelOf(subject, "labelThreshold")->isVisible());
+            QVERIFY(buttonOf(subject, "pushButtonDone")->isVisible());
+            shown = labelOf(subject, "labelThreshold")->text();
         });
         boxes.chooseFile(folder.filePath("run.txt"));
         run.play("cw");
         QCOMPARE(boxes.fileChoices().size(), 1);
-        QVERIFY(isResultVisible);
-        const QList<QByteArray> lines = SavedRun::contentOf(folder.filePath("run.txt")).split('\n');
+        QCOMPARE(shown, QString("Modulation Threshold = 39.7164 %,   Reaction Time = 0 ms"));
+        const QList<QByteArray> lines = contentOf(folder.filePath("run.txt")).split('\n');
         QCOMPARE(lines.size(), 4);
         QVERIFY(lines[1].startsWith("50.000000\t"));
         QVERIFY(lines[1].endsWith("\t1\t0\r"));
@@ -235,13 +229,14 @@ private slots:
 
     void nothingIsAsked_whenSavingWasNotAskedFor()
     {
-        SilentRun run(modulationDepthParameter);
+        SilentRun run(modulationDepthParameter, 1);
         ModalBoxes boxes;
-        askForOneReversal(run, false);
+        run.driver.open();
         checkBoxOf(run.window, "checkBoxSaveData")->setChecked(true);
         run.play("cw");
         QVERIFY(std::isfinite(run.data.threshold) && run.data.threshold > 0.0);
         QVERIFY(boxes.fileChoices().isEmpty());
+        QVERIFY(boxes.messages().isEmpty());
     }
 };
 

@@ -87,7 +87,7 @@ private slots:
         run.save(run.path("later.txt"));
         QCOMPARE(run.boxes.fileChoices().last().directory, QString("/"));
         QCOMPARE(run.boxes.messages().size(), 1);
-        QCOMPARE(SavedRun::contentOf(run.path("later.txt")), SavedRun::expectedBytes());
+        QCOMPARE(contentOf(run.path("later.txt")), SavedRun::expectedBytes());
     }
 
     void missingFolder_isMadeAtTheChosenPathItself_data()
@@ -113,10 +113,10 @@ private slots:
     void file_isLeftAlone_whenItStandsInTheFoldersPlace()
     {
         SavedRun run;
-        SavedRun::fill(run.path("file"), "kept");
+        fillFile(run.path("file"), "kept");
         run.save(run.path("file/run.txt"));
         verifyWarnedOnce(run, run.path("file/run.txt") + "run.txt");
-        QCOMPARE(SavedRun::contentOf(run.path("file")), QByteArray("kept"));
+        QCOMPARE(contentOf(run.path("file")), QByteArray("kept"));
     }
 
     // The dialog itself never returns a folder that is there already, so this one appears just
@@ -152,7 +152,7 @@ private slots:
     void file_keepsItsContent_whenItMayOnlyBeRead()
     {
         SavedRun run;
-        SavedRun::fill(run.path("run.txt"), "kept");
+        fillFile(run.path("run.txt"), "kept");
         QVERIFY(QFile::setPermissions(run.folder.path(), readable | executable | writable));
         QVERIFY(QFile::setPermissions(run.path("run.txt"), readable));
         {
@@ -160,7 +160,7 @@ private slots:
             run.save(run.path("run.txt"));
         }
         verifyWarnedOnce(run, run.path("run.txt") + "run.txt");
-        QCOMPARE(SavedRun::contentOf(run.path("run.txt")), QByteArray("kept"));
+        QCOMPARE(contentOf(run.path("run.txt")), QByteArray("kept"));
     }
 
     void warning_isShown_whenTheNameIsTooLong_data()
@@ -223,7 +223,7 @@ private slots:
         run.data.records = QVector<Record>(2000, answered(true, 0.5, 734));
         const QString path = run.path("run.txt");
         run.save(path);
-        const QByteArray complete = SavedRun::contentOf(path);
+        const QByteArray complete = contentOf(path);
         QVERIFY(complete.size() > 40000);
         QVERIFY(run.boxes.messages().isEmpty());
 
@@ -232,10 +232,10 @@ private slots:
             const FileSizeLimit limit(static_cast<rlim_t>(room));
             run.save(path);
         }
-        QVERIFY(SavedRun::contentOf(path).size() <= room);
+        QVERIFY(contentOf(path).size() <= room);
         verifyWarnedOnce(run, path + "run.txt");
         run.save(path);
-        QCOMPARE(SavedRun::contentOf(path), complete);
+        QCOMPARE(contentOf(path), complete);
         QCOMPARE(run.boxes.messages().size(), 1);
     }
 
@@ -248,13 +248,7 @@ private:
 
     static void verifyWarnedOnce(SavedRun& run, const QString& names)
     {
-        QCOMPARE(run.boxes.messages().size(), 1);
-        const ModalBoxes::Message message = run.boxes.messages().first();
-        QCOMPARE(message.title, QString("Warning"));
-        QCOMPARE(message.text, "could not open file for writing \r\n" + names);
-        QCOMPARE(message.icon, QMessageBox::Warning);
-        QCOMPARE(message.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-        QCOMPARE(message.parent, &run.window);
+        verifyOneWarning(run.boxes, "could not open file for writing \r\n" + names, &run.window);
     }
 };
 

@@ -33,8 +33,7 @@ class TestStaircaseRule : public QuietTest {
 private slots:
     void step_multipliesByAnAmplitudeRatio_data()
     {
-        QTest::addColumn<int>("stepDb");
-        QTest::addColumn<double>("ratio");
+        addColumns<int, double>("stepDb", "ratio");
         QTest::newRow("wrong, large step: 10^(1/5)") << 4 << 1.5848931924611136;
         QTest::newRow("correct, large step: 10^(-1/10)") << -2 << 0.79432823472428149;
         QTest::newRow("wrong, small step: 10^(1/10)") << 2 << 1.2589254117941673;
@@ -69,8 +68,7 @@ private slots:
 
     void steps_followTheAnswers_data()
     {
-        QTest::addColumn<QString>("answers");
-        QTest::addColumn<Steps>("expected");
+        addColumns<QString, Steps>("answers", "expected");
         QTest::newRow("correct first trial") << "c" << Steps {-2};
         QTest::newRow("wrong first trial") << "w" << Steps {4};
         QTest::newRow("no reversal: large steps") << "ccc" << Steps {-2, -2, -2};
@@ -85,7 +83,6 @@ private slots:
     void steps_followTheAnswers()
     {
         QFETCH(QString, answers);
-        QFETCH(Steps, expected);
         Data data;
         Steps steps;
         for (const QChar answer : answers) {
@@ -93,7 +90,7 @@ private slots:
             judgeTrial(data, data.records.size() - 1);
             steps.append(nextStepDb(data));
         }
-        QCOMPARE(steps, expected);
+        QTEST(steps, "expected");
     }
 
     void stepSize_isTheLastOne_beyondTheTable()
@@ -110,8 +107,7 @@ private slots:
 
     void reversals_areTheValuesWhereCorrectnessChanged_data()
     {
-        QTest::addColumn<QString>("answers");
-        QTest::addColumn<Values>("expected");
+        addColumns<QString, Values>("answers", "expected");
         QTest::newRow("first trial") << "c" << Values {};
         QTest::newRow("first trial wrong") << "w" << Values {};
         QTest::newRow("all correct") << "cccccccc" << Values {};
@@ -198,10 +194,7 @@ private slots:
 
     void step_movesWhatIsAdaptedAlone_data()
     {
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<double>("md");
-        QTest::addColumn<double>("fd");
-        QTest::addColumn<double>("cf");
+        addColumns<int, double, double, double>("mainParameter", "md", "fd", "cf");
         const double ratio = 1.2589254117941672104;
         QTest::newRow("frequency: the deviant goes below the standard")
             << carrierFrequencyParameter << 0.5 << 0.05 * ratio << (1 - 0.05 * ratio) * 2000.0;
@@ -248,10 +241,7 @@ private slots:
 
     void deviant_startsAtItsParametersValues_data()
     {
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<double>("md");
-        QTest::addColumn<double>("fd");
-        QTest::addColumn<double>("cf");
+        addColumns<int, double, double, double>("mainParameter", "md", "fd", "cf");
         QTest::newRow("frequency") << carrierFrequencyParameter << 0.0 << 0.05 << 1900.0;
         QTest::newRow("depth") << modulationDepthParameter << 0.5 << 0.0 << 2000.0;
         QTest::newRow("other: unchanged") << otherParameter << 0.25 << 0.125 << 1500.0;
@@ -276,8 +266,7 @@ private slots:
     // Where cf - cf * 0.05 is the next larger number.
     void startCarrier_isTheProduct_toTheLastBit_data()
     {
-        QTest::addColumn<double>("standardCarrier");
-        QTest::addColumn<double>("carrier");
+        addColumns<double, double>("standardCarrier", "carrier");
         QTest::newRow("333 Hz") << 333.0 << 316.34999999999997;
         QTest::newRow("1234.5 Hz") << 1234.5 << 1172.7749999999999;
     }
@@ -304,15 +293,7 @@ private slots:
         data.threshold = data.meanReactionTime = 1.0;
         data.meanReactionTimeCorrect = data.meanReactionTimeIncorrect = 1.0;
         clearRun(data);
-        QCOMPARE(data.nTrials, 0);
-        QCOMPARE(data.reversals, Values(20, 0.0));
-        QCOMPARE(data.reversalCount, 0);
-        QVERIFY(data.records.isEmpty());
-        QCOMPARE(data.deviantPosition, 0);
-        QCOMPARE(data.threshold, 0.0);
-        QCOMPARE(data.meanReactionTime, 0.0);
-        QCOMPARE(data.meanReactionTimeCorrect, 0.0);
-        QCOMPARE(data.meanReactionTimeIncorrect, 0.0);
+        verifyNothingOfARun(data, 20);
     }
 };
 

@@ -64,8 +64,7 @@ private slots:
     // Two correct answers and a wrong one lead back to the same value, so each cycle is alike.
     void values_followTheAnswers_data()
     {
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<double>("start");
+        addColumns<int, double>("mainParameter", "start");
         QTest::newRow("depth") << modulationDepthParameter << 0.5;
         QTest::newRow("frequency") << carrierFrequencyParameter << 0.05;
     }
@@ -85,20 +84,18 @@ private slots:
 
     void run_endsWithoutAnotherTrial_atTheFirstReversalAskedFor()
     {
-        SilentRun run(modulationDepthParameter);
-        type(run.window, "lineEditNReversals", "1");
-        buttonOf(run.window, "pushButtonView")->click();
+        SilentRun run(modulationDepthParameter, 1);
         QSignalSpy done(&run.window, &MainWindow::doneDataCollection);
         run.play("cc");
         QCOMPARE(done.count(), 0);
         Probe::timerPlay(run.window)->stop();
-        const QString shown = run.depthField();
+        const QString shown = textOf(run.window, "lineEditDevModDepth");
         run.answer(false);
         QCOMPARE(done.count(), 1);
         QCOMPARE(run.data.nTrials, 3);
         QCOMPARE(run.data.records.size(), 3);
         QVERIFY(!Probe::timerPlay(run.window)->isActive());
-        QCOMPARE(run.depthField(), shown);
+        QCOMPARE(textOf(run.window, "lineEditDevModDepth"), shown);
         QCOMPARE(run.data.reversals[0], run.data.records[2].value);
         QCOMPARE(run.data.nReversalsToCalculate, 1);
         QCOMPARE(run.data.threshold, run.data.records[2].value);
@@ -130,9 +127,7 @@ private slots:
 
     void run_goesOnInSmallSteps_beyondTheTableOfSteps()
     {
-        SilentRun run(carrierFrequencyParameter);
-        type(run.window, "lineEditNReversals", "20");
-        buttonOf(run.window, "pushButtonView")->click();
+        SilentRun run(carrierFrequencyParameter, 20);
         QSignalSpy done(&run.window, &MainWindow::doneDataCollection);
         run.play(alternating(20));
         QCOMPARE(done.count(), 0);
@@ -143,15 +138,13 @@ private slots:
         // 0, -2, +2, +1, +3, +2, +4 ... dB: each pair of a correct and a wrong answer adds 1 dB.
         QVERIFY(areNear(
             {run.data.reversals[18], run.data.reversals[19]}, afterDecibels(0.05, {9, 11})));
-        buttonOf(run.window, "pushButtonView")->click();
+        run.view();
         QCOMPARE(run.data.reversals, Values(20, 0.0));
     }
 
     void firstAnswer_endsTheRun_whenNoReversalIsAskedFor()
     {
-        SilentRun run(modulationDepthParameter);
-        type(run.window, "lineEditNReversals", "0");
-        buttonOf(run.window, "pushButtonView")->click();
+        SilentRun run(modulationDepthParameter, 0);
         QSignalSpy done(&run.window, &MainWindow::doneDataCollection);
         run.begin();
         QVERIFY(!Probe::timerPlay(run.window)->isActive());
@@ -164,9 +157,7 @@ private slots:
 
     void results_areTheMeansOfTheRun_data()
     {
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<double>("start");
-        QTest::addColumn<double>("carrier");
+        addColumns<int, double, double>("mainParameter", "start", "carrier");
         QTest::newRow("depth") << modulationDepthParameter << 0.5 << 1000.0;
         QTest::newRow("frequency") << carrierFrequencyParameter << 0.05 << 2000.0;
     }
@@ -177,11 +168,9 @@ private slots:
         QFETCH(int, mainParameter);
         QFETCH(double, start);
         QFETCH(double, carrier);
-        SilentRun run(mainParameter);
+        SilentRun run(mainParameter, 5, 3);
         type(run.window, "lineEditStdCarrierFreq", QString::number(carrier));
-        type(run.window, "lineEditNReversals", "5");
-        type(run.window, "lineEditNReversalsToCalc", "3");
-        buttonOf(run.window, "pushButtonView")->click();
+        run.view();
         QSignalSpy done(&run.window, &MainWindow::doneDataCollection);
         run.play("ccwccwccw");
         QCOMPARE(done.count(), 1);
@@ -210,8 +199,7 @@ private slots:
 
     void listener_seesTheResult_data()
     {
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<QString>("shown");
+        addColumns<int, QString>("mainParameter", "shown");
         QTest::newRow("depth") << modulationDepthParameter << "Modulation Threshold = 43.1443 %";
         QTest::newRow("frequency")
             << carrierFrequencyParameter << "Frequency Difference = 43.1443 Hz";
@@ -221,14 +209,10 @@ private slots:
     {
         QFETCH(int, mainParameter);
         QFETCH(QString, shown);
-        SilentRun run(mainParameter);
-        type(run.window, "lineEditNReversals", "5");
-        type(run.window, "lineEditNReversalsToCalc", "3");
-        buttonOf(run.window, "pushButtonView")->click();
-        buttonOf(run.window, "pushButtonGo")->click();
-        SubjectWindow* const subject = Probe::subjectWindow(run.window);
+        SilentRun run(mainParameter, 5, 3);
+        run.driver.open();
         run.play("ccwccwccw");
-        const QLabel* const label = labelOf(*subject, "labelThreshold");
+        const QLabel* const label = labelOf(run.subject(), "labelThreshold");
         QVERIFY(label->isVisible());
         // The trials had no sound, so their reaction clock never ran.
         QCOMPARE(label->text(), shown + ",   Reaction Time = 0 ms");

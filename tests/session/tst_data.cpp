@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The defaults of a session.
+#include "procedure/Records.h"
 #include "session/Data.h"
 #include "support/TestProgram.h"
 
@@ -82,28 +83,16 @@ private slots:
     void staircase_isAtItsStart_whenBuilt()
     {
         const Data data;
-        QCOMPARE(data.nTrials, 0);
         QCOMPARE(data.nReversals, 14);
         QCOMPARE(data.nReversalsToCalculate, 8);
-        QCOMPARE(data.reversals, QVector<double>(14, 0.0));
         QCOMPARE(data.stepFactorIncorrect, 2);
         QCOMPARE(data.stepFactorCorrect, -1);
         QCOMPARE(data.stepFactor, -1);
-        QCOMPARE(data.reversalCount, 0);
         QCOMPARE(data.stepSizes, QVector<int>({2, 2, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1}));
         QCOMPARE(data.stepSizes.size(), data.nReversals + 1);
-        QVERIFY(data.records.isEmpty());
-        QCOMPARE(data.deviantPosition, 0);
     }
 
-    void results_areZero_whenBuilt()
-    {
-        const Data data;
-        QCOMPARE(data.threshold, 0.0);
-        QCOMPARE(data.meanReactionTime, 0.0);
-        QCOMPARE(data.meanReactionTimeCorrect, 0.0);
-        QCOMPARE(data.meanReactionTimeIncorrect, 0.0);
-    }
+    void run_isEmpty_whenBuilt() { verifyNothingOfARun(Data(), 14); }
 
     void fields_lieInTheirOrder_whenBuilt()
     {

@@ -12,20 +12,9 @@ class TestSubjectWindow : public QuietTest {
     Q_OBJECT
 
 private slots:
-    void title_isExact()
-    {
-        const SubjectWindow window(nullptr);
-        QCOMPARE(window.windowTitle(),
-            "Quorin Lab | Frequency Discrimination and Modulation Detection (v062) | "
-            "Subject Window");
-    }
-
     void widgets_haveTheirTextsAndPlaces_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QVector<int>>("place");
-        QTest::addColumn<bool>("isVisible");
+        addColumns<QString, QString, QVector<int>, bool>("name", "text", "place", "isVisible");
         const auto add
             = [](const char* name, const char* text, const QVector<int>& place, bool isVisible) {
                   QTest::newRow(name) << QString(name) << QString(text) << place << isVisible;
@@ -70,9 +59,7 @@ private slots:
     void intervalButtons_fillTheWindow()
     {
         SubjectWindow window(nullptr);
-        for (const QPushButton* button :
-            {buttonOf(window, "pushButtonChoice1"), buttonOf(window, "pushButtonChoice2"),
-                buttonOf(window, "pushButtonChoice3"), buttonOf(window, "pushButtonChoice4")}) {
+        for (const QPushButton* button : choiceButtons(window)) {
             QCOMPARE(button->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
             QCOMPARE(button->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
             QCOMPARE(button->styleSheet(), QString());
@@ -112,9 +99,7 @@ private slots:
 
         QCOMPARE(responses, QList<QVariantList>() << (QVariantList() << 0));
         QVERIFY(!buttonOf(window, "pushButtonDone")->isVisible());
-        for (const QPushButton* button :
-            {buttonOf(window, "pushButtonChoice1"), buttonOf(window, "pushButtonChoice2"),
-                buttonOf(window, "pushButtonChoice3"), buttonOf(window, "pushButtonChoice4")}) {
+        for (const QPushButton* button : choiceButtons(window)) {
             QVERIFY(button->isVisible());
             QVERIFY(button->testAttribute(Qt::WA_ForceDisabled));
         }
@@ -122,8 +107,7 @@ private slots:
 
     void answer_disablesTheWindowAtOnce_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("response");
+        addColumns<QString, int>("name", "response");
         QTest::newRow("2") << "pushButtonChoice2" << 2;
         QTest::newRow("3") << "pushButtonChoice3" << 3;
     }
@@ -183,8 +167,7 @@ private slots:
 
     void giveUpPicture_leavesWhatIsShownAgain_whenTheWindowIsHidden_data()
     {
-        QTest::addColumn<int>("state");
-        QTest::addColumn<bool>("isEnabled");
+        addColumns<int, bool>("state", "isEnabled");
         QTest::newRow("a sound plays") << 1 << false;
         QTest::newRow("the answer may be given") << answerState << true;
     }

@@ -48,8 +48,8 @@ private slots:
 
         const QString path = saved.path("track.txt");
         QCOMPARE(tracksWritten({path, 1}, simulation), QStringList());
-        const QByteArray content = SavedRun::contentOf(path);
-        QCOMPARE(content, SavedRun::contentOf(saved.path("application.txt")));
+        const QByteArray content = contentOf(path);
+        QCOMPARE(content, contentOf(saved.path("application.txt")));
         QCOMPARE(content.count("\r\n"), 1 + data.nTrials);
         QVERIFY(content.contains("\t734\r\n"));
     }
@@ -64,8 +64,7 @@ private slots:
         QCOMPARE(names,
             QStringList({"AB_test001_noise_modulation depth.txt",
                 "AB_test002_noise_modulation depth.txt"}));
-        QVERIFY(SavedRun::contentOf(folder.filePath(names[0]))
-            != SavedRun::contentOf(folder.filePath(names[1])));
+        QVERIFY(contentOf(folder.filePath(names[0])) != contentOf(folder.filePath(names[1])));
     }
 
     void frequencyRun_isNamedAsOneOfATone()
@@ -116,14 +115,11 @@ private slots:
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath("a.txt");
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("a listener's hour");
-        file.close();
+        fillFile(path, "a listener's hour");
         const QStringList errors = tracksWritten({path, 1}, simulationOf(constantListener(0.5)));
         QCOMPARE(errors.size(), 1);
         QVERIFY(errors[0].startsWith(path + ": is there already"));
-        QCOMPARE(SavedRun::contentOf(path), QByteArray("a listener's hour"));
+        QCOMPARE(contentOf(path), QByteArray("a listener's hour"));
     }
 
     void nothingIsLeft_whenTheFolderIsMissing()
