@@ -10,14 +10,6 @@ namespace {
 
 constexpr int soundsPerTrial = 4;
 
-QVector<float> singlePrecision(const QVector<double>& samples)
-{
-    QVector<float> converted(samples.size());
-    std::transform(samples.begin(), samples.end(), converted.begin(),
-        [](double sample) { return static_cast<float>(sample); });
-    return converted;
-}
-
 // With no silence between two sounds their ends overlap by the server's blocks, or more when the
 // machine is busy: the sums round, by less than this at sample values up to 1.
 constexpr float overlapTolerance = 1e-6F;
@@ -73,6 +65,14 @@ Rebuilt rebuilt(const QVector<ScriptedListener::Trial>& trials, const QVector<fl
 }
 
 } // namespace
+
+QVector<float> singlePrecision(const QVector<double>& samples)
+{
+    QVector<float> converted(samples.size());
+    std::transform(samples.begin(), samples.end(), converted.begin(),
+        [](double sample) { return static_cast<float>(sample); });
+    return converted;
+}
 
 QString differenceFromRecording(
     const QVector<ScriptedListener::Trial>& trials, const QVector<float>& recording)

@@ -6,6 +6,9 @@
 #include <QString>
 #include <QVector>
 
+/// Samples as they are played.
+QVector<float> singlePrecision(const QVector<double>& samples);
+
 /// Rebuilds a recording from the sounds of a run's trials, as 32-bit floats at the places where
 /// they are found one after the other, the deviant in its interval, and compares every sample.
 /// Sounds that follow each other without silence may overlap by the server's blocks: they then add

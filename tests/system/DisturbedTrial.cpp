@@ -3,6 +3,7 @@
 #include "system/DisturbedTrial.h"
 
 #include "support/MainWindowProbe.h"
+#include "support/TrialRecording.h"
 #include "support/WindowWidgets.h"
 
 #include <QCheckBox>
@@ -13,12 +14,9 @@
 
 #include <algorithm>
 
-using namespace quorin;
-
 DisturbedTrial::DisturbedTrial(int silenceMs)
 {
-    type(window, "lineEditStdDuration", QString::number(soundMs));
-    type(window, "lineEditDevDuration", QString::number(soundMs));
+    typeDurations(window, QString::number(soundMs));
     type(window, "lineEditSilentInterval", QString::number(silenceMs));
     QObject::connect(&window, &MainWindow::soundPlaying, &window, [this](int state) {
         m_states.append(state);
@@ -36,9 +34,8 @@ void DisturbedTrial::setUnmodulatedTones() const
 bool DisturbedTrial::play()
 {
     constexpr int timeoutMs = 60000;
-    buttonOf(window, "pushButtonView")->click();
-    buttonOf(window, "pushButtonGo")->click();
-    buttonOf(*Probe::subjectWindow(window), "pushButtonIAmReady")->click();
+    m_listener.stopAfter(1);
+    m_listener.startRun();
     const auto hasEnded = [this] {
         const QByteArray* const bytes = Probe::audioBytes(window);
         return m_states.contains(-1) && Probe::soundsAside(window).isEmpty()
@@ -47,15 +44,11 @@ bool DisturbedTrial::play()
     return QTest::qWaitFor(hasEnded, timeoutMs);
 }
 
-QVector<float> DisturbedTrial::sound(int interval)
+QVector<float> DisturbedTrial::sound(int interval) const
 {
-    const QVector<double>& samples = interval == Probe::data(window).deviantPosition
-        ? Probe::stimuli(window)[deviant].samples
-        : Probe::stimuli(window)[standard].samples;
-    QVector<float> converted(samples.size());
-    std::transform(samples.begin(), samples.end(), converted.begin(),
-        [](double sample) { return static_cast<float>(sample); });
-    return converted;
+    const ScriptedListener::Trial& trial = m_listener.trials().constFirst();
+    const bool isDeviant = interval == trial.deviantPosition;
+    return singlePrecision(isDeviant ? trial.deviantSound : trial.standardSound);
 }
 
 QVector<SoundPlace> DisturbedTrial::placesIn(const QVector<float>& recording)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/MainWindow.h"
+#include "support/ScriptedListener.h"
 
 #include <QString>
 #include <QStringList>
@@ -42,8 +43,8 @@ public:
 
     /// All states that soundPlaying told.
     const QVector<int>& states() const { return m_states; }
-    /// The samples of a sound, counted from 1, as they must be played.
-    QVector<float> sound(int interval);
+    /// The samples of a sound, counted from 1, as they must be played; once it was.
+    QVector<float> sound(int interval) const;
     /// Where the sounds lie in a recording that holds each of their samples, in order, and nothing
     /// else but zeros.
     /// @return no place, and a reason in whatIsWrong(), if anything is missing, too much or mixed
@@ -53,6 +54,7 @@ public:
     MainWindow window;
 
 private:
+    ScriptedListener m_listener {window, "c"};
     QVector<int> m_states;
     QString m_whatIsWrong;
 };

@@ -3,6 +3,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
+#include "support/ScriptedListener.h"
 #include "support/WindowWidgets.h"
 #include "system/RepeatedRuns.h"
 
@@ -38,17 +39,15 @@ private slots:
     {
         MainWindow window;
         ModalBoxes boxes;
-        type(window, "lineEditStdDuration", "10");
-        type(window, "lineEditDevDuration", "10");
+        typeDurations(window, "10");
         type(window, "lineEditSilentInterval", "0");
         for (int sound = 1; sound <= 4; ++sound) {
             announceWarning(nullDevice);
         }
-        buttonOf(window, "pushButtonView")->click();
-        buttonOf(window, "pushButtonGo")->click();
         QSignalSpy told(&window, SIGNAL(soundPlaying(int)));
+        ScriptedListener listener(window, "c");
+        listener.startRun();
         SubjectWindow& subject = *Probe::subjectWindow(window);
-        buttonOf(subject, "pushButtonIAmReady")->click();
         QTRY_COMPARE(told, (QList<QVariantList> {{1}, {2}, {3}, {4}}));
         QCOMPARE(Probe::timerPlay(window)->interval(), 5010);
         QVERIFY(Probe::timerPlay(window)->isActive());
