@@ -2,6 +2,7 @@
 // A run of known answers that can be left at every phase, and what it leaves.
 #include "system/PhasedRun.h"
 
+#include "support/Files.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/WindowWidgets.h"
@@ -10,7 +11,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCryptographicHash>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
@@ -112,8 +112,7 @@ PhasedRun::PhasedRun(MainWindow& window, ModalBoxes& boxes, Kind kind)
     , m_path(m_folder.filePath("run.txt"))
 {
     choose(window, kind);
-    type(window, "lineEditStdDuration", "10");
-    type(window, "lineEditDevDuration", "10");
+    typeDurations(window, "10");
     type(window, "lineEditNReversals", "3");
     type(window, "lineEditNReversalsToCalc", "2");
     type(window, "lineEditSamplingRate", "40000");
@@ -206,8 +205,6 @@ QStringList PhasedRun::outcome()
     lines += exact(Probe::stimuli(m_window)[standard].samples);
     lines += exact(Probe::stimuli(m_window)[deviant].samples);
     lines += labelOf(*Probe::subjectWindow(m_window), "labelThreshold")->text();
-    QFile file(m_path);
-    file.open(QIODevice::ReadOnly);
-    lines += QString::fromLatin1(file.readAll()).split('\n');
+    lines += QString::fromLatin1(contentOf(m_path)).split('\n');
     return lines;
 }

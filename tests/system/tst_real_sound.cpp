@@ -2,6 +2,7 @@
 // Whole runs on a real sound server, recorded and compared sample by sample.
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
+#include "support/Files.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
@@ -50,36 +51,35 @@ class TestRealSound : public QuietTest {
 private slots:
     void initTestCase() { QVERIFY2(m_server.start(), qPrintable(m_server.errorText())); }
 
-    void everySound_isTheOneComputed_inARunOfNoiseAndDepth()
+    void everySound_isTheOneComputed_data()
     {
-        MainWindow window;
-        window.show();
-        play(window);
-        const PlayedByHand expected = playedByHand(m_trials, 0.5);
-        compareRecords(window, expected);
-        const Data& data = Probe::data(window);
-        QCOMPARE(labelOf(*Probe::subjectWindow(window), "labelThreshold")->text(),
-            QString("Modulation Threshold = %1 %,   Reaction Time = %2 ms")
-                .arg(QString::number(expected.threshold * 100, 'g', 6),
-                    QString::number(data.meanReactionTime, 'g', 6)));
-        compareFile("modulation depth (%)", data.records, 100.0);
+        addColumns<int, int, double, double>("soundType", "mainParameter", "start", "unit");
+        addColumns<QString, QString>("text", "column");
+        addRow("noise and depth", noiseCarrier, modulationDepthParameter, 0.5, 100.0,
+            "Modulation Threshold = %1 %,   Reaction Time = %2 ms", "modulation depth (%)");
+        addRow("sinusoid and frequency", sinusoidCarrier, carrierFrequencyParameter, 0.05, 1000.0,
+            "Frequency Difference = %1 Hz,   Reaction Time = %2 ms", "frequency difference (Hz)");
     }
 
-    void everySound_isTheOneComputed_inARunOfSinusoidAndFrequency()
+    void everySound_isTheOneComputed()
     {
+        QFETCH(int, soundType);
+        QFETCH(int, mainParameter);
+        QFETCH(double, start);
+        QFETCH(double, unit);
+        QFETCH(QString, text);
+        QFETCH(QString, column);
         MainWindow window;
         window.show();
-        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
-        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(carrierFrequencyParameter);
+        choose(window, soundType, mainParameter);
         play(window);
-        const PlayedByHand expected = playedByHand(m_trials, 0.05);
+        const PlayedByHand expected = playedByHand(m_trials, start);
         compareRecords(window, expected);
         const Data& data = Probe::data(window);
         QCOMPARE(labelOf(*Probe::subjectWindow(window), "labelThreshold")->text(),
-            QString("Frequency Difference = %1 Hz,   Reaction Time = %2 ms")
-                .arg(QString::number(expected.threshold * 1000, 'g', 6),
-                    QString::number(data.meanReactionTime, 'g', 6)));
-        compareFile("frequency difference (Hz)", data.records, 1000.0);
+            text.arg(QString::number(expected.threshold * unit, 'g', 6),
+                QString::number(data.meanReactionTime, 'g', 6)));
+        compareFile(column, data.records, unit);
     }
 
 private:
@@ -133,9 +133,7 @@ private:
                             .arg(record.correctness ? 1 : 0)
                             .arg(QString::number(record.reactionTime, 'g', 6));
         }
-        QFile file(m_path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), expected.toLatin1());
+        QCOMPARE(contentOf(m_path), expected.toLatin1());
     }
 
     SoundServer m_server;

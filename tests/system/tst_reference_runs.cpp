@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Whole runs through both windows against known figures, texts and files.
 #include "drivers/RunDriver.h"
+#include "support/Files.h"
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
 
@@ -60,11 +61,9 @@ Outcome run(Hearing hearing, const QString& path, const QString& duration = "600
     boxes.chooseFile(path);
     MainWindow window;
     if (hearing == hearsDifference) {
-        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(0);
-        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(0);
+        choose(window, 0, 0);
     }
-    type(window, "lineEditStdDuration", duration);
-    type(window, "lineEditDevDuration", duration);
+    typeDurations(window, duration);
     checkBoxOf(window, "checkBoxSaveData")->setChecked(true);
     RunDriver driver(window);
     SubjectWindow& subject = driver.open();
@@ -79,11 +78,8 @@ Outcome run(Hearing hearing, const QString& path, const QString& duration = "600
     }
 
     const QString text = labelOf(subject, "labelThreshold")->text();
-    QFile file(path);
-    const bool isSaved = file.open(QIODevice::ReadOnly);
     return {Probe::data(window).nTrials, text.left(text.indexOf(",   ")),
-        between(text, "Reaction Time = ", " ms"), isSaved ? file.readAll() : QByteArray(),
-        Probe::data(window).records};
+        between(text, "Reaction Time = ", " ms"), contentOf(path), Probe::data(window).records};
 }
 
 struct Line {
@@ -150,22 +146,13 @@ protected slots:
 private slots:
     void run_endsWithTheKnownFigures_data()
     {
-        QTest::addColumn<Hearing>("hearing");
-        QTest::addColumn<int>("nTrials");
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QString>("number");
-        QTest::addColumn<QString>("after");
-        QTest::newRow("hears a depth of 10 % and more")
-            << hearsDepth << 29 << "Modulation Threshold = "
-            << "11.2679"
-            << " %";
-        QTest::newRow("hears a difference of 2 Hz and more")
-            << hearsDifference << 36 << "Frequency Difference = "
-            << "2.24824"
-            << " Hz";
-        QTest::newRow("right and wrong in turn") << guesses << 15 << "Modulation Threshold = "
-                                                 << "89.5735"
-                                                 << " %";
+        addColumns<Hearing, int, QString, QString, QString>(
+            "hearing", "nTrials", "before", "number", "after");
+        addRow("hears a depth of 10 % and more", hearsDepth, 29,
+            "Modulation Threshold = ", "11.2679", " %");
+        addRow("hears a difference of 2 Hz and more", hearsDifference, 36,
+            "Frequency Difference = ", "2.24824", " Hz");
+        addRow("right and wrong in turn", guesses, 15, "Modulation Threshold = ", "89.5735", " %");
     }
 
     void run_endsWithTheKnownFigures()
@@ -191,8 +178,8 @@ private slots:
     void run_isTheSame_underAGermanLocale_data()
     {
         QTest::addColumn<Hearing>("hearing");
-        QTest::newRow("depth") << hearsDepth;
-        QTest::newRow("difference") << hearsDifference;
+        addRow("depth", hearsDepth);
+        addRow("difference", hearsDifference);
     }
 
     void run_isTheSame_underAGermanLocale()
@@ -208,7 +195,7 @@ private slots:
         qsrand(1);
         const Outcome german = run(hearing, folder.filePath("german.txt"), brief);
 
-        QVERIFY(!neutral.file.isEmpty());
+        QCOMPARE(recordLines(neutral.file).size(), neutral.nTrials);
         QCOMPARE(german.file, neutral.file);
         QCOMPARE(german.threshold, neutral.threshold);
         QCOMPARE(german.reactionTime, neutral.reactionTime);

@@ -5,6 +5,7 @@
 #include "soundlab/ChildProcess.h"
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
+#include "support/Files.h"
 #include "support/QuietTest.h"
 
 #include <QImage>
@@ -23,12 +24,6 @@ QStringList reportedTrials(const QString& report)
     return report.split('\n').filter(QRegularExpression("^trial +\\d+ "));
 }
 
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 } // namespace
 
 class TestDemo : public QuietTest {
@@ -39,14 +34,11 @@ private slots:
     {
         QTest::addColumn<QString>("parameter");
         QTest::addColumn<QString>("seed"); // that makes a short run
-        QTest::addColumn<QByteArray>("firstColumn");
-        QTest::addColumn<QString>("result");
-        QTest::newRow("depth") << "depth"
-                               << "1738" << QByteArray("modulation depth (%)\t")
-                               << "\nModulation Threshold = ";
-        QTest::newRow("frequency")
-            << "frequency"
-            << "2309" << QByteArray("frequency difference (Hz)\t") << "\nFrequency Difference = ";
+        addColumns<QByteArray, QString>("firstColumn", "result");
+        addRow("depth", "depth", "1738", QByteArray("modulation depth (%)\t"),
+            "\nModulation Threshold = ");
+        addRow("frequency", "frequency", "2309", QByteArray("frequency difference (Hz)\t"),
+            "\nFrequency Difference = ");
     }
 
     void run_endsAndLeavesEverything_forEitherParameter()
@@ -69,10 +61,10 @@ private slots:
         QCOMPARE(folder.entryList(QDir::Files, QDir::Name), allFiles);
         QVERIFY2(report.contains(result), qUtf8Printable(report));
         QVERIFY2(report.contains("\nLeft in " + folder.path() + ":\n"), qUtf8Printable(report));
-        compareTrials(reportedTrials(report), contents(folder.filePath("results.txt")));
-        QVERIFY(contents(folder.filePath("results.txt")).startsWith(firstColumn));
+        compareTrials(reportedTrials(report), contentOf(folder.filePath("results.txt")));
+        QVERIFY(contentOf(folder.filePath("results.txt")).startsWith(firstColumn));
         checkPictures(folder);
-        checkSound(contents(folder.filePath("sound.wav")), reportedTrials(report).size());
+        checkSound(contentOf(folder.filePath("sound.wav")), reportedTrials(report).size());
     }
 
     void run_failsAndSaysWhy_withoutASoundServer()
@@ -102,18 +94,17 @@ private slots:
 
     void arguments_areRefused_whenTheyMeanNothing_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QByteArray>("error");
-        QTest::newRow("parameter") << QStringList {"--parameter",
-            "loudness"} << QByteArray("the parameter is depth or frequency, not loudness");
-        QTest::newRow("seed") << QStringList {"--seed", "-1"}
-                              << QByteArray("the seed must be a whole number, not -1");
-        QTest::newRow("no reversals") << QStringList {"--reversals", "0"}
-                                      << QByteArray("the reversals must be 1 to 100, not 0");
-        QTest::newRow("too many reversals") << QStringList {"--reversals", "101"}
-                                            << QByteArray("the reversals must be 1 to 100, not");
-        QTest::newRow("word") << QStringList {"quickly"} << QByteArray("unknown argument: quickly");
-        QTest::newRow("option") << QStringList {"--quickly"} << QByteArray("quickly");
+        addColumns<QStringList, QByteArray>("arguments", "error");
+        addRow("parameter", QStringList {"--parameter", "loudness"},
+            QByteArray("the parameter is depth or frequency, not loudness"));
+        addRow("seed", QStringList {"--seed", "-1"},
+            QByteArray("the seed must be a whole number, not -1"));
+        addRow("no reversals", QStringList {"--reversals", "0"},
+            QByteArray("the reversals must be 1 to 100, not 0"));
+        addRow("too many reversals", QStringList {"--reversals", "101"},
+            QByteArray("the reversals must be 1 to 100, not"));
+        addRow("word", QStringList {"quickly"}, QByteArray("unknown argument: quickly"));
+        addRow("option", QStringList {"--quickly"}, QByteArray("quickly"));
     }
 
     void arguments_areRefused_whenTheyMeanNothing()

@@ -2,6 +2,7 @@
 // The demonstration's WAV file, report and comparison with the results file.
 #include "demo/DemoTrial.h"
 #include "demo/WavFile.h"
+#include "support/Files.h"
 #include "support/QuietTest.h"
 
 namespace {
@@ -45,9 +46,7 @@ private slots:
         const QTemporaryDir folder;
         const QString path = folder.filePath("sound.wav");
         QVERIFY(writeWavFile(path, {1.0F, -0.5F}, 40000));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), wavHeader(2, 40000) + QByteArray::fromHex("0000803f000000bf"));
+        QCOMPARE(contentOf(path), wavHeader(2, 40000) + QByteArray::fromHex("0000803f000000bf"));
     }
 
     void wavFile_isNotWritten_whenTheFolderIsMissing()

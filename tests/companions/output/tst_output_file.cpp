@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a companion's output file may replace, and what is left after a failure.
 #include "output/OutputFile.h"
+#include "support/Files.h"
 #include "support/QuietTest.h"
 
 #include <cstring>
@@ -25,15 +26,10 @@ public:
 
     void fill(const QByteArray& content, const QString& name = "output") const
     {
-        QFile file(path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+        fillFile(path(name), content);
     }
 
-    QByteArray content(const QString& name = "output") const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
-    }
+    QByteArray content(const QString& name = "output") const { return contentOf(path(name)); }
 
     QStringList names() const
     {
@@ -89,30 +85,24 @@ private slots:
 
     void file_isReplaced_onlyIfForcedAndMarked_data()
     {
-        QTest::addColumn<Kind>("kind");
-        QTest::addColumn<QByteArray>("there");
-        QTest::addColumn<bool>("isMarked");
+        addColumns<Kind, QByteArray, bool>("kind", "there", "isMarked");
         const QByteArray results("modulation depth (%)\tstimulus position\r\n");
         const QByteArray late = QByteArray(8192, ' ') + makerText().toLatin1();
 
-        QTest::newRow("table of the same headings") << Kind::table << table << true;
-        QTest::newRow("table with one column more")
-            << Kind::table << QByteArray("file,threshold,sd\n") << false;
-        QTest::newRow("headings that are not the first line")
-            << Kind::table << QByteArray("my notes\n" + table) << false;
-        QTest::newRow("empty file") << Kind::table << QByteArray() << false;
-        QTest::newRow("results file") << Kind::table << results << false;
-        QTest::newRow("page") << Kind::marked << makerText().toLatin1() << true;
-        QTest::newRow("page of the other companion")
-            << Kind::marked << QByteArray("<svg>Made by quorin-simulate 0.1") << true;
-        QTest::newRow("wide characters")
-            << Kind::marked << ("%PDF-1.4 " + wide(makerText())) << true;
-        QTest::newRow("somebody's page") << Kind::marked << QByteArray("<html></html>") << false;
-        QTest::newRow("mark that comes late") << Kind::marked << late << false;
-        QTest::newRow("results file of the same content")
-            << Kind::unmarked << QByteArray("new") << false;
-        QTest::newRow("marked where no mark is known")
-            << Kind::unmarked << makerText().toLatin1() << false;
+        addRow("table of the same headings", Kind::table, table, true);
+        addRow("table with one column more", Kind::table, QByteArray("file,threshold,sd\n"), false);
+        addRow("headings that are not the first line", Kind::table,
+            QByteArray("my notes\n" + table), false);
+        addRow("empty file", Kind::table, QByteArray(), false);
+        addRow("results file", Kind::table, results, false);
+        addRow("page", Kind::marked, makerText().toLatin1(), true);
+        addRow("page of the other companion", Kind::marked,
+            QByteArray("<svg>Made by quorin-simulate 0.1"), true);
+        addRow("wide characters", Kind::marked, ("%PDF-1.4 " + wide(makerText())), true);
+        addRow("somebody's page", Kind::marked, QByteArray("<html></html>"), false);
+        addRow("mark that comes late", Kind::marked, late, false);
+        addRow("results file of the same content", Kind::unmarked, QByteArray("new"), false);
+        addRow("marked where no mark is known", Kind::unmarked, makerText().toLatin1(), false);
     }
 
     void file_isReplaced_onlyIfForcedAndMarked()

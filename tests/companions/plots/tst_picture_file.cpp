@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures as PNG, SVG and PDF files, and which files they may replace.
 #include "plots/PictureFile.h"
+#include "support/Files.h"
 #include "support/QuietTest.h"
 
 #include <QImage>
@@ -14,12 +15,6 @@ void drawBox(QPainter& painter, const QSize& given)
 {
     painter.fillRect(QRect(0, 0, given.width() / 2, given.height()), Qt::red);
     painter.drawText(10, 20, "text");
-}
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
 }
 
 } // namespace
@@ -112,9 +107,7 @@ private slots:
         QCOMPARE(writePicture(path, size, draw, true), QString());
         QVERIFY(contentOf(path) != before);
 
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("mine") == 4);
-        file.close();
+        fillFile(path, "mine");
         QVERIFY(!writePicture(path, size, draw, true).isEmpty());
         QCOMPARE(contentOf(path), QByteArray("mine"));
     }

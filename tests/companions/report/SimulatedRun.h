@@ -6,9 +6,7 @@
 #include "procedure/StaircaseRule.h"
 #include "session/AdaptedParameter.h"
 #include "session/Data.h"
-
-#include <QByteArray>
-#include <QFile>
+#include "support/Files.h"
 
 #include <random>
 
@@ -34,20 +32,4 @@ inline Data simulatedRun(int mainParameter, unsigned seed, int nReversals = 14)
         }
         stepDeviant(data);
     }
-}
-
-/// Puts bytes into a file, which is made.
-inline void fillFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
-        qFatal("the test's folder is not writable");
-    }
-}
-
-/// The bytes of a file; a remark when it cannot be read.
-inline QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
 }

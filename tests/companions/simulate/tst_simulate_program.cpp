@@ -1,19 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // quorin-simulate as a user starts it: output, files and exit status.
 #include "StartedSimulation.h"
+#include "support/Files.h"
 #include "support/QuietTest.h"
 
 #include <QImage>
-
-namespace {
-
-QString contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString(file.readAll()) : QString("(no such file)");
-}
-
-} // namespace
 
 class TestSimulateProgram : public QuietTest {
     Q_OBJECT
@@ -66,7 +57,7 @@ private slots:
         QCOMPARE(ended.errors, QString());
         QCOMPARE(ended.status, 0);
         QCOMPARE(QImage(picture).size(), QSize(2000, 1600));
-        const QStringList rows = contentOf(table).trimmed().split('\n');
+        const QStringList rows = QString(contentOf(table)).trimmed().split('\n');
         QCOMPARE(rows.size(), 7);
         QVERIFY(rows[0].startsWith("last,start,experiments,mean_threshold,"));
         QVERIFY(rows[1].startsWith("4,0.1,20,"));
@@ -118,7 +109,7 @@ private slots:
         QCOMPARE(QImage(picture).size(), QSize(1800, 1600));
         QCOMPARE(
             QDir(folder.path()).entryList({"XY_test00?_noise_modulation depth.txt"}).size(), 3);
-        const QStringList rows = contentOf(table).trimmed().split('\n');
+        const QStringList rows = QString(contentOf(table)).trimmed().split('\n');
         QCOMPARE(rows.size(), 51);
         QVERIFY(rows[50].startsWith("50,0."));
     }
