@@ -14,20 +14,10 @@ const QString fromMainParameter(
     "The sound type 'noise' is incompatible with the internal parameter 'carrier frequency'. "
     "Internal parameter will be changed to 'modulation depth'");
 
-void selectSinusoidAndCarrierFrequency(MainWindow& window)
-{
-    comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(0);
-    comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(0);
-}
-
 void compareWithConflictBox(
     const ModalBoxes::Message& message, const QString& text, const MainWindow& window)
 {
-    QCOMPARE(message.title, QString("Conflicting Parameters"));
-    QCOMPARE(message.text, text);
-    QCOMPARE(message.icon, QMessageBox::Warning);
-    QCOMPARE(message.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-    QCOMPARE(message.parent, static_cast<const QWidget*>(&window));
+    verifyWarning(message, text, &window, "Conflicting Parameters");
 }
 
 } // namespace
@@ -66,7 +56,7 @@ private slots:
     {
         ModalBoxes boxes;
         MainWindow window;
-        selectSinusoidAndCarrierFrequency(window);
+        choose(window, sinusoidCarrier, carrierFrequencyParameter);
         QVERIFY(boxes.messages().isEmpty());
         comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(1);
         QCOMPARE(boxes.messages().size(), 1);
@@ -83,7 +73,7 @@ private slots:
     {
         ModalBoxes boxes;
         MainWindow window;
-        selectSinusoidAndCarrierFrequency(window);
+        choose(window, sinusoidCarrier, carrierFrequencyParameter);
         Probe::data(window).fd[deviant] = 0.125;
         comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(1);
         QCOMPARE(Probe::data(window).fd[deviant], 0.125);
@@ -94,7 +84,7 @@ private slots:
     {
         ModalBoxes boxes;
         MainWindow window;
-        selectSinusoidAndCarrierFrequency(window);
+        choose(window, sinusoidCarrier, carrierFrequencyParameter);
         int soundType = -1;
         int index = -1;
         QString fileName;
@@ -135,7 +125,7 @@ private slots:
     {
         ModalBoxes boxes;
         MainWindow window;
-        selectSinusoidAndCarrierFrequency(window);
+        choose(window, sinusoidCarrier, carrierFrequencyParameter);
         comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(1);
         comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(1);
         comboBoxOf(window, "comboBoxSesType")->setCurrentIndex(0);
@@ -147,7 +137,7 @@ private slots:
     {
         MainWindow window;
         type(window, "lineEditStdCarrierFreq", "2000");
-        selectSinusoidAndCarrierFrequency(window);
+        choose(window, sinusoidCarrier, carrierFrequencyParameter);
         QCOMPARE(Probe::data(window).cf[standard], 1000.0);
         QCOMPARE(deviantValues(window), QVector<double>({0.0, 0.05, 950.0}));
         QCOMPARE(deviantFields(window), QStringList({"0.0000", "50.0000", "950.00"}));

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Raised-cosine, squared and linear ramps.
 #include "signal/SignalToolkit.h"
-#include "signal/ToolkitWarning.h"
 #include "support/ExactVectors.h"
+#include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
 
 #include <cmath>
@@ -70,10 +70,7 @@ class TestRamps : public QuietTest {
 private slots:
     void ramp_shapesBothEndsBitForBit_data()
     {
-        QTest::addColumn<Ramp>("ramp");
-        QTest::addColumn<int>("size");
-        QTest::addColumn<int>("nPoints");
-        QTest::addColumn<int>("boxes");
+        addColumns<Ramp, int, int, int>("ramp", "size", "nPoints", "boxes");
         const QVector<QPair<QByteArray, Ramp>> ramps
             = {{"cosine", cosine}, {"cosine squared", cosineSquared}, {"linear", linear}};
         for (const auto& entry : ramps) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // White noise and random integers.
 #include "signal/SignalToolkit.h"
-#include "signal/ToolkitWarning.h"
 #include "support/Draws.h"
 #include "support/ExactVectors.h"
+#include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
 
 #include <algorithm>
@@ -81,8 +81,7 @@ private slots:
 
     void randomInteger_isMinPlusTheRemainderOfOneDraw_data()
     {
-        QTest::addColumn<int>("min");
-        QTest::addColumn<int>("max");
+        addColumns<int, int>("min", "max");
         QTest::newRow("2 or 3") << 2 << 3;
         QTest::newRow("a die") << 1 << 6;
         QTest::newRow("negative") << -100 << -90;
@@ -105,9 +104,7 @@ private slots:
 
     void randomInteger_warnsAndGoesOn_whenTheRangeIsReversed_data()
     {
-        QTest::addColumn<int>("min");
-        QTest::addColumn<int>("max");
-        QTest::addColumn<int>("range");
+        addColumns<int, int, int>("min", "max", "range");
         QTest::newRow("range 0 gives min") << 4 << 3 << 1;
         QTest::newRow("range 0 at the end of int") << highest << highest - 1 << 1;
         QTest::newRow("range -1 gives min") << 5 << 3 << -1;

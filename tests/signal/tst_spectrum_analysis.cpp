@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The spectra that the window makes of its two sounds.
+#include "charts/ChartObjects.h"
 #include "signal/Spectrum.h"
 #include "support/ExactVectors.h"
 #include "support/Points.h"
@@ -35,11 +36,8 @@ private slots:
         MainWindow window;
         QCOMPARE(Probe::fftLength(window), QVector<qint64>({32768, 32768}));
         QCOMPARE(Probe::fftDuration(window), QVector<double>(2, 0.8192));
-        QCOMPARE(Probe::frequencyResolution(window)[standard], 1.220703125);
-        QCOMPARE(Probe::frequencyResolution(window)[deviant], 1.220703125);
-        const double resolution = 1 / (32768 / 40000.0);
-        QCOMPARE(
-            firstDifference(Probe::frequencyAxis(window), multiples(resolution, 0, 16383)), -1);
+        QCOMPARE(Probe::frequencyResolution(window), QVector<double>(2, 1.220703125));
+        verifyFrequencies(window, multiples(1 / (32768 / 40000.0), 0, 16383));
         QCOMPARE(Probe::windowSelector(window), 0);
     }
 
@@ -52,8 +50,7 @@ private slots:
         const QVector<double>& amplitude = Probe::stimuli(window)[standard].spectrum.amplitude;
         const auto peak = std::max_element(amplitude.begin(), amplitude.end());
         QCOMPARE(static_cast<int>(peak - amplitude.begin()), 819);
-        QVERIFY(*peak > 0.96);
-        QVERIFY(*peak < 1.0);
+        QVERIFY(*peak > 0.96 && *peak < 1.0);
     }
 
     void eachSound_isAnalysedWithItsOwnLengths()
@@ -63,10 +60,11 @@ private slots:
         Probe::data(window).nSamples = {700, 301};
         window.genFFT();
         verifySpectra(window);
-        QCOMPARE(Probe::stimuli(window)[standard].spectrum.amplitude.size(), 512);
-        QCOMPARE(Probe::stimuli(window)[standard].spectrum.phase.size(), 512);
-        QCOMPARE(Probe::stimuli(window)[deviant].spectrum.amplitude.size(), 256);
-        QCOMPARE(Probe::stimuli(window)[deviant].spectrum.phase.size(), 256);
+        for (const int i : {standard, deviant}) {
+            const Spectrum& spectrum = Probe::stimuli(window)[i].spectrum;
+            QCOMPARE(spectrum.amplitude.size(), i == standard ? 512 : 256);
+            QCOMPARE(spectrum.phase.size(), i == standard ? 512 : 256);
+        }
         QCOMPARE(Probe::fftDuration(window), QVector<double>({1024 / 40000.0, 512 / 40000.0}));
         QCOMPARE(Probe::frequencyResolution(window),
             QVector<double>({1 / (1024 / 40000.0), 1 / (512 / 40000.0)}));
@@ -79,13 +77,11 @@ private slots:
         window.genFFT();
         const double coarse = 1 / (512 / 40000.0);
         const double fine = 1 / (1024 / 40000.0);
-        QCOMPARE(firstDifference(Probe::frequencyAxis(window),
-                     multiples(coarse, 0, 255) + multiples(fine, 256, 511)),
-            -1);
+        verifyFrequencies(window, multiples(coarse, 0, 255) + multiples(fine, 256, 511));
 
         Probe::fftLength(window) = {512, 1024};
         window.genFFT();
-        QCOMPARE(firstDifference(Probe::frequencyAxis(window), multiples(fine, 0, 511)), -1);
+        verifyFrequencies(window, multiples(fine, 0, 511));
     }
 
     void sounds_areLeftAlone_whenNoWindowIsSelected()
@@ -101,20 +97,18 @@ private slots:
     void sounds_carryTheWindowThatIsAnalysed_whenHannIsSelected()
     {
         MainWindow window;
-        QVector<double> first = Probe::stimuli(window)[standard].samples;
-        QVector<double> second = Probe::stimuli(window)[deviant].samples.mid(0, 1000);
-        Probe::stimuli(window)[deviant].samples = second;
+        QVector<double>& shorter = Probe::stimuli(window)[deviant].samples;
+        shorter = shorter.mid(0, 1000);
         Probe::data(window).nSamples[deviant] = 1000;
+        const QVector<double> before[] = {Probe::stimuli(window)[standard].samples, shorter};
         Probe::windowSelector(window) = 1;
         window.genFFT();
-        applyHann(first);
-        applyHann(second);
-        QCOMPARE(firstDifference(Probe::stimuli(window)[standard].samples, first), -1);
-        QCOMPARE(firstDifference(Probe::stimuli(window)[deviant].samples, second), -1);
-        QCOMPARE(Probe::stimuli(window)[standard].samples.first(), 0.0);
-        QCOMPARE(Probe::stimuli(window)[standard].samples.last(), 0.0);
-        QCOMPARE(Probe::stimuli(window)[deviant].samples.first(), 0.0);
-        QCOMPARE(Probe::stimuli(window)[deviant].samples.last(), 0.0);
+        for (const int i : {standard, deviant}) {
+            const QVector<double>& sound = Probe::stimuli(window)[i].samples;
+            QCOMPARE(firstDifference(sound, withHann(before[i])), -1);
+            QCOMPARE(sound.first(), 0.0);
+            QCOMPARE(sound.last(), 0.0);
+        }
         verifySpectra(window);
     }
 
@@ -145,11 +139,10 @@ private slots:
         data.equalizeRms = false;
         window.genWav();
         window.genFFT();
-        const QVector<double> zeros(16384, 0.0);
-        QCOMPARE(Probe::stimuli(window)[standard].spectrum.amplitude, zeros);
-        QCOMPARE(Probe::stimuli(window)[standard].spectrum.phase, zeros);
-        QCOMPARE(Probe::stimuli(window)[deviant].spectrum.amplitude, zeros);
-        QCOMPARE(Probe::stimuli(window)[deviant].spectrum.phase, zeros);
+        for (const auto& stimulus : Probe::stimuli(window)) {
+            QCOMPARE(stimulus.spectrum.amplitude, QVector<double>(16384, 0.0));
+            QCOMPARE(stimulus.spectrum.phase, QVector<double>(16384, 0.0));
+        }
     }
 
     void longSound_isCutToItsTransform_afterItsDurationGrew()
@@ -157,18 +150,16 @@ private slots:
         MainWindow window;
         type(window, "lineEditStdDuration", "1200.00");
         window.on_pushButtonView_clicked();
-        QCOMPARE(Probe::stimuli(window)[standard].samples.size(), 48000);
-        const Spectrum cut
-            = spectrumOf(Probe::stimuli(window)[standard].samples.mid(0, 32768), 32768, 48000);
-        QCOMPARE(
-            firstDifference(Probe::stimuli(window)[standard].spectrum.amplitude, cut.amplitude),
-            -1);
+        const auto& longer = Probe::stimuli(window)[standard];
+        QCOMPARE(longer.samples.size(), 48000);
+        const Spectrum cut = spectrumOf(longer.samples.mid(0, 32768), 32768, 48000);
+        QCOMPARE(firstDifference(longer.spectrum.amplitude, cut.amplitude), -1);
     }
 
     void emptySounds_haveUndefinedAmplitudesAndKeepTheAxes()
     {
         MainWindow window;
-        const double highest = Probe::spectrumCharts(window)[standard].line.axisY->max();
+        const double highest = spectrumChart(window, standard).axisY->max();
         tolerateUndefinedChartValues();
         Probe::data(window).nSamples = {0, 0};
         window.genWav();
@@ -176,7 +167,7 @@ private slots:
         window.updateFFT();
         QVERIFY(areAllNaN(Probe::stimuli(window)[standard].spectrum.amplitude));
         QVERIFY(areAllNaN(Probe::stimuli(window)[deviant].spectrum.amplitude));
-        QCOMPARE(Probe::spectrumCharts(window)[standard].line.axisY->max(), highest);
+        QCOMPARE(spectrumChart(window, standard).axisY->max(), highest);
     }
 
     void emptySpectra_showMinus1To1_whenTheTransformsAreTooShortForABin()
@@ -189,9 +180,9 @@ private slots:
         QVERIFY(Probe::frequencyAxis(window).isEmpty());
         window.updateFFT();
         window.displayFFT();
-        QCOMPARE(Probe::stimuli(window)[standard].amplitudeRange, QVector<double>({-1.0, 1.0}));
-        QCOMPARE(Probe::stimuli(window)[deviant].amplitudeRange, QVector<double>({-1.0, 1.0}));
-        QCOMPARE(Probe::spectrumCharts(window)[standard].line.series->count(), 0);
+        for (const auto& stimulus : Probe::stimuli(window))
+            QCOMPARE(stimulus.amplitudeRange, QVector<double>({-1.0, 1.0}));
+        QCOMPARE(spectrumChart(window, standard).series->count(), 0);
     }
 
     void points_areOverwrittenInPlace_whenTheSpectraChanged()
@@ -199,13 +190,8 @@ private slots:
         MainWindow window;
         takeNewSpectra(window);
         window.updateFFT();
-        QCOMPARE(Probe::stimuli(window)[standard].spectrumPoints,
-            pointsOf(Probe::frequencyAxis(window),
-                Probe::stimuli(window)[standard].spectrum.amplitude, 1638));
-        QCOMPARE(Probe::stimuli(window)[deviant].spectrumPoints,
-            pointsOf(Probe::frequencyAxis(window),
-                Probe::stimuli(window)[deviant].spectrum.amplitude, 1638));
-        verifySeriesHoldTheLists(window);
+        verifyPoints(window, standard, pointsOfSpectrum(window, standard, 1638));
+        verifyPoints(window, deviant, pointsOfSpectrum(window, deviant, 1638));
     }
 
     void lists_keepTheirLengthAndTails_whenOtherCountsAreToBePlotted()
@@ -215,14 +201,8 @@ private slots:
         takeNewSpectra(window);
         Probe::data(window).nFreqPointsToPlot = {600, 5000};
         window.updateFFT();
-        QCOMPARE(Probe::stimuli(window)[standard].spectrumPoints,
-            pointsOf(Probe::frequencyAxis(window),
-                Probe::stimuli(window)[standard].spectrum.amplitude, 600)
-                + before.mid(600));
-        QCOMPARE(Probe::stimuli(window)[deviant].spectrumPoints,
-            pointsOf(Probe::frequencyAxis(window),
-                Probe::stimuli(window)[deviant].spectrum.amplitude, 1638));
-        verifySeriesHoldTheLists(window);
+        verifyPoints(window, standard, pointsOfSpectrum(window, standard, 600) + before.mid(600));
+        verifyPoints(window, deviant, pointsOfSpectrum(window, deviant, 1638));
     }
 
     void ranges_coverTheWholeSpectra_andLeaveTheFrequencyAxes()
@@ -231,26 +211,24 @@ private slots:
         takeNewSpectra(window);
         Probe::stimuli(window)[standard].spectrum.amplitude[16383] = 9.0;
         Probe::stimuli(window)[deviant].spectrum.amplitude[1638] = -2.0;
-        Probe::spectrumCharts(window)[standard].line.axisX->setRange(100, 300);
-        Probe::spectrumCharts(window)[deviant].line.axisX->setRange(200, 400);
+        spectrumChart(window, standard).axisX->setRange(100, 300);
+        spectrumChart(window, deviant).axisX->setRange(200, 400);
         window.updateFFT();
         QCOMPARE(Probe::stimuli(window)[standard].amplitudeRange, QVector<double>({1.0, 9.0}));
-        QCOMPARE(Probe::spectrumCharts(window)[standard].line.axisY->min(), 1.0);
-        QCOMPARE(Probe::spectrumCharts(window)[standard].line.axisY->max(), 9.0);
         QCOMPARE(Probe::stimuli(window)[deviant].amplitudeRange, QVector<double>({-2.0, 3.0}));
-        QCOMPARE(Probe::spectrumCharts(window)[deviant].line.axisY->min(), -2.0);
-        QCOMPARE(Probe::spectrumCharts(window)[deviant].line.axisY->max(), 3.0);
-        QCOMPARE(Probe::spectrumCharts(window)[standard].line.axisX->max(), 300.0);
-        QCOMPARE(Probe::spectrumCharts(window)[deviant].line.axisX->min(), 200.0);
+        verifyRange(spectrumChart(window, standard).axisY, 1.0, 9.0);
+        verifyRange(spectrumChart(window, deviant).axisY, -2.0, 3.0);
+        verifyRange(spectrumChart(window, standard).axisX, 100.0, 300.0);
+        verifyRange(spectrumChart(window, deviant).axisX, 200.0, 400.0);
     }
 
 private:
-    static void applyHann(QVector<double>& sound)
+    static QVector<double> withHann(QVector<double> sound)
     {
         const int size = sound.size();
-        for (int i = 0; i < size; ++i) {
+        for (int i = 0; i < size; ++i)
             sound[i] *= (1 - std::cos(i * 6.283185307179586 / (size - 1))) * 0.5;
-        }
+        return sound;
     }
 
     // The standard's amplitudes run from 1 to nearly 2, the deviant's from 3 down to nearly 2.
@@ -262,30 +240,32 @@ private:
         }
     }
 
-    static void verifySpectra(MainWindow& window)
+    static QVector<QPointF> pointsOfSpectrum(MainWindow& window, int stimulus, int n)
     {
-        const Data& data = Probe::data(window);
-        const QVector<qint64>& length = Probe::fftLength(window);
-        const Spectrum first = spectrumOf(
-            Probe::stimuli(window)[standard].samples, length[standard], data.nSamples[standard]);
-        const Spectrum second = spectrumOf(
-            Probe::stimuli(window)[deviant].samples, length[deviant], data.nSamples[deviant]);
-        QCOMPARE(
-            firstDifference(Probe::stimuli(window)[standard].spectrum.amplitude, first.amplitude),
-            -1);
-        QCOMPARE(firstDifference(Probe::stimuli(window)[standard].spectrum.phase, first.phase), -1);
-        QCOMPARE(
-            firstDifference(Probe::stimuli(window)[deviant].spectrum.amplitude, second.amplitude),
-            -1);
-        QCOMPARE(firstDifference(Probe::stimuli(window)[deviant].spectrum.phase, second.phase), -1);
+        const Spectrum& spectrum = Probe::stimuli(window)[stimulus].spectrum;
+        return pointsOf(Probe::frequencyAxis(window), spectrum.amplitude, n);
     }
 
-    static void verifySeriesHoldTheLists(MainWindow& window)
+    static void verifyPoints(MainWindow& window, int stimulus, const QVector<QPointF>& expected)
     {
-        QCOMPARE(Probe::spectrumCharts(window)[standard].line.series->pointsVector(),
-            Probe::stimuli(window)[standard].spectrumPoints);
-        QCOMPARE(Probe::spectrumCharts(window)[deviant].line.series->pointsVector(),
-            Probe::stimuli(window)[deviant].spectrumPoints);
+        QCOMPARE(Probe::stimuli(window)[stimulus].spectrumPoints, expected);
+        QCOMPARE(spectrumChart(window, stimulus).series->pointsVector(), expected);
+    }
+
+    static void verifyFrequencies(MainWindow& window, const QVector<double>& expected)
+    {
+        QCOMPARE(firstDifference(Probe::frequencyAxis(window), expected), -1);
+    }
+
+    static void verifySpectra(MainWindow& window)
+    {
+        for (const int i : {standard, deviant}) {
+            const auto& stimulus = Probe::stimuli(window)[i];
+            const Spectrum expected = spectrumOf(
+                stimulus.samples, Probe::fftLength(window)[i], Probe::data(window).nSamples[i]);
+            QCOMPARE(firstDifference(stimulus.spectrum.amplitude, expected.amplitude), -1);
+            QCOMPARE(firstDifference(stimulus.spectrum.phase, expected.phase), -1);
+        }
     }
 };
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The waveform charts after new sounds.
+#include "charts/ChartObjects.h"
 #include "signal/StatedSound.h"
 #include "support/ExactVectors.h"
 #include "support/Points.h"
@@ -21,11 +22,6 @@ QVector<double> ramp(int size, double start, double step)
     return samples;
 }
 
-QVector<QPointF> points(const QVector<double>& y, int n)
-{
-    return pointsOf(statedTimes(n, 40000.0), y, n);
-}
-
 } // namespace
 
 class TestWaveRefresh : public WindowTest {
@@ -37,32 +33,28 @@ private slots:
         MainWindow window;
         takeNewSounds(window);
         window.updateWav();
-        QCOMPARE(Probe::stimuli(window)[standard].points,
-            points(Probe::stimuli(window)[standard].samples, 2000));
-        QCOMPARE(Probe::stimuli(window)[deviant].points,
-            points(Probe::stimuli(window)[deviant].samples, 2000));
-        QCOMPARE(Probe::waveCharts(window)[standard].line.series->pointsVector(),
-            Probe::stimuli(window)[standard].points);
-        QCOMPARE(Probe::waveCharts(window)[deviant].line.series->pointsVector(),
-            Probe::stimuli(window)[deviant].points);
+        for (const int i : {standard, deviant}) {
+            QCOMPARE(pointsOfSound(window, i), firstPoints(window, i, 2000));
+            QCOMPARE(waveChart(window, i).series->pointsVector(), pointsOfSound(window, i));
+        }
     }
 
     void lists_keepTheirLengthAndTails_whenFewerPointsArePlotted()
     {
         MainWindow window;
-        const QVector<QPointF> oldStandard = Probe::stimuli(window)[standard].points;
-        const QVector<QPointF> oldDeviant = Probe::stimuli(window)[deviant].points;
+        const QVector<QPointF> oldStandard = pointsOfSound(window, standard);
+        const QVector<QPointF> oldDeviant = pointsOfSound(window, deviant);
         takeNewSounds(window);
         Probe::data(window).durToPlot = {0.025, 0.01};
         window.updateWav();
         QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({1000, 400}));
-        QCOMPARE(Probe::stimuli(window)[standard].points,
-            points(Probe::stimuli(window)[standard].samples, 1000) + oldStandard.mid(1000));
-        QCOMPARE(Probe::stimuli(window)[deviant].points,
-            points(Probe::stimuli(window)[deviant].samples, 400) + oldDeviant.mid(400));
-        QCOMPARE(Probe::waveCharts(window)[standard].line.series->pointsVector(),
-            Probe::stimuli(window)[standard].points);
-        QCOMPARE(Probe::waveCharts(window)[deviant].line.series->count(), 2000);
+        QCOMPARE(pointsOfSound(window, standard),
+            firstPoints(window, standard, 1000) + oldStandard.mid(1000));
+        QCOMPARE(pointsOfSound(window, deviant),
+            firstPoints(window, deviant, 400) + oldDeviant.mid(400));
+        QCOMPARE(
+            waveChart(window, standard).series->pointsVector(), pointsOfSound(window, standard));
+        QCOMPARE(waveChart(window, deviant).series->count(), 2000);
         QCOMPARE(Probe::timeAxis(window).size(), 2000);
     }
 
@@ -72,13 +64,11 @@ private slots:
         takeNewSounds(window);
         Probe::data(window).durToPlot = {0.1, 0.06};
         window.updateWav();
-        QCOMPARE(Probe::stimuli(window)[standard].points,
-            points(Probe::stimuli(window)[standard].samples, 4000));
-        QCOMPARE(Probe::stimuli(window)[deviant].points,
-            points(Probe::stimuli(window)[deviant].samples, 2400));
+        QCOMPARE(pointsOfSound(window, standard), firstPoints(window, standard, 4000));
+        QCOMPARE(pointsOfSound(window, deviant), firstPoints(window, deviant, 2400));
         QCOMPARE(firstDifference(Probe::timeAxis(window), statedTimes(4000, 40000.0)), -1);
-        QCOMPARE(Probe::waveCharts(window)[standard].line.series->count(), 4000);
-        QCOMPARE(Probe::waveCharts(window)[deviant].line.series->count(), 2400);
+        QCOMPARE(waveChart(window, standard).series->count(), 4000);
+        QCOMPARE(waveChart(window, deviant).series->count(), 2400);
     }
 
     // Reading the panel for a run may ask for more samples than the sounds of the last View have.
@@ -91,13 +81,10 @@ private slots:
         Probe::data(window).nSamples = {24000, 24000};
         window.updateWav();
         QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({2000, 2000}));
-        QCOMPARE(Probe::stimuli(window)[standard].points,
-            points(Probe::stimuli(window)[standard].samples, 800));
-        QCOMPARE(Probe::stimuli(window)[deviant].points,
-            points(Probe::stimuli(window)[deviant].samples, 400));
+        QCOMPARE(pointsOfSound(window, standard), firstPoints(window, standard, 800));
+        QCOMPARE(pointsOfSound(window, deviant), firstPoints(window, deviant, 400));
         QCOMPARE(Probe::timeAxis(window).size(), 800);
-        QCOMPARE(Probe::waveCharts(window)[standard].line.axisX->max(), 50.0);
-        QCOMPARE(Probe::waveCharts(window)[deviant].line.axisX->max(), 50.0);
+        verifyTimes(window, 50.0, 50.0);
     }
 
     void timeAxes_endAtThePlottedCounts()
@@ -106,10 +93,7 @@ private slots:
         Probe::data(window).durToPlot = {0.0250249, 0.7};
         window.updateWav();
         QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({1000, 24000}));
-        QCOMPARE(Probe::waveCharts(window)[standard].line.axisX->min(), 0.0);
-        QCOMPARE(Probe::waveCharts(window)[standard].line.axisX->max(), 25.0);
-        QCOMPARE(Probe::waveCharts(window)[deviant].line.axisX->min(), 0.0);
-        QCOMPARE(Probe::waveCharts(window)[deviant].line.axisX->max(), 600.0);
+        verifyTimes(window, 25.0, 600.0);
     }
 
     void ranges_coverTheWholeSounds_notOnlyThePlottedPart()
@@ -127,14 +111,13 @@ private slots:
     void emptySounds_keepTheListsAndShowMinus1To1()
     {
         MainWindow window;
-        const QVector<QPointF> before = Probe::stimuli(window)[standard].points;
+        const QVector<QPointF> before = pointsOfSound(window, standard);
         emptySounds(window, 0);
         window.updateWav();
-        QCOMPARE(Probe::stimuli(window)[standard].points, before);
-        QCOMPARE(Probe::waveCharts(window)[deviant].line.series->count(), 2000);
+        QCOMPARE(pointsOfSound(window, standard), before);
+        QCOMPARE(waveChart(window, deviant).series->count(), 2000);
         verifyRanges(window, {-1.0, 1.0}, {-1.0, 1.0});
-        QCOMPARE(Probe::waveCharts(window)[standard].line.axisX->max(), 0.0);
-        QCOMPARE(Probe::waveCharts(window)[deviant].line.axisX->max(), 0.0);
+        verifyTimes(window, 0.0, 0.0);
     }
 
     // A time axis that would end before 0 is refused by Qt Charts.
@@ -144,7 +127,7 @@ private slots:
         emptySounds(window, -100);
         window.updateWav();
         QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({-100, -100}));
-        QCOMPARE(Probe::waveCharts(window)[standard].line.axisX->max(), 50.0);
+        verifyTimes(window, 50.0, 50.0);
         verifyRanges(window, {-1.0, 1.0}, {-1.0, 1.0});
     }
 
@@ -153,13 +136,13 @@ private slots:
         MainWindow window;
         takeNewSounds(window);
         window.updateWav();
-        const double lowest = Probe::waveCharts(window)[standard].line.axisY->min();
-        const double highest = Probe::waveCharts(window)[standard].line.axisY->max();
+        const QtCharts::QValueAxis* const axis = waveChart(window, standard).axisY;
+        const double lowest = axis->min();
+        const double highest = axis->max();
         tolerateUndefinedChartValues();
         Probe::stimuli(window)[standard].samples.fill(qQNaN());
         window.updateWav();
-        QCOMPARE(Probe::waveCharts(window)[standard].line.axisY->min(), lowest);
-        QCOMPARE(Probe::waveCharts(window)[standard].line.axisY->max(), highest);
+        verifyRange(axis, lowest, highest);
         QVERIFY(areAllNaN(Probe::stimuli(window)[standard].range));
     }
 
@@ -171,21 +154,19 @@ private slots:
         answerATrialAt(window, "44100");
         QCOMPARE(Probe::data(window).nPointsToPlot, QVector<int>({2205, 2205}));
         QCOMPARE(Probe::timeAxis(window), statedTimes(2205, 40000.0));
-        QCOMPARE(Probe::stimuli(window)[deviant].points,
-            pointsOf(statedTimes(2205, 40000.0), Probe::stimuli(window)[deviant].samples, 2205));
-        QCOMPARE(Probe::stimuli(window)[standard].points,
-            pointsOf(statedTimes(2205, 40000.0), Probe::stimuli(window)[standard].samples, 2205));
+        for (const int i : {standard, deviant})
+            QCOMPARE(pointsOfSound(window, i), firstPoints(window, i, 2205));
     }
 
     void oldTail_staysInThePicture_whenTheRateWasLoweredAfterView()
     {
         MainWindow window;
         window.on_pushButtonView_clicked();
-        const QVector<QPointF> old = Probe::stimuli(window)[deviant].points;
+        const QVector<QPointF> old = pointsOfSound(window, deviant);
         answerATrialAt(window, "22050");
         QCOMPARE(Probe::timeAxis(window), statedTimes(2000, 40000.0));
-        QCOMPARE(Probe::stimuli(window)[deviant].points,
-            points(Probe::stimuli(window)[deviant].samples, 1102) + old.mid(1102));
+        QCOMPARE(
+            pointsOfSound(window, deviant), firstPoints(window, deviant, 1102) + old.mid(1102));
     }
 
     void times_areOfTheNewRate_whenTheAxisWasEmpty()
@@ -221,15 +202,30 @@ private:
         Probe::stimuli(window)[deviant].samples.clear();
     }
 
+    static QVector<QPointF> pointsOfSound(MainWindow& window, int stimulus)
+    {
+        return Probe::stimuli(window)[stimulus].points;
+    }
+
+    // The points of the first n samples at the rate that the window opens with.
+    static QVector<QPointF> firstPoints(MainWindow& window, int stimulus, int n)
+    {
+        return pointsOf(statedTimes(n, 40000.0), Probe::stimuli(window)[stimulus].samples, n);
+    }
+
+    static void verifyTimes(MainWindow& window, double standardEnd, double deviantEnd)
+    {
+        verifyRange(waveChart(window, standard).axisX, 0.0, standardEnd);
+        verifyRange(waveChart(window, deviant).axisX, 0.0, deviantEnd);
+    }
+
     static void verifyRanges(
         MainWindow& window, const QVector<double>& first, const QVector<double>& second)
     {
         QCOMPARE(Probe::stimuli(window)[standard].range, first);
-        QCOMPARE(Probe::waveCharts(window)[standard].line.axisY->min(), first[0]);
-        QCOMPARE(Probe::waveCharts(window)[standard].line.axisY->max(), first[1]);
         QCOMPARE(Probe::stimuli(window)[deviant].range, second);
-        QCOMPARE(Probe::waveCharts(window)[deviant].line.axisY->min(), second[0]);
-        QCOMPARE(Probe::waveCharts(window)[deviant].line.axisY->max(), second[1]);
+        verifyRange(waveChart(window, standard).axisY, first[0], first[1]);
+        verifyRange(waveChart(window, deviant).axisY, second[0], second[1]);
     }
 };
 
