@@ -74,10 +74,7 @@ class TestMainWindowLayout : public WindowTest {
 private slots:
     void widget_hasItsTextAndPlace_whenMade_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("row");
-        QTest::addColumn<int>("column");
-        QTest::addColumn<int>("columnSpan");
+        addColumns<QString, int, int, int>("text", "row", "column", "columnSpan");
         addPlace("labelSesType", "Session type", 0, 0);
         addPlace("labelSoundType", "Sound type", 1, 0);
         addPlace("labelMainParameter", "Main parameter", 2, 0);

@@ -90,8 +90,7 @@ private slots:
 
     void signal_hasOneReceiver_whenConnectedInTheConstructor_data()
     {
-        QTest::addColumn<QString>("object");
-        QTest::addColumn<QByteArray>("signal");
+        addColumns<QString, QByteArray>("object", "signal");
         const auto row = [](const char* object, const char* signal) {
             QTest::newRow(object) << QString(object) << QByteArray(signal);
         };

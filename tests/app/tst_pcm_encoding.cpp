@@ -11,17 +11,15 @@ class TestPcmEncoding : public QuietTest {
 private slots:
     void sample_isALittleEndianFloat_data()
     {
-        QTest::addColumn<double>("sample");
-        QTest::addColumn<QByteArray>("hex");
-        QTest::newRow("zero") << 0.0 << QByteArray("00000000");
-        QTest::newRow("full scale") << 1.0 << QByteArray("0000803f");
-        QTest::newRow("negative") << -0.5 << QByteArray("000000bf");
-        QTest::newRow("negative zero") << -0.0 << QByteArray("00000080");
-        QTest::newRow("rounded to the nearest float") << 0.1 << QByteArray("cdcccc3d");
-        QTest::newRow("beyond full scale, unclipped") << 2.5 << QByteArray("00002040");
-        QTest::newRow("too small for a float") << 1e-50 << QByteArray("00000000");
-        QTest::newRow("infinite") << std::numeric_limits<double>::infinity()
-                                  << QByteArray("0000807f");
+        addColumns<double, QByteArray>("sample", "hex");
+        addRow("zero", 0.0, QByteArray("00000000"));
+        addRow("full scale", 1.0, QByteArray("0000803f"));
+        addRow("negative", -0.5, QByteArray("000000bf"));
+        addRow("negative zero", -0.0, QByteArray("00000080"));
+        addRow("rounded to the nearest float", 0.1, QByteArray("cdcccc3d"));
+        addRow("beyond full scale, unclipped", 2.5, QByteArray("00002040"));
+        addRow("too small for a float", 1e-50, QByteArray("00000000"));
+        addRow("infinite", std::numeric_limits<double>::infinity(), QByteArray("0000807f"));
     }
 
     void sample_isALittleEndianFloat()
@@ -37,17 +35,14 @@ private slots:
 
     void length_isTheDemandedOne_whateverTheVectorHolds_data()
     {
-        QTest::addColumn<QVector<double>>("samples");
-        QTest::addColumn<int>("nSamples");
-        QTest::addColumn<QByteArray>("hex");
+        addColumns<QVector<double>, int, QByteArray>("samples", "nSamples", "hex");
         const QVector<double> two = {1.0, -0.5};
-        QTest::newRow("cut") << two << 1 << QByteArray("0000803f");
-        QTest::newRow("silence beyond the end")
-            << two << 4 << QByteArray("0000803f000000bf0000000000000000");
-        QTest::newRow("nothing demanded") << two << 0 << QByteArray();
-        QTest::newRow("fewer than none") << two << -3 << QByteArray();
-        QTest::newRow("empty vector") << QVector<double>() << 2 << QByteArray("0000000000000000");
-        QTest::newRow("empty vector, nothing demanded") << QVector<double>() << 0 << QByteArray();
+        addRow("cut", two, 1, QByteArray("0000803f"));
+        addRow("silence beyond the end", two, 4, QByteArray("0000803f000000bf0000000000000000"));
+        addRow("nothing demanded", two, 0, QByteArray());
+        addRow("fewer than none", two, -3, QByteArray());
+        addRow("empty vector", QVector<double>(), 2, QByteArray("0000000000000000"));
+        addRow("empty vector, nothing demanded", QVector<double>(), 0, QByteArray());
     }
 
     void length_isTheDemandedOne_whateverTheVectorHolds()

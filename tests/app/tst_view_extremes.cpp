@@ -39,9 +39,7 @@ protected slots:
 private slots:
     void view_makesWhatItCan_whenFieldsHoldThis_data()
     {
-        QTest::addColumn<QStringList>("fields");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QVector<int>>("sizes");
+        addColumns<QStringList, QString, QVector<int>>("fields", "text", "sizes");
         const QVector<int> usual({24000, 24000});
         const QVector<int> none({0, 0});
         const QStringList durations({"lineEditStdDuration", "lineEditDevDuration"});

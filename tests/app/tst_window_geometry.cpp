@@ -18,10 +18,8 @@ class TestWindowGeometry : public WindowTest {
 private slots:
     void rectangle_isThis_whenCentred_data()
     {
-        QTest::addColumn<QSize>("available");
-        QTest::addColumn<double>("widthFraction");
-        QTest::addColumn<double>("heightFraction");
-        QTest::addColumn<QRect>("expected");
+        addColumns<QSize, double, double, QRect>(
+            "available", "widthFraction", "heightFraction", "expected");
         const QSize hd(1920, 1080);
         QTest::newRow("main window") << hd << 0.8 << 0.9 << QRect(192, 54, 1536, 972);
         QTest::newRow("subject window") << hd << 0.55 << 0.3 << QRect(432, 378, 1056, 324);
@@ -48,8 +46,7 @@ private slots:
 
     void corner_isThis_whenNotCentred_data()
     {
-        QTest::addColumn<QPoint>("corner");
-        QTest::addColumn<QPoint>("expected");
+        addColumns<QPoint, QPoint>("corner", "expected");
         QTest::newRow("inside") << QPoint(300, 200) << QPoint(300, 200);
         QTest::newRow("at the limits") << QPoint(5, 40) << QPoint(5, 40);
         QTest::newRow("too far left") << QPoint(4, 200) << QPoint(5, 200);
@@ -71,9 +68,7 @@ private slots:
 
     void spacing_isThis_whenTheRowsLeaveRoom_data()
     {
-        QTest::addColumn<int>("room");
-        QTest::addColumn<int>("nRows");
-        QTest::addColumn<int>("expected");
+        addColumns<int, int, int>("room", "nRows", "expected");
         QTest::newRow("too high by far") << -100000 << 18 << 0;
         QTest::newRow("too high") << -17 << 18 << 0;
         QTest::newRow("none") << 0 << 18 << 0;

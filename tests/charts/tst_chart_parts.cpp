@@ -22,8 +22,7 @@ private slots:
 
     void axis_keepsItsRange_whenALimitIsNotFinite_data()
     {
-        QTest::addColumn<double>("lower");
-        QTest::addColumn<double>("upper");
+        addColumns<double, double>("lower", "upper");
         QTest::newRow("both NaN") << qQNaN() << qQNaN();
         QTest::newRow("lower NaN") << qQNaN() << 5.0;
         QTest::newRow("upper NaN") << 1.0 << qQNaN();

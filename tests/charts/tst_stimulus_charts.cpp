@@ -44,9 +44,7 @@ private slots:
 
     void pointsToPlot_areRoundedDownAndLimited_data()
     {
-        QTest::addColumn<double>("seconds");
-        QTest::addColumn<int>("nPoints");
-        QTest::addColumn<double>("endMs");
+        addColumns<double, int, double>("seconds", "nPoints", "endMs");
         QTest::newRow("whole") << 0.02 << 800 << 20.0;
         QTest::newRow("rounded down") << 0.01001 << 400 << 10.0;
         QTest::newRow("a product that rounds below 1720") << 0.043 << 1719 << 42.975;
@@ -105,8 +103,7 @@ private slots:
     {
         MainWindow window;
         tolerateUndefinedChartValues(); // the spectra of nothing
-        type(window, "lineEditStdDuration", "0");
-        type(window, "lineEditDevDuration", "0");
+        typeDurations(window, "0");
         window.on_pushButtonView_clicked();
         for (const ChartObjects& objects :
             {waveChart(window, standard), waveChart(window, deviant)}) {

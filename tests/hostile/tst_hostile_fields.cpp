@@ -101,8 +101,7 @@ private slots:
 
     void window_worksAsNew_afterCombinations_data()
     {
-        QTest::addColumn<uint>("first");
-        QTest::addColumn<uint>("end");
+        addColumns<uint, uint>("first", "end");
         const uint start = setting("QUORIN_HOSTILE_FIRST", 0);
         const uint end = start + setting("QUORIN_HOSTILE_COMBINATIONS", 500);
         for (uint first = start; first < end; first += combinationsPerWindow) {

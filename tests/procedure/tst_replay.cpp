@@ -78,9 +78,7 @@ class TestReplay : public QuietTest {
 private slots:
     void exactRun_isFoundAgainToTheLastBit_data()
     {
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<double>("start");
-        QTest::addColumn<int>("percentRight");
+        addColumns<int, double, int>("mainParameter", "start", "percentRight");
         QTest::newRow("depth") << modulationDepthParameter << 0.5 << 75;
         QTest::newRow("difference") << carrierFrequencyParameter << 0.05 << 75;
         QTest::newRow("depth at its ceiling") << modulationDepthParameter << 0.9 << 40;
@@ -224,10 +222,7 @@ private slots:
 
     void trial_departs_inPositionsAndCorrectness_data()
     {
-        QTest::addColumn<int>("stimulus");
-        QTest::addColumn<int>("response");
-        QTest::addColumn<bool>("correctness");
-        QTest::addColumn<Departure>("departure");
+        addColumns<int, int, bool, Departure>("stimulus", "response", "correctness", "departure");
         QTest::newRow("right in 2") << 2 << 2 << true << Departure::none;
         QTest::newRow("right in 3") << 3 << 3 << true << Departure::none;
         QTest::newRow("deviant first") << 1 << 3 << true << Departure::stimulusPosition;

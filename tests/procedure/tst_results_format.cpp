@@ -51,10 +51,7 @@ private slots:
 
     void value_hasSixDecimals_data()
     {
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<double>("value");
-        QTest::addColumn<double>("carrier");
-        QTest::addColumn<QString>("expected");
+        addColumns<int, double, double, QString>("mainParameter", "value", "carrier", "expected");
         const int depth = modulationDepthParameter;
         const int difference = carrierFrequencyParameter;
         QTest::newRow("half depth") << depth << 0.5 << 1000.0 << "50.000000";
@@ -76,16 +73,14 @@ private slots:
         QFETCH(int, mainParameter);
         QFETCH(double, value);
         QFETCH(double, carrier);
-        QFETCH(QString, expected);
         Data data = dataWith(mainParameter, {answered(true, value)});
         data.cf[standard] = carrier;
-        QCOMPARE(QString(resultsBytes(data)).section("\r\n", 1, 1).section('\t', 0, 0), expected);
+        QTEST(QString(resultsBytes(data)).section("\r\n", 1, 1).section('\t', 0, 0), "expected");
     }
 
     void reactionTime_hasUpToSixDigits_data()
     {
-        QTest::addColumn<double>("reactionTime");
-        QTest::addColumn<QByteArray>("expected");
+        addColumns<double, QByteArray>("reactionTime", "expected");
         QTest::newRow("whole milliseconds") << 734.0 << QByteArray("734");
         QTest::newRow("zero") << 0.0 << QByteArray("0");
         QTest::newRow("fraction") << 734.25 << QByteArray("734.25");

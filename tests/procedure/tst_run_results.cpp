@@ -29,9 +29,7 @@ class TestRunResults : public QuietTest {
 private slots:
     void threshold_isTheMeanOfTheLastReversals_data()
     {
-        QTest::addColumn<int>("nReversals");
-        QTest::addColumn<int>("n");
-        QTest::addColumn<double>("expected");
+        addColumns<int, int, double>("nReversals", "n", "expected");
         QTest::newRow("defaults: entries 6 to 13") << 14 << 8 << (16384.0 - 64) / 8;
         QTest::newRow("all") << 14 << 14 << 16383.0 / 14;
         QTest::newRow("the last") << 14 << 1 << 8192.0;
@@ -46,8 +44,7 @@ private slots:
     {
         QFETCH(int, nReversals);
         QFETCH(int, n);
-        QFETCH(double, expected);
-        QCOMPARE(meanOfLastReversals(powersOfTwo(), nReversals, n), expected);
+        QTEST(meanOfLastReversals(powersOfTwo(), nReversals, n), "expected");
     }
 
     void threshold_isZeroDividedByTheCount_whenNoReversalIsAskedFor()

@@ -107,9 +107,7 @@ private slots:
 
     void verticalAxis_onlyWidens_data()
     {
-        QTest::addColumn<Values>("depths");
-        QTest::addColumn<Values>("limits");
-        QTest::addColumn<Values>("range");
+        addColumns<Values, Values, Values>("depths", "limits", "range");
         QTest::newRow("one value") << Values {50} << Values {50, 50} << Values {0, 100};
         QTest::newRow("one value outside") << Values {150} << Values {150, 150} << Values {0, 100};
         QTest::newRow("larger") << Values {50, 75} << Values {50, 75} << Values {50, 75};
@@ -125,15 +123,13 @@ private slots:
     void verticalAxis_onlyWidens()
     {
         QFETCH(Values, depths);
-        QFETCH(Values, limits);
-        QFETCH(Values, range);
         tolerateChartsOnNan();
         SilentRun run(modulationDepthParameter);
         for (const double depth : depths) {
             addDepth(run, depth);
         }
-        QCOMPARE((Values {Probe::trendYMin(run.window), Probe::trendYMax(run.window)}), limits);
-        QCOMPARE(rangeOf(Probe::trendAxisY(run.window)), range);
+        QTEST((Values {Probe::trendYMin(run.window), Probe::trendYMax(run.window)}), "limits");
+        QTEST(rangeOf(Probe::trendAxisY(run.window)), "range");
     }
 
     void verticalAxis_keepsItsRange_afterOneDifferenceOutsideIt()

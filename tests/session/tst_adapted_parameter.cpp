@@ -62,10 +62,7 @@ private slots:
 
     void setAdaptedValue_setsTheDeviantsAlone_data()
     {
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<double>("md");
-        QTest::addColumn<double>("fd");
-        QTest::addColumn<double>("cf");
+        addColumns<int, double, double, double>("mainParameter", "md", "fd", "cf");
         QTest::newRow("difference, and its carrier") << 0 << 0.5 << 0.25 << 1500.0;
         QTest::newRow("depth") << 1 << 0.25 << 0.125 << 1800.0;
         QTest::newRow("other: nothing") << 2 << 0.5 << 0.125 << 1800.0;

@@ -22,9 +22,7 @@ class TestCounts : public QuietTest {
 private slots:
     void count_isThis_whenMadeFromADouble_data()
     {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<int>("truncated");
-        QTest::addColumn<int>("floored");
+        addColumns<double, int, int>("value", "truncated", "floored");
         QTest::newRow("zero") << 0.0 << 0 << 0;
         QTest::newRow("whole") << 24000.0 << 24000 << 24000;
         QTest::newRow("just below a whole") << 1719.9999999999998 << 1719 << 1719;
@@ -49,9 +47,7 @@ private slots:
 
     void soundLength_isThis_whenRateAndDurationAre_data()
     {
-        QTest::addColumn<double>("fs");
-        QTest::addColumn<double>("duration");
-        QTest::addColumn<int>("expected");
+        addColumns<double, double, int>("fs", "duration", "expected");
         QTest::newRow("defaults") << 40000.0 << 0.6 << 24000;
         QTest::newRow("product just below a whole number") << 40000.0 << 0.043 << 1719;
         QTest::newRow("part of a sample") << 44100.0 << 0.0001 << 4;
@@ -75,10 +71,7 @@ private slots:
 
     void plottedPoints_areThis_whenTheSoundHasSoManySamples_data()
     {
-        QTest::addColumn<double>("fs");
-        QTest::addColumn<double>("span");
-        QTest::addColumn<int>("nSamples");
-        QTest::addColumn<int>("expected");
+        addColumns<double, double, int, int>("fs", "span", "nSamples", "expected");
         QTest::newRow("defaults") << 40000.0 << 0.05 << 24000 << 2000;
         QTest::newRow("span rounded down") << 11025.0 << 0.05 << 24000 << 551;
         QTest::newRow("sound as long as the span") << 40000.0 << 0.05 << 2000 << 2000;

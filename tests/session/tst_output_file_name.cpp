@@ -10,31 +10,19 @@ class TestOutputFileName : public QuietTest {
 private slots:
     void name_isThis_whenTheChoicesAre_data()
     {
-        QTest::addColumn<QString>("subCode");
-        QTest::addColumn<int>("sesType");
-        QTest::addColumn<int>("sesNum");
-        QTest::addColumn<int>("soundType");
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("what the window opens with")
-            << "SUB001" << 1 << 1 << 1 << 1 << "SUB001_test001_noise_modulation depth.txt";
-        QTest::newRow("other choices")
-            << "AB" << 0 << 7 << 0 << 0 << "AB_practice007_sinusoid_carrier frequency.txt";
-        QTest::newRow("two digits")
-            << "AB" << 1 << 12 << 0 << 1 << "AB_test012_sinusoid_modulation depth.txt";
-        QTest::newRow("three digits")
-            << "AB" << 1 << 123 << 0 << 1 << "AB_test123_sinusoid_modulation depth.txt";
-        QTest::newRow("more digits")
-            << "AB" << 1 << 1234 << 0 << 1 << "AB_test1234_sinusoid_modulation depth.txt";
-        QTest::newRow("session 0")
-            << "AB" << 1 << 0 << 0 << 1 << "AB_test000_sinusoid_modulation depth.txt";
-        QTest::newRow("negative session")
-            << "AB" << 1 << -5 << 0 << 1 << "AB_test0-5_sinusoid_modulation depth.txt";
-        QTest::newRow("no subject code")
-            << "" << 1 << 1 << 1 << 1 << "_test001_noise_modulation depth.txt";
-        QTest::newRow("characters that file systems refuse")
-            << "../a:b*?%1 " << 1 << 1 << 1 << 1
-            << "../a:b*?%1 _test001_noise_modulation depth.txt";
+        addColumns<QString, int, int, int, int, QString>(
+            "subCode", "sesType", "sesNum", "soundType", "mainParameter", "expected");
+        addRow("what the window opens with", "SUB001", 1, 1, 1, 1,
+            "SUB001_test001_noise_modulation depth.txt");
+        addRow("other choices", "AB", 0, 7, 0, 0, "AB_practice007_sinusoid_carrier frequency.txt");
+        addRow("two digits", "AB", 1, 12, 0, 1, "AB_test012_sinusoid_modulation depth.txt");
+        addRow("three digits", "AB", 1, 123, 0, 1, "AB_test123_sinusoid_modulation depth.txt");
+        addRow("more digits", "AB", 1, 1234, 0, 1, "AB_test1234_sinusoid_modulation depth.txt");
+        addRow("session 0", "AB", 1, 0, 0, 1, "AB_test000_sinusoid_modulation depth.txt");
+        addRow("negative session", "AB", 1, -5, 0, 1, "AB_test0-5_sinusoid_modulation depth.txt");
+        addRow("no subject code", "", 1, 1, 1, 1, "_test001_noise_modulation depth.txt");
+        addRow("characters that file systems refuse", "../a:b*?%1 ", 1, 1, 1, 1,
+            "../a:b*?%1 _test001_noise_modulation depth.txt");
     }
 
     void name_isThis_whenTheChoicesAre()
@@ -81,20 +69,20 @@ private slots:
     void otherNames_changeNothing_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("empty") << "";
-        QTest::newRow("another text") << "A.txt";
-        QTest::newRow("two digits") << "A_test01_noise_modulation depth.txt";
-        QTest::newRow("a zero too many") << "A_test0001_noise_modulation depth.txt";
-        QTest::newRow("number beyond an int") << "A_test2147483648_noise_modulation depth.txt";
-        QTest::newRow("no number") << "A_test_noise_modulation depth.txt";
-        QTest::newRow("sign only") << "A_test00-_noise_modulation depth.txt";
-        QTest::newRow("another session type") << "A_retest001_noise_modulation depth.txt";
-        QTest::newRow("another sound") << "A_test001_click_modulation depth.txt";
-        QTest::newRow("another parameter") << "A_test001_noise_level.txt";
-        QTest::newRow("another suffix") << "A_test001_noise_modulation depth.csv";
-        QTest::newRow("capitals") << "A_TEST001_noise_modulation depth.txt";
-        QTest::newRow("line end behind it") << "A_test001_noise_modulation depth.txt\n";
-        QTest::newRow("without a subject's separator") << "test001_noise_modulation depth.txt";
+        addRow("empty", "");
+        addRow("another text", "A.txt");
+        addRow("two digits", "A_test01_noise_modulation depth.txt");
+        addRow("a zero too many", "A_test0001_noise_modulation depth.txt");
+        addRow("number beyond an int", "A_test2147483648_noise_modulation depth.txt");
+        addRow("no number", "A_test_noise_modulation depth.txt");
+        addRow("sign only", "A_test00-_noise_modulation depth.txt");
+        addRow("another session type", "A_retest001_noise_modulation depth.txt");
+        addRow("another sound", "A_test001_click_modulation depth.txt");
+        addRow("another parameter", "A_test001_noise_level.txt");
+        addRow("another suffix", "A_test001_noise_modulation depth.csv");
+        addRow("capitals", "A_TEST001_noise_modulation depth.txt");
+        addRow("line end behind it", "A_test001_noise_modulation depth.txt\n");
+        addRow("without a subject's separator", "test001_noise_modulation depth.txt");
     }
 
     void otherNames_changeNothing()

@@ -28,8 +28,7 @@ private slots:
 
     void number_isShownSo_whenFormatted_data()
     {
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QString>("expected");
+        addColumns<QString, QString>("shown", "expected");
         QTest::newRow("frequency") << shownFrequency(1000.0) << "1000.00";
         QTest::newRow("frequency, rounded") << shownFrequency(949.996) << "950.00";
         QTest::newRow("frequency, negative") << shownFrequency(-40.0) << "-40.00";

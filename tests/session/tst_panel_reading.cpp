@@ -176,8 +176,7 @@ private slots:
     void deviant_startsFivePercentBelow_whenCarrierFrequencyIsAdapted()
     {
         MainWindow window;
-        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(0);
-        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(0);
+        choose(window, 0, 0);
         type(window, "lineEditStdCarrierFreq", "2000");
         type(window, "lineEditDevFreqDiff", "7");
         window.getParameters();
@@ -199,22 +198,13 @@ private slots:
 
     void reversalsToCalculate_areLimited_whenThereAreFewer_data()
     {
-        QTest::addColumn<QString>("reversals");
-        QTest::addColumn<QString>("toCalculate");
-        QTest::addColumn<int>("expected");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("more") << "14"
-                              << "20" << 14 << "14";
-        QTest::newRow("as many, not written again") << "14"
-                                                    << "014" << 14 << "014";
-        QTest::newRow("fewer, not written again") << "14"
-                                                  << " 8" << 8 << " 8";
-        QTest::newRow("no reversals") << ""
-                                      << "8" << 0 << "0";
-        QTest::newRow("negative reversals") << "-3"
-                                            << "8" << -3 << "-3";
-        QTest::newRow("both negative") << "-3"
-                                       << "-5" << -5 << "-5";
+        addColumns<QString, QString, int, QString>("reversals", "toCalculate", "expected", "shown");
+        addRow("more", "14", "20", 14, "14");
+        addRow("as many, not written again", "14", "014", 14, "014");
+        addRow("fewer, not written again", "14", " 8", 8, " 8");
+        addRow("no reversals", "", "8", 0, "0");
+        addRow("negative reversals", "-3", "8", -3, "-3");
+        addRow("both negative", "-3", "-5", -5, "-5");
     }
 
     void reversalsToCalculate_areLimited_whenThereAreFewer()

@@ -70,30 +70,17 @@ private slots:
 private:
     static void changes()
     {
-        QTest::addColumn<QString>("standardMs");
-        QTest::addColumn<QString>("deviantMs");
-        QTest::addColumn<QString>("rate");
-        QTest::addColumn<QVector<int>>("nSamples");
-        QTest::addColumn<QVector<int>>("nPlotted");
-        QTest::newRow("nothing") << "600"
-                                 << "600"
-                                 << "40000" << QVector<int>({24000, 24000})
-                                 << QVector<int>({2000, 2000});
-        QTest::newRow("durations")
-            << "300"
-            << "1200"
-            << "40000" << QVector<int>({12000, 48000}) << QVector<int>({2000, 2000});
-        QTest::newRow("a duration below the plotted stretch")
-            << "20"
-            << "43"
-            << "40000" << QVector<int>({800, 1719}) << QVector<int>({800, 1719});
-        QTest::newRow("rate") << "600"
-                              << "600"
-                              << "22050" << QVector<int>({13230, 13230})
-                              << QVector<int>({1102, 1102});
-        QTest::newRow("both") << "300"
-                              << "1200"
-                              << "8000" << QVector<int>({2400, 9600}) << QVector<int>({400, 400});
+        addColumns<QString, QString, QString, QVector<int>, QVector<int>>(
+            "standardMs", "deviantMs", "rate", "nSamples", "nPlotted");
+        addRow("nothing", "600", "600", "40000", QVector<int>({24000, 24000}),
+            QVector<int>({2000, 2000}));
+        addRow("durations", "300", "1200", "40000", QVector<int>({12000, 48000}),
+            QVector<int>({2000, 2000}));
+        addRow("a duration below the plotted stretch", "20", "43", "40000",
+            QVector<int>({800, 1719}), QVector<int>({800, 1719}));
+        addRow("rate", "600", "600", "22050", QVector<int>({13230, 13230}),
+            QVector<int>({1102, 1102}));
+        addRow("both", "300", "1200", "8000", QVector<int>({2400, 9600}), QVector<int>({400, 400}));
     }
 
     // Types the row's settings and presses View; returns the rate.

@@ -81,8 +81,7 @@ private slots:
 
     void scale_isTheIntegerHalfOfTheStatedLength_data()
     {
-        QTest::addColumn<int>("nSamples");
-        QTest::addColumn<double>("amplitude");
+        addColumns<int, double>("nSamples", "amplitude");
         QTest::newRow("even") << 6 << 1.0 / 3;
         QTest::newRow("odd, truncated") << 7 << 1.0 / 3;
         QTest::newRow("not the vector's size") << 101 << 1.0 / 50;

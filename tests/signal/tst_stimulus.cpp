@@ -58,9 +58,7 @@ class TestStimulus : public QObject {
 private slots:
     void sound_equalsItsFormulaBitForBit_data()
     {
-        QTest::addColumn<int>("soundType");
-        QTest::addColumn<double>("depth");
-        QTest::addColumn<bool>("normalise");
+        addColumns<int, double, bool>("soundType", "depth", "normalise");
         QTest::newRow("sinusoid") << sinusoidCarrier << 0.3 << false;
         QTest::newRow("sinusoid, normalised") << sinusoidCarrier << 0.3 << true;
         QTest::newRow("sinusoid, overmodulated") << sinusoidCarrier << 1.7 << true;
@@ -191,8 +189,7 @@ private slots:
 
     void equalising_isUndefined_whenALevelIs_data()
     {
-        QTest::addColumn<QVector<double>>("standardSound");
-        QTest::addColumn<QVector<double>>("deviantSound");
+        addColumns<QVector<double>, QVector<double>>("standardSound", "deviantSound");
         QTest::newRow("empty deviant") << QVector<double>({1, 2}) << QVector<double>();
         QTest::newRow("silent standard") << QVector<double>({0, 0}) << QVector<double>({1, 2});
         QTest::newRow("both silent") << QVector<double>({0, 0}) << QVector<double>({0, 0});

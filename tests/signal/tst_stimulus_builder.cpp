@@ -143,8 +143,7 @@ private slots:
 
     void timeAxis_coversTheLongerPlot_data()
     {
-        QTest::addColumn<QVector<int>>("nPointsToPlot");
-        QTest::addColumn<int>("length");
+        addColumns<QVector<int>, int>("nPointsToPlot", "length");
         QTest::newRow("longer deviant") << QVector<int>({200, 300}) << 300;
         QTest::newRow("longer standard") << QVector<int>({300, 200}) << 300;
         QTest::newRow("equal") << QVector<int>({250, 250}) << 250;

@@ -25,9 +25,7 @@ class TestTones : public QObject {
 private slots:
     void length_isDurationTimesRateRoundedDown_data()
     {
-        QTest::addColumn<double>("fs");
-        QTest::addColumn<double>("duration");
-        QTest::addColumn<int>("length");
+        addColumns<double, double, int>("fs", "duration", "length");
         QTest::newRow("whole") << 40000.0 << 0.5 << 20000;
         QTest::newRow("just below 1000") << 1000.0 << 0.9999999 << 999;
         QTest::newRow("a product that rounds below 1720") << 40000.0 << 0.043 << 1719;
@@ -51,10 +49,7 @@ private slots:
 
     void sine_equalsItsExpressionBitForBit_data()
     {
-        QTest::addColumn<double>("fs");
-        QTest::addColumn<double>("frequency");
-        QTest::addColumn<double>("amplitude");
-        QTest::addColumn<double>("phase");
+        addColumns<double, double, double, double>("fs", "frequency", "amplitude", "phase");
         QTest::newRow("1 kHz") << 40000.0 << 1000.0 << 1.0 << 0.0;
         QTest::newRow("odd numbers") << 44100.0 << 777.7 << 0.3 << 33.0;
         QTest::newRow("negative phase and amplitude") << 8000.0 << 123.4 << -2.5 << -271.0;
@@ -87,8 +82,7 @@ private slots:
 
     void sam_equalsItsExpressionBitForBit_data()
     {
-        QTest::addColumn<double>("m");
-        QTest::addColumn<bool>("normalise");
+        addColumns<double, bool>("m", "normalise");
         QTest::newRow("shallow") << 0.3 << false;
         QTest::newRow("shallow, normalised") << 0.3 << true;
         QTest::newRow("full, normalised") << 1.0 << true;

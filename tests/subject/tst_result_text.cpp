@@ -16,24 +16,20 @@ protected slots:
 private slots:
     void text_namesThresholdAndReactionTime_data()
     {
-        QTest::addColumn<double>("threshold");
-        QTest::addColumn<double>("reactionTime");
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<QString>("text");
+        addColumns<double, double, int, QString>(
+            "threshold", "reactionTime", "mainParameter", "text");
         const QString nan("Frequency Difference = nan Hz,   Reaction Time = nan ms");
-        QTest::newRow("depth, in percent")
-            << 0.125 << 734.5 << 1 << "Modulation Threshold = 12.5 %,   Reaction Time = 734.5 ms";
-        QTest::newRow("difference, in hertz")
-            << 0.002 << 500.0 << 0 << "Frequency Difference = 2 Hz,   Reaction Time = 500 ms";
-        QTest::newRow("six significant digits")
-            << 0.123456789 << 1234.56789 << 1
-            << "Modulation Threshold = 12.3457 %,   Reaction Time = 1234.57 ms";
-        QTest::newRow("exponents")
-            << 1e-7 << 12345678.0 << 0
-            << "Frequency Difference = 0.0001 Hz,   Reaction Time = 1.23457e+07 ms";
-        QTest::newRow("no number") << qQNaN() << qQNaN() << 0 << nan;
-        QTest::newRow("unknown parameter") << 0.5 << 500.0 << 2 << QString("");
-        QTest::newRow("no parameter") << 0.5 << 500.0 << -1 << QString("");
+        addRow("depth, in percent", 0.125, 734.5, 1,
+            "Modulation Threshold = 12.5 %,   Reaction Time = 734.5 ms");
+        addRow("difference, in hertz", 0.002, 500.0, 0,
+            "Frequency Difference = 2 Hz,   Reaction Time = 500 ms");
+        addRow("six significant digits", 0.123456789, 1234.56789, 1,
+            "Modulation Threshold = 12.3457 %,   Reaction Time = 1234.57 ms");
+        addRow("exponents", 1e-7, 12345678.0, 0,
+            "Frequency Difference = 0.0001 Hz,   Reaction Time = 1.23457e+07 ms");
+        addRow("no number", qQNaN(), qQNaN(), 0, nan);
+        addRow("unknown parameter", 0.5, 500.0, 2, QString(""));
+        addRow("no parameter", 0.5, 500.0, -1, QString(""));
     }
 
     void text_namesThresholdAndReactionTime()

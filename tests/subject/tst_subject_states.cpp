@@ -17,16 +17,10 @@ const QString lightGrey(
 const QString hover(
     "QPushButton:hover {background-color: rgb(0, 255, 255); border: 1px solid blue;}");
 
-QVector<QPushButton*> choices(SubjectWindow& window)
-{
-    return {buttonOf(window, "pushButtonChoice1"), buttonOf(window, "pushButtonChoice2"),
-        buttonOf(window, "pushButtonChoice3"), buttonOf(window, "pushButtonChoice4")};
-}
-
 QStringList styles(SubjectWindow& window)
 {
     QStringList sheets;
-    for (const QPushButton* button : choices(window)) {
+    for (const QPushButton* button : choiceButtons(window)) {
         sheets.append(button->styleSheet());
     }
     return sheets;
@@ -36,7 +30,7 @@ QStringList styles(SubjectWindow& window)
 QVector<bool> enabled(SubjectWindow& window)
 {
     QVector<bool> states = {window.isEnabled()};
-    for (const QPushButton* button : choices(window)) {
+    for (const QPushButton* button : choiceButtons(window)) {
         states.append(button->isEnabled());
     }
     return states;
@@ -137,8 +131,7 @@ private slots:
 
     void result_replacesTheButtons_data()
     {
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<QString>("text");
+        addColumns<int, QString>("mainParameter", "text");
         QTest::newRow("depth") << 1 << "Modulation Threshold = 0.2 %,   Reaction Time = 734.5 ms";
         QTest::newRow("frequency")
             << 0 << "Frequency Difference = 2 Hz,   Reaction Time = 734.5 ms";
@@ -157,7 +150,7 @@ private slots:
         QVERIFY(buttonOf(window, "pushButtonDone")->isVisible());
         QVERIFY(buttonOf(window, "pushButtonDone")->isEnabled());
         QVERIFY(window.isEnabled());
-        for (const QPushButton* button : choices(window)) {
+        for (const QPushButton* button : choiceButtons(window)) {
             QVERIFY(!button->isVisible());
         }
         QVERIFY(!buttonOf(window, "pushButtonIAmReady")->isVisible());
@@ -208,8 +201,7 @@ private slots:
 
     void closing_changesNothing_onAnyOtherAnswer_data()
     {
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<int>("state");
+        addColumns<int, int>("answer", "state");
         constexpr int escapeKey = QMessageBox::NoButton;
         for (const int state : {3, -1}) {
             QTest::addRow("No in state %d", state) << int(QMessageBox::No) << state;

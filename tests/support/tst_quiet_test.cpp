@@ -126,10 +126,7 @@ class TestQuietTest : public QuietTest {
 private slots:
     void outcome_isThis_whenASampleTestIsRun_data()
     {
-        QTest::addColumn<QString>("sampleClass");
-        QTest::addColumn<QString>("function");
-        QTest::addColumn<int>("failures");
-        QTest::addColumn<QString>("line");
+        addColumns<QString, QString, int, QString>("sampleClass", "function", "failures", "line");
         const auto row = [](const char* function, int failures, const char* line) {
             QTest::newRow(function) << "Sample" << function << failures << line;
         };
@@ -147,13 +144,10 @@ private slots:
         row("announcedAfterwards", 1, "unannounced warning: too early");
         row("announcedButDidNotCome", 1, "announced warning that did not come");
         row("tolerated", 0, "PASS   : Sample::tolerated()");
-        QTest::newRow("own cleanup, announced") << "SampleWithInit"
-                                                << "announces" << 0 << "PASS";
-        QTest::newRow("own cleanup, not announced")
-            << "SampleWithInit"
-            << "announcesNothing" << 1 << "unannounced warning: said in cleanup";
-        QTest::newRow("own init fails") << "SampleWithInit"
-                                        << "failsInInit" << 1 << "the first init fails";
+        addRow("own cleanup, announced", "SampleWithInit", "announces", 0, "PASS");
+        addRow("own cleanup, not announced", "SampleWithInit", "announcesNothing", 1,
+            "unannounced warning: said in cleanup");
+        addRow("own init fails", "SampleWithInit", "failsInInit", 1, "the first init fails");
     }
 
     void outcome_isThis_whenASampleTestIsRun()

@@ -46,8 +46,7 @@ private slots:
 
     void trial_isWhole_andEndsOnce_whenTheServerStandsStill_data()
     {
-        QTest::addColumn<int>("phase");
-        QTest::addColumn<int>("lengthMs");
+        addColumns<int, int>("phase", "lengthMs");
         if (qEnvironmentVariableIsSet("QUORIN_ALL_STANDSTILLS")) {
             for (const int lengthMs : {500, 3000, 12000}) {
                 for (size_t phase = 0; phase < std::size(phases); ++phase) {

@@ -44,9 +44,7 @@ private slots:
 
     void everySample_isPlayed_whenSomethingStandsStill_data()
     {
-        QTest::addColumn<int>("standstill");
-        QTest::addColumn<int>("placeMs");
-        QTest::addColumn<int>("lengthMs");
+        addColumns<int, int, int>("standstill", "placeMs", "lengthMs");
         const bool all = qEnvironmentVariableIsSet("QUORIN_ALL_STANDSTILLS");
         const auto lengths = all ? QVector<int> {0, 100, 200, 300, 500, 1000} : QVector<int> {500};
         const auto places = all ? QVector<int> {1, 300, 560} : QVector<int> {300};

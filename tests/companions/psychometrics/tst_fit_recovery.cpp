@@ -46,16 +46,13 @@ class TestFitRecovery : public QuietTest {
 private slots:
     void listeners_areFoundAgain_data()
     {
-        QTest::addColumn<PsychometricFunction>("listener");
-        QTest::addColumn<FitShape>("shape");
-        QTest::newRow("logistic") << logisticListener(depthThreshold, 2.5) << FitShape::logistic;
-        QTest::newRow("logistic, lapses")
-            << logisticListener(depthThreshold, 2.5, 0.03) << FitShape::logistic;
-        QTest::newRow("Weibull") << weibullListener(depthThreshold, 2.0) << FitShape::weibull;
-        QTest::newRow("Weibull, lapses")
-            << weibullListener(depthThreshold, 2.0, 0.03) << FitShape::weibull;
-        QTest::newRow("Gauss, of a logistic listener")
-            << logisticListener(depthThreshold, 2.5) << FitShape::gauss;
+        addColumns<PsychometricFunction, FitShape>("listener", "shape");
+        addRow("logistic", logisticListener(depthThreshold, 2.5), FitShape::logistic);
+        addRow("logistic, lapses", logisticListener(depthThreshold, 2.5, 0.03), FitShape::logistic);
+        addRow("Weibull", weibullListener(depthThreshold, 2.0), FitShape::weibull);
+        addRow("Weibull, lapses", weibullListener(depthThreshold, 2.0, 0.03), FitShape::weibull);
+        addRow("Gauss, of a logistic listener", logisticListener(depthThreshold, 2.5),
+            FitShape::gauss);
     }
 
     // Ten runs of 14 reversals each. The mean over the listeners may be off by 4.5 of its standard

@@ -57,9 +57,7 @@ private slots:
     // Nelder and Mead to 1e-16, then nlm(), on the same likelihood.
     void fit_isTheOneThatRFinds_data()
     {
-        QTest::addColumn<FitShape>("shape");
-        QTest::addColumn<LapseLimits>("lapses");
-        QTest::addColumn<std::vector<double>>("expected");
+        addColumns<FitShape, LapseLimits, std::vector<double>>("shape", "lapses", "expected");
         const LapseLimits fixed {0.02, 0.02};
         const auto row = [](const char* name, FitShape shape, const LapseLimits& lapses,
                              const std::vector<double>& expected) {

@@ -70,8 +70,7 @@ private slots:
 
     void impossibleField_isRefused_data()
     {
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QJsonValue>("value");
+        addColumns<QString, QJsonValue>("key", "value");
         row("version", 2);
         row("outputs", QJsonArray());
         row("ear", "middle");

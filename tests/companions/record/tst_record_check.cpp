@@ -70,11 +70,8 @@ QJsonObject wrongCalibration()
 
 void addChangeColumns()
 {
-    QTest::addColumn<Place>("place");
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QJsonValue>("value");
-    QTest::addColumn<Place>("found");
-    QTest::addColumn<QString>("text");
+    addColumns<Place, QString, QJsonValue, Place, QString>(
+        "place", "key", "value", "found", "text");
 }
 
 // A change of one field, what is found then, and in which line if not in the changed one.
@@ -230,8 +227,7 @@ private slots:
 
     void line_isMissed_whenItIsLeftOut_data()
     {
-        QTest::addColumn<Place>("place");
-        QTest::addColumn<QString>("text");
+        addColumns<Place, QString>("place", "text");
         const auto row = [](const Place& place, const QString& text) {
             QTest::addRow("%s %d", place.event, place.number) << place << text;
         };
@@ -245,10 +241,9 @@ private slots:
     void line_isMissed_whenItIsLeftOut()
     {
         QFETCH(Place, place);
-        QFETCH(QString, text);
         QVector<QJsonObject> lines = recordedLines();
         lines.remove(indexOf(lines, place));
-        QCOMPARE(contradictionIn(lines), text);
+        QTEST(contradictionIn(lines), "text");
     }
 
     void sound_isMissed_whenItIsLeftOutWithItsEnd()
@@ -264,8 +259,7 @@ private slots:
 
     void interruption_isFound_whenItCannotBeTrue_data()
     {
-        QTest::addColumn<SoundInterrupted>("line");
-        QTest::addColumn<QString>("text");
+        addColumns<SoundInterrupted, QString>("line", "text");
         QTest::newRow("interval 0") << SoundInterrupted {2, 0, 1e9}
                                     << "18: there is no sound of interval 0 before in trial 2";
         QTest::newRow("interval 5") << SoundInterrupted {2, 5, 1e9}

@@ -129,8 +129,7 @@ private slots:
 
     void damage_isToldWithItsLine_data()
     {
-        QTest::addColumn<QByteArray>("added");
-        QTest::addColumn<QString>("error");
+        addColumns<QByteArray, QString>("added", "error");
         QTest::newRow("no JSON") << QByteArray("{]\n") << "is no JSON: unterminated object";
         QTest::newRow("a list") << QByteArray("[]\n") << "is no JSON object";
         QTest::newRow("unknown event") << QByteArray(R"({"event":"pause"})"
@@ -159,9 +158,8 @@ private slots:
     void damage_isToldWithItsLine()
     {
         QFETCH(QByteArray, added);
-        QFETCH(QString, error);
         const ReadRecord read = readRecord(runBytes() + added + "never read\n");
-        QCOMPARE(read.error, error);
+        QTEST(read.error, "error");
         QCOMPARE(read.line, 8);
         QCOMPARE(read.run.trials.size(), 1);
     }

@@ -50,8 +50,7 @@ private slots:
 
     void changedLine_isRefused_andReadUnchecked_data()
     {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("complaint");
+        addColumns<QByteArray, QString>("file", "complaint");
         const QByteArray good = depthFile(1);
         const QList<QByteArray> lines = linesOf(good);
         const auto changed = [&lines](int line, const QByteArray& from, const QByteArray& to) {
@@ -63,37 +62,32 @@ private slots:
                              "missing, doubled, moved or changed");
         const auto valueAt = [&lines](int line) { return lines[line - 1].split('\t')[0]; };
 
-        QTest::newRow("value") << changed(5, valueAt(5), "33.333333")
-                               << unlike.arg(QString("5"), "33.333333", valueAt(5));
+        addRow("value", changed(5, valueAt(5), "33.333333"),
+            unlike.arg(QString("5"), "33.333333", valueAt(5)));
         QList<QByteArray> flipped = lines;
         const int place = flipped[2].lastIndexOf('\t') - 1;
         flipped[2].replace(place, 1, flipped[2].at(place) == '0' ? "1" : "0");
-        QTest::newRow("correctness")
-            << fileOf(flipped) << QString("3 the correctness contradicts the positions");
-        QTest::newRow("infinite value")
-            << changed(5, valueAt(5), "inf") << QString("5 inf is no value of a run");
-        QTest::newRow("no number")
-            << changed(2, valueAt(2), "nan") << QString("2 nan is no value of a run");
-        QTest::newRow("negative value")
-            << changed(2, valueAt(2), "-50.000000") << QString("2 -50.000000 is no value of a run");
+        addRow(
+            "correctness", fileOf(flipped), QString("3 the correctness contradicts the positions"));
+        addRow(
+            "infinite value", changed(5, valueAt(5), "inf"), QString("5 inf is no value of a run"));
+        addRow("no number", changed(2, valueAt(2), "nan"), QString("2 nan is no value of a run"));
+        addRow("negative value", changed(2, valueAt(2), "-50.000000"),
+            QString("2 -50.000000 is no value of a run"));
 
         QList<QByteArray> missing = lines;
         missing.removeAt(5);
-        QTest::newRow("missing line")
-            << fileOf(missing) << unlike.arg(QString("6"), valueAt(7), valueAt(6));
+        addRow("missing line", fileOf(missing), unlike.arg(QString("6"), valueAt(7), valueAt(6)));
         QList<QByteArray> atEnd = linesOf(depthFile(seedOfALongEnd()));
         atEnd.removeLast();
-        QTest::newRow("last line missing")
-            << fileOf(atEnd)
-            << QString("%1 the run does not end with a reversal: lines are missing")
-                   .arg(atEnd.size());
+        addRow("last line missing", fileOf(atEnd),
+            QString("%1 the run does not end with a reversal: lines are missing")
+                .arg(atEnd.size()));
         QList<QByteArray> doubled = lines;
         doubled.insert(5, lines[5]);
-        QTest::newRow("doubled line")
-            << fileOf(doubled) << unlike.arg(QString("7"), valueAt(6), valueAt(7));
-        QTest::newRow("two runs in one file")
-            << fileOf(lines + linesOf(depthFile(2)).mid(1))
-            << QString("%1 ").arg(lines.size() + 1); // the value that would follow is not shown
+        addRow("doubled line", fileOf(doubled), unlike.arg(QString("7"), valueAt(6), valueAt(7)));
+        addRow("two runs in one file", fileOf(lines + linesOf(depthFile(2)).mid(1)),
+            QString("%1 ").arg(lines.size() + 1)); // the value that would follow is not shown
     }
 
     void changedLine_isRefused_andReadUnchecked()

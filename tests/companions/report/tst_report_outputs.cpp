@@ -105,8 +105,7 @@ private slots:
 
     void pictures_areOfTheirFormat_data()
     {
-        QTest::addColumn<QString>("format");
-        QTest::addColumn<QByteArray>("begin");
+        addColumns<QString, QByteArray>("format", "begin");
         QTest::newRow("png") << "png" << QByteArray("\x89PNG\r\n");
         QTest::newRow("svg") << "svg" << QByteArray("<?xml version=\"1.0\"");
         QTest::newRow("pdf") << "pdf" << QByteArray("%PDF-1.");

@@ -165,30 +165,27 @@ private slots:
 
     void usage_isRefused_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("error");
-        QTest::newRow("nothing") << QStringList() << "no files or folders are given";
-        QTest::newRow("unknown option")
-            << QStringList {"--colour", "run.txt"} << "Unknown option 'colour'.";
-        QTest::newRow("no reversals") << QStringList {"--reversals", "0", "run.txt"}
-                                      << "--reversals must be 1 to 100000, not \"0\"";
-        QTest::newRow("last of no number")
-            << QStringList {"--last", "8x", "run.txt"} << "--last must be 1 to 100000, not \"8x\"";
-        QTest::newRow("more than there are") << QStringList {"--reversals", "6", "--last", "7",
-            "run.txt"} << "--last must be 1 to the number of reversals, 6, not \"7\"";
-        QTest::newRow("carrier") << QStringList {"--carrier", "0", "run.txt"}
-                                 << "--carrier must be above 0 and at most 1000000 Hz, not \"0\"";
-        QTest::newRow("key") << QStringList {"--by", "sound,colour", "run.txt"}
-                             << "--by is a list of subject, parameter, sound, type, session, each "
-                                "once, not \"sound,colour\"";
-        QTest::newRow("axis") << QStringList {"--over", "trials", "run.txt"}
-                              << "--over is session or date, not \"trials\"";
-        QTest::newRow("two tables on one output") << QStringList {"--csv", "-", "--trials", "-",
-            "run.txt"} << "--csv and --trials do not go to standard output together";
-        QTest::newRow("format") << QStringList {"--format", "gif", "run.txt"}
-                                << "--format is png, svg or pdf, not \"gif\"";
-        QTest::newRow("nameless table")
-            << QStringList {"--csv=", "run.txt"} << "--csv needs a name";
+        addColumns<QStringList, QString>("arguments", "error");
+        addRow("nothing", QStringList(), "no files or folders are given");
+        addRow("unknown option", QStringList {"--colour", "run.txt"}, "Unknown option 'colour'.");
+        addRow("no reversals", QStringList {"--reversals", "0", "run.txt"},
+            "--reversals must be 1 to 100000, not \"0\"");
+        addRow("last of no number", QStringList {"--last", "8x", "run.txt"},
+            "--last must be 1 to 100000, not \"8x\"");
+        addRow("more than there are", QStringList {"--reversals", "6", "--last", "7", "run.txt"},
+            "--last must be 1 to the number of reversals, 6, not \"7\"");
+        addRow("carrier", QStringList {"--carrier", "0", "run.txt"},
+            "--carrier must be above 0 and at most 1000000 Hz, not \"0\"");
+        addRow("key", QStringList {"--by", "sound,colour", "run.txt"},
+            "--by is a list of subject, parameter, sound, type, session, each "
+            "once, not \"sound,colour\"");
+        addRow("axis", QStringList {"--over", "trials", "run.txt"},
+            "--over is session or date, not \"trials\"");
+        addRow("two tables on one output", QStringList {"--csv", "-", "--trials", "-", "run.txt"},
+            "--csv and --trials do not go to standard output together");
+        addRow("format", QStringList {"--format", "gif", "run.txt"},
+            "--format is png, svg or pdf, not \"gif\"");
+        addRow("nameless table", QStringList {"--csv=", "run.txt"}, "--csv needs a name");
     }
 
     void usage_isRefused()

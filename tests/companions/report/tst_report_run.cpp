@@ -80,9 +80,7 @@ private slots:
 
     void threshold_isThatOfTheApplication_forSimulatedRuns_data()
     {
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<int>("nReversals");
-        QTest::addColumn<double>("unit");
+        addColumns<int, int, double>("mainParameter", "nReversals", "unit");
         QTest::newRow("depth") << modulationDepthParameter << 14 << 100.0;
         QTest::newRow("difference") << carrierFrequencyParameter << 14 << 1234.5;
         QTest::newRow("many reversals") << modulationDepthParameter << 60 << 100.0;

@@ -22,11 +22,9 @@ namespace {
 QString playRun(MainWindow& window, int mainParameter, const Listener& hears)
 {
     if (mainParameter == carrierFrequencyParameter) {
-        comboBoxOf(window, "comboBoxSoundType")->setCurrentIndex(sinusoidCarrier);
-        comboBoxOf(window, "comboBoxMainParameter")->setCurrentIndex(mainParameter);
+        choose(window, sinusoidCarrier, mainParameter);
     }
-    type(window, "lineEditStdDuration", "10.00");
-    type(window, "lineEditDevDuration", "10.00");
+    typeDurations(window, "10.00");
     checkBoxOf(window, "checkBoxSaveData")->setChecked(true);
     RunDriver driver(window);
     SubjectWindow& subject = driver.open();
@@ -48,23 +46,17 @@ class TestReportWindows : public WindowTest {
 private slots:
     void report_saysWhatTheWindowsShowed_data()
     {
-        QTest::addColumn<int>("mainParameter");
-        QTest::addColumn<Listener>("hears");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("nTrials");
-        QTest::addColumn<QString>("threshold");
-        QTest::newRow("hears a depth of 10 % and more")
-            << modulationDepthParameter
-            << Listener([](const Data& data) { return data.md[deviant] >= 0.1; })
-            << "SUB001_test001_noise_modulation depth.txt" << 29 << "11.2679";
-        QTest::newRow("hears a difference of 2 Hz and more")
-            << carrierFrequencyParameter
-            << Listener([](const Data& data) { return data.fd[deviant] >= 0.002; })
-            << "SUB001_test001_sinusoid_carrier frequency.txt" << 36 << "2.24824";
-        QTest::newRow("right and wrong in turn")
-            << modulationDepthParameter
-            << Listener([](const Data& data) { return data.records.size() % 2 == 0; })
-            << "SUB001_test001_noise_modulation depth.txt" << 15 << "89.5735";
+        addColumns<int, Listener, QString, int, QString>(
+            "mainParameter", "hears", "name", "nTrials", "threshold");
+        addRow("hears a depth of 10 % and more", modulationDepthParameter,
+            Listener([](const Data& data) { return data.md[deviant] >= 0.1; }),
+            "SUB001_test001_noise_modulation depth.txt", 29, "11.2679");
+        addRow("hears a difference of 2 Hz and more", carrierFrequencyParameter,
+            Listener([](const Data& data) { return data.fd[deviant] >= 0.002; }),
+            "SUB001_test001_sinusoid_carrier frequency.txt", 36, "2.24824");
+        addRow("right and wrong in turn", modulationDepthParameter,
+            Listener([](const Data& data) { return data.records.size() % 2 == 0; }),
+            "SUB001_test001_noise_modulation depth.txt", 15, "89.5735");
     }
 
     void report_saysWhatTheWindowsShowed()
@@ -72,7 +64,6 @@ private slots:
         QFETCH(int, mainParameter);
         QFETCH(Listener, hears);
         QFETCH(QString, name);
-        QFETCH(int, nTrials);
         QFETCH(QString, threshold);
         const QTemporaryDir folder;
         ModalBoxes boxes;
@@ -85,7 +76,7 @@ private slots:
         run.path = folder.filePath(name);
         QCOMPARE(readRun(run, contentOf(run.path)).text, QString());
         QVERIFY(run.isNamed);
-        QCOMPARE(run.data.nTrials, nTrials);
+        QTEST(run.data.nTrials, "nTrials");
         QCOMPARE(run.data.reversalCount, 14);
         QCOMPARE(shown(run.data.threshold), threshold);
         QVERIFY2(text.contains(" = " + threshold + ' ' + unitOf(run.data)), qPrintable(text));

@@ -65,18 +65,17 @@ private slots:
 
     void whateverIsWritten_isRead_data()
     {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<double>("reactionTime");
-        QTest::newRow("ordinary") << 0.123456789 << 734.0;
-        QTest::newRow("zero") << 0.0 << 0.0;
-        QTest::newRow("rounds to zero from below") << -1e-12 << 0.25;
-        QTest::newRow("negative") << -0.5 << 999999.0;
-        QTest::newRow("large") << 123456789.01234567 << 1e6;
-        QTest::newRow("beyond the digits of a double") << 1.7e22 << 1234567.0;
-        QTest::newRow("largest") << std::numeric_limits<double>::max() << 1e15;
-        QTest::newRow("not a number") << std::nan("") << 1234.567;
-        QTest::newRow("infinite") << std::numeric_limits<double>::infinity() << 1e-5;
-        QTest::newRow("negative infinite") << -std::numeric_limits<double>::infinity() << 1e300;
+        addColumns<double, double>("value", "reactionTime");
+        addRow("ordinary", 0.123456789, 734.0);
+        addRow("zero", 0.0, 0.0);
+        addRow("rounds to zero from below", -1e-12, 0.25);
+        addRow("negative", -0.5, 999999.0);
+        addRow("large", 123456789.01234567, 1e6);
+        addRow("beyond the digits of a double", 1.7e22, 1234567.0);
+        addRow("largest", std::numeric_limits<double>::max(), 1e15);
+        addRow("not a number", std::nan(""), 1234.567);
+        addRow("infinite", std::numeric_limits<double>::infinity(), 1e-5);
+        addRow("negative infinite", -std::numeric_limits<double>::infinity(), 1e300);
     }
 
     void whateverIsWritten_isRead()
@@ -111,108 +110,95 @@ private slots:
 
     void damagedFile_isRefused_data()
     {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("complaint");
+        addColumns<QByteArray, QString>("file", "complaint");
         const auto line = [](const char* text) { return header + good + text + "\r\n" + good; };
         const QByteArray noEnd = header + good + "25.000000\t2\t2\t1\t73";
 
-        QTest::newRow("empty") << QByteArray() << "1 the file is empty";
-        QTest::newRow("header only") << header << "1 there are no trials";
-        QTest::newRow("header cut short")
-            << header.chopped(2) << "1 the line has no end: the file is cut short";
-        QTest::newRow("another text") << QByteArray("Dear all,\r\n")
-                                      << "1 not a results file: the first line is no header of one";
-        QTest::newRow("byte order mark")
-            << QByteArray("\xef\xbb\xbf") + header + good
-            << "1 the file begins with a byte order mark: an editor saved it as UTF-8 with BOM";
+        addRow("empty", QByteArray(), "1 the file is empty");
+        addRow("header only", header, "1 there are no trials");
+        addRow(
+            "header cut short", header.chopped(2), "1 the line has no end: the file is cut short");
+        addRow("another text", QByteArray("Dear all,\r\n"),
+            "1 not a results file: the first line is no header of one");
+        addRow("byte order mark", QByteArray("\xef\xbb\xbf") + header + good,
+            "1 the file begins with a byte order mark: an editor saved it as UTF-8 with BOM");
         const QString wide = QString::fromLatin1(header + good);
         const QByteArray utf16(reinterpret_cast<const char*>(wide.utf16()), 2 * wide.size());
-        QTest::newRow("UTF-16")
-            << utf16 << "1 the file is in UTF-16: an editor saved it in another encoding";
-        QTest::newRow("UTF-16 with a mark") << "\xff\xfe"
-                + utf16 << "1 the file is in UTF-16: an editor saved it in another encoding";
-        QTest::newRow("CR alone") << QByteArray(header + good).replace("\r\n", "\r")
-                                  << "1 the lines end in CR alone: an old editor changed the file";
-        QTest::newRow("commas for tabs")
-            << QByteArray(header + good).replace('\t', ',')
-            << "1 the columns are parted by commas or semicolons, not by tabs: a spreadsheet "
-               "changed the file";
-        QTest::newRow("semicolons for tabs")
-            << QByteArray(header + good).replace('\t', ';')
-            << "1 the columns are parted by commas or semicolons, not by tabs: a spreadsheet "
-               "changed the file";
-        QTest::newRow("blanks for all tabs")
-            << QByteArray(header + good).replace('\t', "    ")
-            << "1 there are blanks in the place of tabs: an editor changed the file";
-        QTest::newRow("zeros") << QByteArray(100000, '\0')
-                               << "1 not a results file: the first line is no header of one";
-        QTest::newRow("without a header")
-            << good << "1 not a results file: the first line is no header of one";
-        QTest::newRow("last line cut short")
-            << noEnd << "3 the line has no end: the file is cut short";
-        QTest::newRow("second header of the other kind") << header + good + otherHeader
-                + good << "3 a second header: there is more than one run in the file";
-        QTest::newRow("other line end") << header + good + "25.000000\t2\t2\t1\t73\n" + good
-                                        << "3 the line ends otherwise than the first";
-        QTest::newRow("empty line") << line("") << "3 5 columns are needed, not 1";
-        QTest::newRow("column missing")
-            << line("25.000000\t2\t2\t1") << "3 5 columns are needed, not 4";
-        QTest::newRow("column too many")
-            << line("25.000000\t2\t2\t1\t73\t") << "3 5 columns are needed, not 6";
-        QTest::newRow("blanks for tabs")
-            << line("25.000000 2 2 1 73")
-            << "3 there are blanks in the place of tabs: an editor changed the line";
-        QTest::newRow("last line damaged") << header + good + "25.000000\t2\t2\t1\t7x\r\n"
-                                           << "3 \"7x\" is not a reaction time in ms";
+        addRow("UTF-16", utf16, "1 the file is in UTF-16: an editor saved it in another encoding");
+        addRow("UTF-16 with a mark", "\xff\xfe" + utf16,
+            "1 the file is in UTF-16: an editor saved it in another encoding");
+        addRow("CR alone", QByteArray(header + good).replace("\r\n", "\r"),
+            "1 the lines end in CR alone: an old editor changed the file");
+        addRow("commas for tabs", QByteArray(header + good).replace('\t', ','),
+            "1 the columns are parted by commas or semicolons, not by tabs: a spreadsheet "
+            "changed the file");
+        addRow("semicolons for tabs", QByteArray(header + good).replace('\t', ';'),
+            "1 the columns are parted by commas or semicolons, not by tabs: a spreadsheet "
+            "changed the file");
+        addRow("blanks for all tabs", QByteArray(header + good).replace('\t', "    "),
+            "1 there are blanks in the place of tabs: an editor changed the file");
+        addRow("zeros", QByteArray(100000, '\0'),
+            "1 not a results file: the first line is no header of one");
+        addRow(
+            "without a header", good, "1 not a results file: the first line is no header of one");
+        addRow("last line cut short", noEnd, "3 the line has no end: the file is cut short");
+        addRow("second header of the other kind", header + good + otherHeader + good,
+            "3 a second header: there is more than one run in the file");
+        addRow("other line end", header + good + "25.000000\t2\t2\t1\t73\n" + good,
+            "3 the line ends otherwise than the first");
+        addRow("empty line", line(""), "3 5 columns are needed, not 1");
+        addRow("column missing", line("25.000000\t2\t2\t1"), "3 5 columns are needed, not 4");
+        addRow(
+            "column too many", line("25.000000\t2\t2\t1\t73\t"), "3 5 columns are needed, not 6");
+        addRow("blanks for tabs", line("25.000000 2 2 1 73"),
+            "3 there are blanks in the place of tabs: an editor changed the line");
+        addRow("last line damaged", header + good + "25.000000\t2\t2\t1\t7x\r\n",
+            "3 \"7x\" is not a reaction time in ms");
     }
 
     void damagedFile_isRefused()
     {
         QFETCH(QByteArray, file);
-        QFETCH(QString, complaint);
-        QCOMPARE(complaintOf(file), complaint);
+        QTEST(complaintOf(file), "complaint");
     }
 
     void damagedField_isRefused_data()
     {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("complaint");
+        addColumns<QByteArray, QString>("file", "complaint");
         const auto line = [](const char* text) { return header + good + text + "\r\n" + good; };
 
-        QTest::newRow("value without decimals")
-            << line("25\t2\t2\t1\t73") << "3 \"25\" is not a value with 6 decimals";
-        QTest::newRow("value with a comma") << line("25,000000\t2\t2\t1\t73")
-                                            << "3 \"25,000000\" has a decimal comma: a "
-                                               "spreadsheet or an editor changed the file";
-        QTest::newRow("value with an exponent")
-            << line("2.5e1\t2\t2\t1\t73") << "3 \"2.5e1\" is not a value with 6 decimals";
-        QTest::newRow("value in capitals")
-            << line("NAN\t2\t2\t1\t73") << "3 \"NAN\" is not a value with 6 decimals";
-        QTest::newRow("value with a blank")
-            << line(" 25.000000\t2\t2\t1\t73") << "3 \" 25.000000\" is not a value with 6 decimals";
-        QTest::newRow("no value") << line("\t2\t2\t1\t73")
-                                  << "3 \"\" is not a value with 6 decimals";
-        QTest::newRow("long value")
-            << line("123456789012345678901234567890123\t2\t2\t1\t73")
-            << "3 \"123456789012345678901234567890...\" is not a value with 6 decimals";
-        QTest::newRow("stimulus position 5")
-            << line("25.000000\t5\t2\t0\t73") << "3 \"5\" is not a position from 1 to 4";
-        QTest::newRow("response position 0")
-            << line("25.000000\t2\t0\t0\t73") << "3 \"0\" is not a position from 1 to 4";
-        QTest::newRow("position of two digits")
-            << line("25.000000\t02\t2\t1\t73") << "3 \"02\" is not a position from 1 to 4";
-        QTest::newRow("no position")
-            << line("25.000000\t2\t\t1\t73") << "3 \"\" is not a position from 1 to 4";
-        QTest::newRow("correct by word")
-            << line("25.000000\t2\t2\ttrue\t73") << "3 \"true\" is not a correctness, 0 or 1";
-        QTest::newRow("negative reaction time")
-            << line("25.000000\t2\t2\t1\t-73") << "3 \"-73\" is not a reaction time in ms";
-        QTest::newRow("infinite reaction time")
-            << line("25.000000\t2\t2\t1\tinf") << "3 \"inf\" is not a reaction time in ms";
-        QTest::newRow("seven digits")
-            << line("25.000000\t2\t2\t1\t1234567") << "3 \"1234567\" is not a reaction time in ms";
-        QTest::newRow("no reaction time")
-            << line("25.000000\t2\t2\t1\t") << "3 \"\" is not a reaction time in ms";
+        addRow("value without decimals", line("25\t2\t2\t1\t73"),
+            "3 \"25\" is not a value with 6 decimals");
+        addRow("value with a comma", line("25,000000\t2\t2\t1\t73"),
+            "3 \"25,000000\" has a decimal comma: a "
+            "spreadsheet or an editor changed the file");
+        addRow("value with an exponent", line("2.5e1\t2\t2\t1\t73"),
+            "3 \"2.5e1\" is not a value with 6 decimals");
+        addRow("value in capitals", line("NAN\t2\t2\t1\t73"),
+            "3 \"NAN\" is not a value with 6 decimals");
+        addRow("value with a blank", line(" 25.000000\t2\t2\t1\t73"),
+            "3 \" 25.000000\" is not a value with 6 decimals");
+        addRow("no value", line("\t2\t2\t1\t73"), "3 \"\" is not a value with 6 decimals");
+        addRow("long value", line("123456789012345678901234567890123\t2\t2\t1\t73"),
+            "3 \"123456789012345678901234567890...\" is not a value with 6 decimals");
+        addRow("stimulus position 5", line("25.000000\t5\t2\t0\t73"),
+            "3 \"5\" is not a position from 1 to 4");
+        addRow("response position 0", line("25.000000\t2\t0\t0\t73"),
+            "3 \"0\" is not a position from 1 to 4");
+        addRow("position of two digits", line("25.000000\t02\t2\t1\t73"),
+            "3 \"02\" is not a position from 1 to 4");
+        addRow(
+            "no position", line("25.000000\t2\t\t1\t73"), "3 \"\" is not a position from 1 to 4");
+        addRow("correct by word", line("25.000000\t2\t2\ttrue\t73"),
+            "3 \"true\" is not a correctness, 0 or 1");
+        addRow("negative reaction time", line("25.000000\t2\t2\t1\t-73"),
+            "3 \"-73\" is not a reaction time in ms");
+        addRow("infinite reaction time", line("25.000000\t2\t2\t1\tinf"),
+            "3 \"inf\" is not a reaction time in ms");
+        addRow("seven digits", line("25.000000\t2\t2\t1\t1234567"),
+            "3 \"1234567\" is not a reaction time in ms");
+        addRow("no reaction time", line("25.000000\t2\t2\t1\t"),
+            "3 \"\" is not a reaction time in ms");
     }
 
     void damagedField_isRefused() { damagedFile_isRefused(); }

@@ -97,8 +97,7 @@ class TestSimulateOptions : public QuietTest {
 private slots:
     void badOption_isNamed_andNothingIsSimulated_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("error");
+        addColumns<QStringList, QString>("arguments", "error");
         addBadSettings();
         addBadSweeps();
         addBadPlansAndFiles();

@@ -41,8 +41,7 @@ class TestSimulatedRuns : public WindowTest {
 private slots:
     void means_areThoseOfTheStaircase_data()
     {
-        QTest::addColumn<Simulation>("simulation");
-        QTest::addColumn<Expected>("expected");
+        addColumns<Simulation, Expected>("simulation", "expected");
         QTest::newRow("logistic, depth") << simulationOf(logisticListener(depthThreshold, 2.5))
                                          << Expected {0.05956, 0.00150, 40.11, 0.53};
         QTest::newRow("Gaussian, frequency") << simulationOf(gaussianListener(0.002, 1),
@@ -66,8 +65,7 @@ private slots:
 
     void trials_takeTheirClosedForm_forAConstantListener_data()
     {
-        QTest::addColumn<double>("p");
-        QTest::addColumn<int>("nReversals");
+        addColumns<double, int>("p", "nReversals");
         QTest::newRow("0.5") << 0.5 << 14;
         QTest::newRow("2/3") << 2.0 / 3.0 << 14;
         QTest::newRow("0.9") << 0.9 << 14;
