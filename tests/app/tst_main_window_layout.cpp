@@ -47,6 +47,11 @@ QRect placeOf(const QGridLayout* grid, int index)
     return {column, row, columnSpan, rowSpan};
 }
 
+QRect placeOf(const QGridLayout* grid, const QWidget& window, const char* layout)
+{
+    return placeOf(grid, grid->indexOf(widgetOf<QLayout>(window, layout)));
+}
+
 QStringList namesIn(const QLayout* layout)
 {
     QStringList names;
@@ -166,12 +171,9 @@ private slots:
     {
         MainWindow window;
         const auto* grid = widgetOf<QGridLayout>(window, "gridLayoutParameters");
-        QCOMPARE(placeOf(grid, grid->indexOf(widgetOf<QHBoxLayout>(window, "hBoxLayoutButtons"))),
-            QRect(0, 12, 3, 1));
-        QCOMPARE(placeOf(grid, grid->indexOf(widgetOf<QHBoxLayout>(window, "hBoxLayoutFilePath"))),
-            QRect(0, 16, 3, 1));
-        QCOMPARE(placeOf(grid, grid->indexOf(widgetOf<QHBoxLayout>(window, "hBoxLayoutFileName"))),
-            QRect(0, 17, 3, 1));
+        QCOMPARE(placeOf(grid, window, "hBoxLayoutButtons"), QRect(0, 12, 3, 1));
+        QCOMPARE(placeOf(grid, window, "hBoxLayoutFilePath"), QRect(0, 16, 3, 1));
+        QCOMPARE(placeOf(grid, window, "hBoxLayoutFileName"), QRect(0, 17, 3, 1));
         QCOMPARE(grid->count(), 40);
         QCOMPARE(grid->rowCount(), 18);
         QCOMPARE(grid->columnCount(), 3);
@@ -182,11 +184,8 @@ private slots:
         MainWindow window;
         const auto* grid = widgetOf<QGridLayout>(window, "gridLayoutMain");
         QCOMPARE(grid->count(), 2);
-        QCOMPARE(
-            placeOf(grid, grid->indexOf(widgetOf<QGridLayout>(window, "gridLayoutParameters"))),
-            QRect(0, 0, 1, 1));
-        QCOMPARE(placeOf(grid, grid->indexOf(widgetOf<QGridLayout>(window, "gridLayoutCharts"))),
-            QRect(1, 0, 1, 1));
+        QCOMPARE(placeOf(grid, window, "gridLayoutParameters"), QRect(0, 0, 1, 1));
+        QCOMPARE(placeOf(grid, window, "gridLayoutCharts"), QRect(1, 0, 1, 1));
         QCOMPARE(grid->columnStretch(0), 1);
         QCOMPARE(grid->columnStretch(1), 2);
         QCOMPARE(widgetOf<QWidget>(window, "centralWidget")->layout(),

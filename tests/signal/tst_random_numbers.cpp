@@ -65,20 +65,6 @@ private slots:
         QVERIFY(*std::max_element(noise.begin(), noise.end()) <= 1.0);
     }
 
-    void whiteNoise_isEmptyButSeeds_whenThereAreNoSamples_data() { lengthsBelowOne(); }
-
-    void whiteNoise_isEmptyButSeeds_whenThereAreNoSamples()
-    {
-        QFETCH(int, length);
-        int next = 0;
-        const uint second = secondOf([&] {
-            qsrand(1);
-            QVERIFY(whiteNoise(length).isEmpty());
-            next = qrand();
-        });
-        QCOMPARE(next, drawsAfter(second, 1).constFirst());
-    }
-
     void randomInteger_isMinPlusTheRemainderOfOneDraw_data()
     {
         addColumns<int, int>("min", "max");
@@ -153,27 +139,29 @@ private slots:
         verifyOneWarning(boxes, "min cannot be larger than max; force min = max");
     }
 
-    void randomIntegers_areNoneButSeed_whenNoneAreWanted_data() { lengthsBelowOne(); }
+    void nothing_isMadeButSeeded_whenTheLengthIsBelowOne_data()
+    {
+        addColumns<int, bool>("length", "isNoise");
+        for (const bool isNoise : {true, false}) {
+            const char* const what = isNoise ? "noise" : "integers";
+            QTest::addRow("no %s", what) << 0 << isNoise;
+            QTest::addRow("negative length of %s", what) << -1 << isNoise;
+            QTest::addRow("the most negative length of %s", what) << lowest << isNoise;
+        }
+    }
 
-    void randomIntegers_areNoneButSeed_whenNoneAreWanted()
+    void nothing_isMadeButSeeded_whenTheLengthIsBelowOne()
     {
         QFETCH(int, length);
+        QFETCH(bool, isNoise);
         int next = 0;
         const uint second = secondOf([&] {
             qsrand(1);
-            QVERIFY(randomIntegers(length, 1, 6).isEmpty());
+            QVERIFY(
+                isNoise ? whiteNoise(length).isEmpty() : randomIntegers(length, 1, 6).isEmpty());
             next = qrand();
         });
         QCOMPARE(next, drawsAfter(second, 1).constFirst());
-    }
-
-private:
-    static void lengthsBelowOne()
-    {
-        QTest::addColumn<int>("length");
-        QTest::newRow("none") << 0;
-        QTest::newRow("negative") << -1;
-        QTest::newRow("the most negative") << lowest;
     }
 };
 
