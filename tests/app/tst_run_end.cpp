@@ -12,9 +12,9 @@ using namespace quorin;
 
 namespace {
 
-// A run that ends with its second answer: the first right, the second wrong.
+// A run whose second answer, if it is wrong, will be the last.
 struct ShortRun : DrivenRun {
-    void playToTheLastAnswer()
+    ShortRun()
     {
         type(window, "lineEditNReversals", "1");
         type(window, "lineEditNReversalsToCalc", "1");
@@ -33,7 +33,6 @@ private slots:
     void results_areComputedBeforeTheyAreTold()
     {
         ShortRun run;
-        run.playToTheLastAnswer();
         run.data.cf[standard] = 900.0;
         QSignalSpy told(&run.window, SIGNAL(doneDataCollection(qreal, qreal, qint32, qreal)));
         run.driver.answerRightly(false);
@@ -52,7 +51,6 @@ private slots:
     void lastAnswer_startsNoTrial()
     {
         ShortRun run;
-        run.playToTheLastAnswer();
         run.driver.answerRightly(false);
         QCOMPARE(run.data.nTrials, 2);
         QVERIFY(!Probe::timerPlay(run.window)->isActive());

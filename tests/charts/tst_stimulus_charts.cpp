@@ -224,26 +224,21 @@ private slots:
 private:
     static void verifyWaveforms(MainWindow& window, const QVector<int>& nPoints)
     {
-        const QVector<double>& times = Probe::timeAxis(window);
-        verifyChart(waveChart(window, standard), times, Probe::stimuli(window)[standard].samples,
-            nPoints[standard]);
-        verifyChart(waveChart(window, deviant), times, Probe::stimuli(window)[deviant].samples,
-            nPoints[deviant]);
-        QCOMPARE(Probe::stimuli(window)[standard].range,
-            extremes(Probe::stimuli(window)[standard].samples));
-        QCOMPARE(Probe::stimuli(window)[deviant].range,
-            extremes(Probe::stimuli(window)[deviant].samples));
+        for (const int i : {standard, deviant}) {
+            const QVector<double>& sound = Probe::stimuli(window)[i].samples;
+            verifyChart(waveChart(window, i), Probe::timeAxis(window), sound, nPoints[i]);
+            QCOMPARE(Probe::stimuli(window)[i].range, extremes(sound));
+        }
     }
 
     static void verifySpectra(MainWindow& window, const QVector<int>& nPoints)
     {
-        const QVector<double>& bins = Probe::frequencyAxis(window);
-        const QVector<double>& first = Probe::stimuli(window)[standard].spectrum.amplitude;
-        const QVector<double>& second = Probe::stimuli(window)[deviant].spectrum.amplitude;
-        verifyChart(spectrumChart(window, standard), bins, first, nPoints[standard]);
-        verifyChart(spectrumChart(window, deviant), bins, second, nPoints[deviant]);
-        QCOMPARE(Probe::stimuli(window)[standard].amplitudeRange, extremes(first));
-        QCOMPARE(Probe::stimuli(window)[deviant].amplitudeRange, extremes(second));
+        for (const int i : {standard, deviant}) {
+            const QVector<double>& amplitude = Probe::stimuli(window)[i].spectrum.amplitude;
+            verifyChart(
+                spectrumChart(window, i), Probe::frequencyAxis(window), amplitude, nPoints[i]);
+            QCOMPARE(Probe::stimuli(window)[i].amplitudeRange, extremes(amplitude));
+        }
     }
 
     static void verifyChart(

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What follows a duration or a sampling rate that was changed on the panel, and what stays as the
 // window made it.
+#include "charts/ChartObjects.h"
 #include "support/WindowTest.h"
 
 #include <QtCharts/QLineSeries>
@@ -20,12 +21,9 @@ private slots:
         change(window);
         QCOMPARE(Probe::fftLength(window), QVector<qint64>({32768, 32768}));
         QCOMPARE(Probe::data(window).nFreqPointsToPlot, QVector<int>({1638, 1638}));
-        QCOMPARE(Probe::spectrumCharts(window)[standard].line.series->count(), 1638);
-        QCOMPARE(Probe::spectrumCharts(window)[deviant].line.series->count(), 1638);
-        for (const auto* axis : {Probe::spectrumCharts(window)[standard].line.axisX,
-                 Probe::spectrumCharts(window)[deviant].line.axisX}) {
-            QCOMPARE(axis->min(), 0.0);
-            QCOMPARE(axis->max(), 2000.0);
+        for (const int i : {standard, deviant}) {
+            QCOMPARE(spectrumChart(window, i).series->count(), 1638);
+            verifyRange(spectrumChart(window, i).axisX, 0.0, 2000.0);
         }
     }
 
@@ -56,15 +54,12 @@ private slots:
         MainWindow window;
         const double fs = change(window);
         QCOMPARE(Probe::data(window).nSamples, nSamples);
-        QCOMPARE(Probe::stimuli(window)[standard].samples.size(), nSamples[standard]);
-        QCOMPARE(Probe::stimuli(window)[deviant].samples.size(), nSamples[deviant]);
         QCOMPARE(Probe::data(window).nPointsToPlot, nPlotted);
-        QCOMPARE(Probe::waveCharts(window)[standard].line.series->count(), nPlotted[standard]);
-        QCOMPARE(Probe::waveCharts(window)[deviant].line.series->count(), nPlotted[deviant]);
-        QCOMPARE(Probe::waveCharts(window)[standard].line.axisX->max(),
-            nPlotted[standard] / fs * 1000.0);
-        QCOMPARE(
-            Probe::waveCharts(window)[deviant].line.axisX->max(), nPlotted[deviant] / fs * 1000.0);
+        for (const int i : {standard, deviant}) {
+            QCOMPARE(Probe::stimuli(window)[i].samples.size(), nSamples[i]);
+            QCOMPARE(waveChart(window, i).series->count(), nPlotted[i]);
+            QCOMPARE(waveChart(window, i).axisX->max(), nPlotted[i] / fs * 1000.0);
+        }
     }
 
 private:
