@@ -23,15 +23,29 @@ bool hasBeenPlayed(const PlayedSound& sound)
             || sound.output->bytesFree() >= sound.output->bufferSize());
 }
 
+// Whether an end is reported before all of the sound can have been heard, with more than the output
+// hands over at a time still in the server's queue: it ran empty just before that came.
+bool isReportedTooEarly(const PlayedSound& sound)
+{
+    const auto* const playback = qobject_cast<const PlaybackBuffer*>(sound.buffer);
+    const int nQueued = sound.output->bufferSize() - sound.output->bytesFree();
+    return playback != nullptr && !playback->canHaveBeenHeard()
+        && nQueued > sound.output->periodSize();
+}
+
 // An idle output has nothing to play, which is not always the end of the sound: while this thread,
 // the process or the server stood still, the rest of it may have reached the server too late, or
-// not yet. Where the output has become active again since its report, the report counts only if a
-// gap is known.
+// not yet. An output that is active again was given more since its report.
 bool isInterrupted(const PlayedSound& sound)
 {
-    const bool isReport
-        = sound.output->state() == QAudio::IdleState || sound.progress.isInterrupted;
-    return isReport && !hasBeenPlayed(sound);
+    switch (sound.output->state()) {
+    case QAudio::ActiveState:
+        return true;
+    case QAudio::IdleState:
+        return !hasBeenPlayed(sound) || isReportedTooEarly(sound);
+    default:
+        return sound.progress.isInterrupted && !hasBeenPlayed(sound);
+    }
 }
 
 bool isWatched(const PlayedSound& sound)

@@ -33,6 +33,11 @@ bool PlaybackBuffer::isOverdue(double mostOnsetMs) const
     return !atEnd() && ageMs() > lengthMs + (pos() == 0 ? mostOnsetMs : 0.0);
 }
 
+bool PlaybackBuffer::canHaveBeenHeard() const
+{
+    return atEnd() && ageMs() >= m_earliestEndMs;
+}
+
 double PlaybackBuffer::ageMs() const
 {
     constexpr double nsPerMs = 1e6;

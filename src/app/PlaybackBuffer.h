@@ -32,6 +32,8 @@ public:
     /// Whether something is left to take although the time that the whole sound lasts has passed
     /// since the buffer was made; with so much more time until the first bytes are taken.
     bool isOverdue(double mostOnsetMs) const;
+    /// Whether all of it was taken, and so long ago that it can have been heard to its end.
+    bool canHaveBeenHeard() const;
     /// ms since the buffer was made.
     double ageMs() const;
 

@@ -84,6 +84,22 @@ private slots:
         QCOMPARE(dry.size(), 0);
     }
 
+    void sound_canHaveBeenHeard_whenAllOfItWasTakenLongAgo()
+    {
+        QByteArray sound(nBytes, 'x');
+        PlaybackBuffer fast(&sound, 1e9);
+        QVERIFY(fast.open(QIODevice::ReadOnly));
+        fast.read(nBytes - 1);
+        QVERIFY(!fast.canHaveBeenHeard());
+        fast.read(1);
+        QTRY_VERIFY(fast.canHaveBeenHeard());
+        PlaybackBuffer slow(&sound, 1e-6);
+        QVERIFY(slow.open(QIODevice::ReadOnly));
+        slow.read(nBytes);
+        QVERIFY(slow.atEnd());
+        QVERIFY(!slow.canHaveBeenHeard());
+    }
+
     // An hour.
     void sound_isNotOverdue_whileItsFirstBytesMayStillBeTaken()
     {

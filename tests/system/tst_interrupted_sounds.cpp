@@ -15,6 +15,10 @@ constexpr int samplesPerMs = 40;
 constexpr int samplesPerSound = samplesPerMs * DisturbedTrial::soundMs;
 
 constexpr int blockMs = 5; // onsets are quantised to the server's blocks
+// After a standstill of 200 to 220 ms, by how much was handed over last, the server's queue is
+// empty for an instant, or nearly.
+constexpr int nearlyQueueMs = 200;
+constexpr int queueMs = 215;
 constexpr int onTimeMs = 20; // a tick, and the first samples after it, are not late by 10 ms each
 
 enum Standstill { ofTheThread, ofTheProcess };
@@ -46,7 +50,8 @@ private slots:
     {
         addColumns<int, int, int>("standstill", "placeMs", "lengthMs");
         const bool all = qEnvironmentVariableIsSet("QUORIN_ALL_STANDSTILLS");
-        const auto lengths = all ? QVector<int> {0, 100, 200, 300, 500, 1000} : QVector<int> {500};
+        const auto lengths
+            = all ? QVector<int> {0, 100, nearlyQueueMs, 300, 500, 1000} : QVector<int> {500};
         const auto places = all ? QVector<int> {1, 300, 560} : QVector<int> {300};
         for (const int lengthMs : lengths) {
             for (const int placeMs : places) {
@@ -55,6 +60,11 @@ private slots:
                 QTest::addRow("process for %d ms at %d ms", lengthMs, placeMs)
                     << int(ofTheProcess) << placeMs << lengthMs;
             }
+        }
+        if (all) {
+            QTest::newRow("thread until the queue is empty") << int(ofTheThread) << 300 << queueMs;
+            QTest::newRow("process until the queue is empty")
+                << int(ofTheProcess) << 300 << queueMs;
         }
     }
 
@@ -76,8 +86,7 @@ private slots:
         const QVector<SoundPlace> places = trial.placesIn(recorder.stop());
         QVERIFY2(!places.isEmpty(), qPrintable(trial.whatIsWrong()));
         QCOMPARE(trial.states(), QVector<int>({1, 2, 3, 4, -1}));
-        QCOMPARE(
-            messages().filter("Sound interrupted"), interruptionLines(places, samplesPerSound));
+        verifyLines(interruptionLines(places, samplesPerSound), lengthMs);
         for (int i = 1; i < places.size(); ++i) {
             const int silence = places[i].begin - places[i - 1].end;
             const bool wasInterrupted = places[i - 1].length() > samplesPerSound;
@@ -90,6 +99,19 @@ private slots:
     }
 
 private:
+    // The program cannot know whether the server just avoided a gap: it tells every one, and where
+    // the queue was empty for an instant perhaps one more.
+    void verifyLines(const QStringList& gaps, int lengthMs) const
+    {
+        const QStringList told = messages().filter("Sound interrupted");
+        if (lengthMs != queueMs && lengthMs != nearlyQueueMs) {
+            QCOMPARE(told, gaps);
+        }
+        for (const QString& gap : gaps) {
+            QVERIFY2(told.contains(gap), qPrintable("not told: " + gap));
+        }
+    }
+
     void verifyDisturbances(const MainWindow& window)
     {
         const Disturbances& told = window.trialDisturbances();
