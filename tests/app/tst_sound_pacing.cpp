@@ -42,6 +42,14 @@ private slots:
         QCOMPARE(pacing.latenessMs(16.0), 0.0);
     }
 
+    void sound_isDueAtOnce_whenItsTimeIsNow()
+    {
+        SoundPacing pacing;
+        pacing.begin(0.0, 1600);
+        pacing.soundStarted(3200.0);
+        QCOMPARE(pacing.latenessMs(3200.0), 0.0);
+    }
+
     void dueTime_canBeMoved()
     {
         SoundPacing pacing;

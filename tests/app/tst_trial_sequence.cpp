@@ -54,6 +54,21 @@ private slots:
         QTEST(trialPeriodMs(silence, durations), "period");
     }
 
+    void silence_isTruncatedToMilliseconds_oneAtLeast_data()
+    {
+        addColumns<double, int>("silence", "milliseconds");
+        addRow("default", 1.0, 1000);
+        addRow("truncated", 0.0609, 60);
+        addRow("less than one", 0.0005, 1);
+        addRow("none", 0.0, 1);
+    }
+
+    void silence_isTruncatedToMilliseconds_oneAtLeast()
+    {
+        QFETCH(double, silence);
+        QTEST(silentIntervalMs(silence), "milliseconds");
+    }
+
     void reportTimeout_isFiveSecondsMore_withinTheTimersRange_data()
     {
         constexpr int longest = std::numeric_limits<int>::max();

@@ -77,6 +77,7 @@ private slots:
         QTest::newRow("nearly two each") << 33 << 18 << 1;
         QTest::newRow("two each") << 34 << 18 << 2;
         QTest::newRow("six each and some") << 110 << 18 << 6;
+        QTest::newRow("two rows, too high") << -1 << 2 << 0;
         QTest::newRow("two rows") << 9 << 2 << 9;
     }
 

@@ -65,6 +65,8 @@ private slots:
         QVERIFY(*std::max_element(noise.begin(), noise.end()) <= 1.0);
     }
 
+    void whiteNoise_hasOneSample_whenOneIsAskedFor() { QCOMPARE(whiteNoise(1).size(), 1); }
+
     void randomInteger_isMinPlusTheRemainderOfOneDraw_data()
     {
         addColumns<int, int>("min", "max");
