@@ -18,6 +18,11 @@ namespace {
 
 constexpr int runTimeoutMs = 100000;
 
+// A run of the usual length takes twice as long: the slow tests play it.
+const bool isUsualLength = qEnvironmentVariableIsSet("QUORIN_USUAL_RUNS");
+const int nReversals = isUsualLength ? 14 : 6;
+const int nReversalsToCalc = isUsualLength ? 8 : 4;
+
 // The rule played by hand: what a run of these answers starts from and ends with.
 struct PlayedByHand {
     QVector<double> values; // of the deviant, trial by trial
@@ -37,8 +42,8 @@ PlayedByHand playedByHand(const QVector<ScriptedListener::Trial>& trials, double
         const int stepDb = (reversals.size() < 2 ? 2 : 1) * (trials[i].correct ? -1 : 2);
         value = std::min(value * std::pow(10.0, stepDb / 20.0), 0.9999);
     }
-    for (int i = reversals.size() - 8; i < reversals.size(); ++i) {
-        run.threshold += reversals[i] / 8;
+    for (int i = reversals.size() - nReversalsToCalc; i < reversals.size(); ++i) {
+        run.threshold += reversals[i] / nReversalsToCalc;
     }
     return run;
 }
@@ -88,6 +93,10 @@ private:
         type(window, "lineEditStdDuration", "100");
         type(window, "lineEditDevDuration", "80");
         type(window, "lineEditSilentInterval", "60");
+        if (!isUsualLength) {
+            type(window, "lineEditNReversals", QString::number(nReversals));
+            type(window, "lineEditNReversalsToCalc", QString::number(nReversalsToCalc));
+        }
         checkBoxOf(window, "checkBoxSaveData")->setChecked(true);
         m_path = m_folder.filePath("run.txt");
         ModalBoxes boxes;
@@ -111,6 +120,7 @@ private:
     {
         const QVector<Record>& records = Probe::data(window).records;
         QCOMPARE(records.size(), m_trials.size());
+        QCOMPARE(Probe::data(window).reversalCount, nReversals);
         QCOMPARE(Probe::data(window).threshold, expected.threshold);
         for (int i = 0; i < records.size(); ++i) {
             QCOMPARE(records[i].value, expected.values[i]);
