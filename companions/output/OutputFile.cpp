@@ -88,6 +88,29 @@ bool renameWithoutReplacing(const QByteArray& from, const QByteArray& to)
             && ::unlink(from.constData()) == 0);
 }
 
+// A new file's name is on the disk only when its folder is. Some file systems cannot do this.
+void syncFolder(const QString& folder)
+{
+    const int descriptor
+        = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor >= 0) {
+        ::fsync(descriptor);
+        ::close(descriptor);
+    }
+}
+
+// A program of the same process number may have left one.
+QString freePartIn(const QString& folder)
+{
+    static int number = 0;
+    QString part;
+    do {
+        part = folder
+            + QString("/.quorin-%1-%2.part").arg(QCoreApplication::applicationPid()).arg(++number);
+    } while (placeAt(QFile::encodeName(part)) != Place::free);
+    return part;
+}
+
 QString replaceFile(const QString& path, const QByteArray& content)
 {
     QSaveFile file(path);
@@ -145,9 +168,8 @@ QString outputObstacle(const OutputFile& file)
 
 CreatedFile createOpenFile(const QString& path, const QByteArray& content)
 {
-    static int number = 0;
-    const QString part = QFileInfo(path).path()
-        + QString("/.quorin-%1-%2.part").arg(QCoreApplication::applicationPid()).arg(++number);
+    const QString folder = QFileInfo(path).path();
+    const QString part = freePartIn(folder);
     auto file = std::make_unique<QFile>(part);
     if (!file->open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
         return {nullptr, path + ": cannot be written: " + file->errorString()};
@@ -162,6 +184,8 @@ CreatedFile createOpenFile(const QString& path, const QByteArray& content)
     if (!error.isEmpty()) {
         QFile::remove(part);
         file.reset();
+    } else {
+        syncFolder(folder);
     }
     return {std::move(file), error};
 }

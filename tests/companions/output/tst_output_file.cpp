@@ -224,6 +224,19 @@ private slots:
             QVERIFY(S_ISCHR(status.st_mode));
         }
     }
+
+    void partsOfAnEarlierProgram_areLeftAlone()
+    {
+        const Folder folder;
+        const QString part = QString(".quorin-%1-%2.part").arg(QCoreApplication::applicationPid());
+        constexpr int parts = 100; // more than the other tests make
+        for (int i = 1; i <= parts; ++i)
+            folder.fill("another's", part.arg(i));
+        QCOMPARE(createFile(folder.path(), table), QString());
+        QCOMPARE(folder.content(), table);
+        for (int i = 1; i <= parts; ++i)
+            QCOMPARE(folder.content(part.arg(i)), QByteArray("another's"));
+    }
 };
 
 QUORIN_GUILESS_TEST(TestOutputFile);
