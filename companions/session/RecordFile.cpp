@@ -10,7 +10,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -18,17 +17,6 @@
 namespace {
 
 constexpr auto resultsEnding = ".txt";
-
-// A new file's name is on the disk only when its folder is. Some file systems cannot do this.
-void syncFolder(const QString& folder)
-{
-    const int descriptor
-        = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor >= 0) {
-        ::fsync(descriptor);
-        ::close(descriptor);
-    }
-}
 
 bool isFree(const QString& path)
 {
@@ -110,7 +98,6 @@ bool RecordFile::make()
         m_file = std::move(created.file);
         if (m_file != nullptr) {
             m_onDisk = m_content.size();
-            syncFolder(m_folder);
             return true;
         }
         if (isFree(path())) { // nobody else was faster
@@ -137,16 +124,23 @@ bool RecordFile::writeRest()
     return true;
 }
 
-// A results file is tried once: the last line tells what became of it.
+// A results file is tried until the last line, which tells what became of it, is on the disk.
 bool RecordFile::addLastLine()
 {
     m_resultsFault = createFile(pathOf(resultsEnding), m_results);
     m_hasResultsFile = m_resultsFault.isEmpty();
-    syncFolder(m_folder);
     const QByteArray line = m_lastLine(m_name + resultsEnding, m_resultsFault);
     m_lastLineSize = line.size();
     append(line);
-    return writeRest();
+    if (writeRest()) {
+        return true;
+    }
+    if (!m_hasResultsFile) {
+        m_content.chop(std::exchange(m_lastLineSize, 0));
+        m_resultsFault.clear();
+        m_file->resize(m_onDisk); // the line that is made instead may be shorter
+    }
+    return false;
 }
 
 std::unique_ptr<RecordFile> RecordFile::copyIn(const QString& folder) const
@@ -162,11 +156,11 @@ std::unique_ptr<RecordFile> RecordFile::copyIn(const QString& folder) const
 
 void RecordFile::discard()
 {
+    if (m_hasResultsFile) { // first, see broughtBack(): its record tells what it is
+        QFile::remove(pathOf(resultsEnding));
+    }
     if (isThere()) {
         QFile::remove(path());
-    }
-    if (m_hasResultsFile) {
-        QFile::remove(pathOf(resultsEnding));
     }
     QDir().rmdir(m_folder);
 }

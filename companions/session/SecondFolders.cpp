@@ -8,7 +8,11 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QSysInfo>
 
+#include <algorithm>
+#include <cerrno>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -16,7 +20,7 @@ namespace {
 bool isOwn(const QString& path)
 {
     const QFileInfo info(path);
-    return info.isDir() && info.ownerId() == ::geteuid();
+    return info.isDir() && !info.isSymLink() && info.ownerId() == ::geteuid();
 }
 
 QByteArray contentOf(const QString& path)
@@ -29,51 +33,102 @@ QByteArray contentOf(const QString& path)
 QString move(const QString& from, const QString& to)
 {
     const QByteArray content = contentOf(from);
-    if (content.isEmpty()) {
+    if (content.isEmpty() || content.size() != QFileInfo(from).size()) {
         return from + ": cannot be read";
     }
-    const QString error = contentOf(to) == content ? QString() : createFile(to, content);
+    const QString error = contentOf(to).startsWith(content) ? QString() : createFile(to, content);
     return error.isEmpty() && !QFile::remove(from) ? from + ": cannot be removed" : error;
+}
+
+// The last lines of a finished run's copies differ: each names its own results file.
+bool hasAllLinesOf(const QByteArray& kept, const QString& path)
+{
+    const QByteArray before = kept.left(kept.lastIndexOf('\n', -2) + 1);
+    QFile file(path);
+    return !before.isEmpty() && file.open(QIODevice::ReadOnly) && file.read(before.size()) == before
+        && file.readLine().endsWith('\n');
+}
+
+QString wholeRecord(const QString& folder, const QString& kept)
+{
+    const QByteArray content = contentOf(kept);
+    const QStringList names = QDir(folder).entryList({"*.jsonl"}, QDir::Files, QDir::Name);
+    for (const QString& name : names) {
+        if (name != QFileInfo(kept).fileName()
+            && hasAllLinesOf(content, QDir(folder).filePath(name))) {
+            return name;
+        }
+    }
+    return {};
+}
+
+// The record goes last: as long as it is there, its results file is known to be left over.
+bool removeRun(const QDir& folder, const QString& recordName)
+{
+    const QString results = folder.filePath(QFileInfo(recordName).completeBaseName() + ".txt");
+    return (!QFile::exists(results) || QFile::remove(results))
+        && QFile::remove(folder.filePath(recordName));
+}
+
+void bringBack(const QString& name, const QDir& from, const QString& folder, BroughtBack& result)
+{
+    const QString path = from.filePath(name);
+    if (!QFile::exists(path)) {
+        return; // went with its record
+    }
+    const QString whole = name.endsWith(".jsonl") ? wholeRecord(folder, path) : QString();
+    if (!whole.isEmpty() && removeRun(from, name)) {
+        result.notes.append(QString("%1: was kept in %2 and is whole here as %3: removed there")
+                                .arg(name, from.path(), whole));
+        return;
+    }
+    const QString error = move(path, QDir(folder).filePath(name));
+    if (error.isEmpty()) {
+        result.notes.append(QString("%1: was kept in %2 and is here now").arg(name, from.path()));
+    } else {
+        result.errors.append(error + "; it is kept in " + from.path());
+    }
 }
 
 } // namespace
 
-// Folders of one name are told apart by the path.
+// Folders of one name are told apart by the path, and by the machine: a home may be that of
+// several.
 QStringList secondFolders(const QString& folder)
 {
     constexpr int digits = 8;
     const QString path = QFileInfo(folder).canonicalFilePath();
-    const QByteArray digest
-        = QCryptographicHash::hash(QFile::encodeName(path), QCryptographicHash::Sha256).toHex();
+    const QByteArray place = QFile::encodeName(path) + '\0' + QSysInfo::machineUniqueId();
+    const QByteArray digest = QCryptographicHash::hash(place, QCryptographicHash::Sha256).toHex();
     const QString name = QFileInfo(path).fileName() + '-' + digest.left(digits);
-    const QString ofUser = QString("quorin-session-%1").arg(::geteuid());
+    const QString ofUser = QString("quorin-session-%1-").arg(::geteuid());
     return {QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).filePath(name),
-        QDir::temp().filePath(ofUser + '/' + name)};
+        QDir::temp().filePath(ofUser + name)};
 }
 
 bool makeOwnFolder(const QString& path)
 {
-    return QDir().mkpath(path) && isOwn(path);
+    constexpr mode_t forUserAlone = 0700;
+    return QDir().mkpath(QFileInfo(path).path())
+        && (::mkdir(QFile::encodeName(path).constData(), forUserAlone) == 0 || errno == EEXIST)
+        && isOwn(path);
 }
 
+// The last of several folders has the latest copy.
 BroughtBack broughtBack(const QString& folder, const QStringList& otherFolders)
 {
     BroughtBack result;
-    for (const QString& other : otherFolders) {
+    QStringList latestFirst = otherFolders;
+    std::reverse(latestFirst.begin(), latestFirst.end());
+    for (const QString& other : qAsConst(latestFirst)) {
         if (!isOwn(other)) {
             continue;
         }
         const QDir directory(other);
         const QStringList names
-            = directory.entryList({"*.jsonl", "*.txt"}, QDir::Files, QDir::Name);
+            = directory.entryList({"*_kept.jsonl", "*_kept.txt"}, QDir::Files, QDir::Name);
         for (const QString& name : names) {
-            const QString from = directory.filePath(name);
-            const QString error = move(from, QDir(folder).filePath(name));
-            if (error.isEmpty()) {
-                result.notes.append(QString("%1: was kept in %2 and is here now").arg(name, other));
-            } else {
-                result.errors.append(error + "; it is kept in " + other);
-            }
+            bringBack(name, directory, folder, result);
         }
         QDir().rmdir(other); // if nothing is left there
     }

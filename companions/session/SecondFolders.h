@@ -10,8 +10,8 @@
 /// @param folder must be there: what leads to it counts, not how it was written
 QStringList secondFolders(const QString& folder);
 
-/// Makes a folder unless it is there.
-/// @return whether it is there and belongs to the user
+/// Makes a folder that only the user can read, unless it is there.
+/// @return whether it is there, no link, and belongs to the user
 bool makeOwnFolder(const QString& path);
 
 /// What became of the records that an earlier session had to keep elsewhere.
@@ -20,5 +20,6 @@ struct BroughtBack {
     QStringList errors; ///< on files that could not be brought there; they are left where they are
 };
 
-/// Moves what is kept in other folders to the folder. No file there is replaced.
+/// Moves what is kept in other folders to the folder. No file there is replaced. A copy of a record
+/// that is whole in the folder is removed, with its results file.
 BroughtBack broughtBack(const QString& folder, const QStringList& otherFolders);

@@ -94,10 +94,13 @@ private slots:
             QVERIFY(!file.sync());
         }
         QVERIFY(file.sync());
+        QCOMPARE(file.takeResultsFault(), QString());
+        const QString results = "S_20260102-030405_001.txt";
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden),
-            QStringList(file.recordName()));
-        QVERIFY(RecordedRun::contentOf(folder.filePath(file.recordName()))
-                    .endsWith(".txt: cannot be written: File too large\n"));
+            QStringList({file.recordName(), results}));
+        QCOMPARE(RecordedRun::contentOf(folder.filePath(results)), QByteArray("results"));
+        QCOMPARE(RecordedRun::contentOf(folder.filePath(file.recordName())),
+            "line\n" + results.toUtf8() + ": \n");
     }
 
     void recordMadeAnew_hasItsResultsFileBesideIt()

@@ -2,14 +2,18 @@
 // Where records are kept whose folder cannot be written to, and how they come back.
 #include "RecordedLines.h"
 #include "RecordedRun.h"
+#include "SmallDisk.h"
 #include "StudyTexts.h"
 #include "procedure/ResultsFormat.h"
 #include "record/RecordReader.h"
+#include "session/GuardedRecord.h"
 #include "session/SecondFolders.h"
 #include "support/TestProgram.h"
 #include "support/WindowTest.h"
 
+#include <QCryptographicHash>
 #include <QSignalSpy>
+#include <QSysInfo>
 
 class TestSecondFolders : public WindowTest {
     Q_OBJECT
@@ -24,8 +28,14 @@ private slots:
         const QStringList first = secondFolders(folder.filePath("a/study"));
         QCOMPARE(first.size(), 2);
         QVERIFY(QFileInfo(first[0]).fileName().startsWith("study-"));
-        QCOMPARE(QFileInfo(first[0]).fileName(), QFileInfo(first[1]).fileName());
-        QVERIFY(first[1].startsWith(QDir::tempPath() + "/quorin-session-"));
+        QCOMPARE(QFileInfo(first[1]).path(), QDir::tempPath()); // none of another user's before it
+        QVERIFY(QFileInfo(first[1]).fileName().startsWith("quorin-session-"));
+        QVERIFY(first[1].endsWith('-' + QFileInfo(first[0]).fileName()));
+        const QByteArray place = QFileInfo(folder.filePath("a/study")).canonicalFilePath().toUtf8()
+            + '\0' + QSysInfo::machineUniqueId();
+        const QByteArray digest
+            = QCryptographicHash::hash(place, QCryptographicHash::Sha256).toHex().left(8);
+        QCOMPARE(QFileInfo(first[0]).fileName(), "study-" + QString(digest));
         QVERIFY(secondFolders(folder.filePath("b/study")) != first);
         QCOMPARE(secondFolders(folder.filePath("c/study/")), first);
     }
@@ -46,6 +56,98 @@ private slots:
         QCOMPARE(RecordedRun::contentOf(folder.filePath("1_kept.jsonl")), QByteArray("record"));
         QCOMPARE(RecordedRun::contentOf(folder.filePath("1_kept.txt")), QByteArray("results"));
         QVERIFY(!QDir(other.path()).exists());
+    }
+
+    void folder_isForTheUserAlone_andNoLink()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("a/b");
+        QVERIFY(makeOwnFolder(path));
+        QVERIFY(makeOwnFolder(path)); // it is there
+        const QFileDevice::Permissions own
+            = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
+        const QFileDevice::Permissions ofAll = own | QFileDevice::ReadGroup
+            | QFileDevice::WriteGroup | QFileDevice::ExeGroup | QFileDevice::ReadOther
+            | QFileDevice::WriteOther | QFileDevice::ExeOther;
+        QCOMPARE(QFileInfo(path).permissions() & ofAll, own);
+        QVERIFY(QFile::link(path, folder.filePath("link")));
+        QVERIFY(!makeOwnFolder(folder.filePath("link")));
+    }
+
+    void filesBehindALink_andOfOtherNames_stay()
+    {
+        const QTemporaryDir folder;
+        const QTemporaryDir other;
+        writtenFile(other, "1_kept.jsonl", "record");
+        const QString link = folder.filePath("link");
+        QVERIFY(QFile::link(other.path(), link));
+        QCOMPARE(broughtBack(folder.path(), {link}).notes, QStringList());
+        writtenFile(other, "1.jsonl", "not kept");
+        QCOMPARE(broughtBack(folder.path(), {other.path()}).notes.size(), 1);
+        QCOMPARE(QDir(other.path()).entryList(QDir::Files), QStringList("1.jsonl"));
+    }
+
+    void copyOfAWholeRecord_isRemovedWithItsResults()
+    {
+        const QTemporaryDir folder;
+        QTemporaryDir other;
+        writtenFile(folder, "1.jsonl", "run\nanswer\nresult 1.txt\n");
+        writtenFile(folder, "1.txt", "results");
+        writtenFile(other, "1_kept.jsonl", "run\nanswer\nresult 1_kept.txt\n");
+        writtenFile(other, "1_kept.txt", "results");
+        const BroughtBack back = broughtBack(folder.path(), {other.path()});
+        QCOMPARE(back.errors, QStringList());
+        QCOMPARE(back.notes,
+            QStringList("1_kept.jsonl: was kept in " + other.path()
+                + " and is whole here as 1.jsonl: removed there"));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"1.jsonl", "1.txt"}));
+        QVERIFY(!QDir(other.path()).exists());
+    }
+
+    void copyThatHasMore_isBroughtBack_data()
+    {
+        QTest::addColumn<QByteArray>("here");
+        QTest::newRow("a line more") << QByteArray("run\nanswer\n");
+        QTest::newRow("the last line is cut here") << QByteArray("run\nanswer\nresu");
+        QTest::newRow("another run") << QByteArray("other\nanswer\nresult\n");
+    }
+
+    void copyThatHasMore_isBroughtBack()
+    {
+        QFETCH(QByteArray, here);
+        const QTemporaryDir folder;
+        const QTemporaryDir other;
+        writtenFile(folder, "1.jsonl", here);
+        writtenFile(other, "1_kept.jsonl", "run\nanswer\nresult\n");
+        QCOMPARE(broughtBack(folder.path(), {other.path()}).errors, QStringList());
+        QCOMPARE(RecordedRun::contentOf(folder.filePath("1.jsonl")), here);
+        QCOMPARE(RecordedRun::contentOf(folder.filePath("1_kept.jsonl")),
+            QByteArray("run\nanswer\nresult\n"));
+    }
+
+    void latestOfTwoCopies_isBroughtBack()
+    {
+        const QTemporaryDir folder;
+        const QTemporaryDir second;
+        const QTemporaryDir third;
+        writtenFile(second, "1_kept.jsonl", "run\n");
+        writtenFile(third, "1_kept.jsonl", "run\nanswer\n");
+        QCOMPARE(broughtBack(folder.path(), {second.path(), third.path()}).errors, QStringList());
+        QCOMPARE(
+            RecordedRun::contentOf(folder.filePath("1_kept.jsonl")), QByteArray("run\nanswer\n"));
+        QVERIFY(!QDir(second.path()).exists());
+    }
+
+    void fileThatIsNotReadWhole_stays()
+    {
+        const QTemporaryDir folder;
+        const QTemporaryDir other;
+        const QString path = other.filePath("1_kept.jsonl");
+        QVERIFY(QFile::link("/proc/self/limits", path)); // tells another size than it has
+        QCOMPARE(broughtBack(folder.path(), {other.path()}).errors,
+            QStringList(path + ": cannot be read; it is kept in " + other.path()));
+        QVERIFY(QDir(folder.path()).isEmpty());
+        QVERIFY(QFileInfo(path).isSymLink());
     }
 
     void files_stay_whereTheyCannotComeBack()
@@ -120,6 +222,53 @@ private slots:
         QCOMPARE(run.recorder.close(), QStringList());
     }
 
+    // The results do not fit either: the second folder has as little place as the first.
+    void resultsOfAFullDisk_areWholeInTheFolder_whenThereIsSpaceAgain()
+    {
+        QTemporaryDir other;
+        RecordedRun run(1, {other.path()});
+        run.play("cw");
+        {
+            const SmallDisk disk(10);
+            run.driver.playTrial();
+            run.driver.answerRightly(true);
+            QVERIFY(!run.recorder.flush());
+        }
+        QVERIFY(run.recorder.flush());
+        expectAllInFolder(run);
+        QVERIFY(!QDir(other.path()).exists());
+    }
+
+    void whatIsKeptElsewhere_stays_untilTheFolderHasRecordAndResults()
+    {
+        const QTemporaryDir folder;
+        QTemporaryDir other;
+        const QString here = folder.filePath("here");
+        const QString name = "S_20260102-030405_001";
+        GuardedRecord record(here, {other.path()}, "S", "2026-01-02T03:04:05.678Z");
+        record.append("line\n");
+        record.finish("results", [](const QString& results, const QString& error) {
+            return (results + ": " + error + '\n').toUtf8();
+        });
+        QVERIFY(!record.sync());
+        QVERIFY(QDir().mkpath(here));
+        for (const int size : {4, 5, 20}) { // no line fits; no results; no last line
+            const SmallDisk disk(size);
+            QVERIFY(!record.sync());
+            QVERIFY(!record.sync());
+            QCOMPARE(RecordedRun::contentOf(other.filePath(name + "_kept.jsonl")),
+                "line\n" + name.toUtf8() + "_kept.txt: \n");
+            QCOMPARE(
+                RecordedRun::contentOf(other.filePath(name + "_kept.txt")), QByteArray("results"));
+        }
+        QVERIFY(record.sync());
+        QCOMPARE(record.takeResultsFault(), QString());
+        QCOMPARE(RecordedRun::contentOf(here + '/' + record.recordName()),
+            "line\n" + name.toUtf8() + ".txt: \n");
+        QCOMPARE(RecordedRun::contentOf(here + '/' + name + ".txt"), QByteArray("results"));
+        QVERIFY(!QDir(other.path()).exists());
+    }
+
     void recordThatCannotBeWritten_isInTheFirstFolderThatTakesIt()
     {
         const QTemporaryDir other;
@@ -151,6 +300,16 @@ private slots:
     }
 
 private:
+    static void expectAllInFolder(const RecordedRun& run)
+    {
+        QCOMPARE(eventsOf(run.lines()),
+            QStringList("run") + trialEvents + trialEvents + trialEvents + QStringList("result"));
+        const QString results = run.lines().last()["results_file"].toString();
+        QCOMPARE(run.names(), QStringList({run.recorder.recordName(), results}));
+        QCOMPARE(
+            RecordedRun::contentOf(run.path(results)), resultsBytes(run.window->sessionRecord()));
+    }
+
     static QString keptIn(const QTemporaryDir& other, const QString& ending)
     {
         return other.filePath(QDir(other.path()).entryList({'*' + ending}).value(0, "(nothing)"));
