@@ -313,7 +313,7 @@ void FlightRecorder::tellFaults()
     if (m_isInTrial) {
         return;
     }
-    const QString fault = m_queue.file().error();
+    const QString fault = m_queue.error();
     const bool isNews = fault != std::exchange(m_fault, fault);
     if (!fault.isEmpty() && isNews) {
         emit failed(fault);

@@ -91,6 +91,16 @@ QStringList RecordQueue::close()
     return told;
 }
 
+QString RecordQueue::error() const
+{
+    for (const auto& each : m_files) {
+        if (!each->error().isEmpty()) {
+            return each->error();
+        }
+    }
+    return {};
+}
+
 bool RecordQueue::sync(GuardedRecord& file)
 {
     const bool isWritten = file.sync();

@@ -44,6 +44,9 @@ public:
     /// Results files that could not be made, a text each, once.
     QStringList takeResultsFaults() { return std::exchange(m_resultsFaults, {}); }
 
+    /// Why a record is not all in the folder, of the first one that is not; empty when all are.
+    QString error() const;
+
     /// Whether a record was begun.
     bool hasFile() const { return !m_files.empty(); }
     /// The record begun last.

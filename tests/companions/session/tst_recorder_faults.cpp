@@ -319,6 +319,31 @@ private slots:
         QCOMPARE(run.names().filter(".txt").size(), 2);
     }
 
+    void recovery_isNotTold_whileAnEarlierRecordWaits()
+    {
+        RecordedRun run;
+        const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
+        const QSignalSpy recoveries(&run.recorder, &FlightRecorder::recovered);
+        run.play("cw");
+        {
+            const SmallDisk disk(run.content().size()); // the next run's first line fits
+            run.driver.playTrial();
+            run.driver.answerRightly(true);
+            QCOMPARE(failures.size(), 1);
+            ModalBoxes boxes;
+            boxes.answerNext(QMessageBox::Yes);
+            run.dismiss();
+            run.driver.open();
+            QCOMPARE(run.lines().size(), 1);
+            QCOMPARE(failures.size(), 1);
+            QCOMPARE(recoveries.size(), 0);
+        }
+        run.driver.beReady();
+        run.driver.playTrial();
+        run.driver.answerRightly(true);
+        QTRY_COMPARE(recoveries.size(), 1);
+    }
+
 private:
     static void tickSoon(const RecordedRun& run) { Probe::timerPlay(*run.window)->setInterval(1); }
 
