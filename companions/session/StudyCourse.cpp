@@ -18,6 +18,8 @@ StudyCourse::StudyCourse(MainWindow& window, Study study, bool pressesGo)
     , m_study(std::move(study))
     , m_pressesGo(pressesGo)
 {
+    connect(window.findChild<QPushButton*>("pushButtonView"), &QPushButton::clicked, this,
+        [this] { m_viewed = panelTexts(m_window); });
     connect(window.findChild<QPushButton*>("pushButtonGo"), &QPushButton::clicked, this,
         &StudyCourse::begin);
     connect(&window, &MainWindow::doneDataCollection, this, [this] { m_hasResults = true; });
@@ -31,7 +33,8 @@ void StudyCourse::start()
 
 std::optional<ProtocolPlace> StudyCourse::place() const
 {
-    return panelTexts(m_window) == m_panel ? std::optional(placeIn(m_study, m_run)) : std::nullopt;
+    const bool isOurs = panelTexts(m_window) == m_panel && m_viewed == m_panel;
+    return isOurs ? std::optional(placeIn(m_study, m_run)) : std::nullopt;
 }
 
 void StudyCourse::offer()

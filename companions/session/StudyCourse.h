@@ -21,7 +21,8 @@ public:
 
     /// Offers the first run that is not completed; there must be one.
     void start();
-    /// Which run Go begins now; none if the panel does not hold what was filled in.
+    /// Which run Go begins now; none if the panel does not hold what was filled in,
+    /// or did not at the last View.
     std::optional<ProtocolPlace> place() const;
 
 signals:
@@ -42,6 +43,7 @@ private:
     bool m_pressesGo;
     ProtocolRun m_run; ///< that is offered or under way
     QStringList m_panel; ///< as it was filled in
+    QStringList m_viewed; ///< the panel at the last View, which makes the standard
     QStringList m_texts; ///< that the listener has still to read
     bool m_isAgain = false; ///< offered before
     bool m_isOurs = false; ///< the run under way is the protocol's

@@ -186,6 +186,17 @@ private slots:
         QTRY_VERIFY(session.told.contains(": 1 of 2 runs completed\n"));
     }
 
+    void panelViewedWithOtherSettings_makesARunThatDoesNotCount()
+    {
+        PlayedStudy session("1,,,", false);
+        type(session.window, "lineEditStdDuration", "20");
+        buttonOf(session.window, "pushButtonView")->click();
+        type(session.window, "lineEditStdDuration", "10");
+        session.go()->click();
+        QVERIFY(session.told.endsWith("this run is recorded, but it does not count.\n"));
+        QVERIFY(!session.record().begun.protocol.has_value());
+    }
+
     void changedPanel_makesARunThatDoesNotCount()
     {
         PlayedStudy session("1,,,", false);
