@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr auto lockName = ".quorin-session.lock";
+
 QString lockError(const QLockFile& lock, const QString& folder)
 {
     qint64 pid = 0;
@@ -21,6 +23,10 @@ QString lockError(const QLockFile& lock, const QString& folder)
             .arg(folder)
             .arg(pid)
             .arg(host);
+    }
+    if (lock.error() == QLockFile::LockFailedError) {
+        return QDir(folder).filePath(lockName)
+            + ": does not tell which session made it: remove it if none records here";
     }
     return folder + ": cannot be written to";
 }
@@ -84,8 +90,7 @@ PreparedSession preparedSession(const SessionOptions& options)
     PreparedSession session;
     session.seed = options.seed.value_or(
         QRandomGenerator::system()->bounded(1, static_cast<int>(largestSeed) + 1));
-    session.lock
-        = std::make_unique<QLockFile>(QDir(options.folder).filePath(".quorin-session.lock"));
+    session.lock = std::make_unique<QLockFile>(QDir(options.folder).filePath(lockName));
     session.lock->setStaleLockTime(0); // only a process that is gone gives its lock up, however old
     if (!session.lock->tryLock()) {
         session.errors.append(lockError(*session.lock, options.folder));

@@ -380,6 +380,17 @@ private slots:
         QTRY_VERIFY(isLockedBy(folder, next.pid()));
         QVERIFY(next.isRunning());
     }
+
+    void lockThatTellsNothing_isNamed()
+    {
+        const QTemporaryDir folder;
+        writtenFile(folder, ".quorin-session.lock", "");
+        const Outcome outcome = session({folder.path()});
+        QCOMPARE(outcome.errors,
+            "quorin-session: " + lockOf(folder)
+                + ": does not tell which session made it: remove it if none records here\n");
+        QCOMPARE(outcome.status, 1);
+    }
 };
 
 QUORIN_TEST(TestSessionProgram);
