@@ -334,3 +334,8 @@ Data answeredRun(const RunRecord& run)
     }
     return data;
 }
+
+bool hasAllTrials(const Data& answered)
+{
+    return !answered.records.isEmpty() && enoughReversals(answered);
+}

@@ -20,3 +20,7 @@ Contradiction contradictionOf(const RunRecord& run);
 /// The session record after the trials that were answered, each as its lines tell it: trials and
 /// reversals. Everything else is as it was at Go.
 Data answeredRun(const RunRecord& run);
+
+/// Whether a run, as answeredRun() tells it, went on to its last reversal: whatever stopped the
+/// program after the last answer, no trial is missing.
+bool hasAllTrials(const Data& answered);

@@ -3,7 +3,6 @@
 #include "report/RecordedRuns.h"
 
 #include "procedure/ResultsFormat.h"
-#include "procedure/StaircaseRule.h"
 #include "record/RecordCheck.h"
 #include "record/RecordReader.h"
 #include "session/Counts.h"
@@ -13,11 +12,6 @@
 #include <algorithm>
 
 namespace {
-
-bool isWhole(const Data& answered)
-{
-    return !answered.records.isEmpty() && enoughReversals(answered);
-}
 
 // A device that was pulled out and put back in a trial leaves nothing but a sound without an end.
 bool mayHaveLostSounds(const RecordedTrial& trial)
@@ -92,7 +86,7 @@ Complaint takeValues(Run& run, const Data& answered)
 
 RunRule ruleOfRecord(const RunRule& demand, const Data& answered)
 {
-    if (isWhole(answered) && !demand.nReversals) {
+    if (hasAllTrials(answered) && !demand.nReversals) {
         return {answered.nReversals, demand.nLast.value_or(answered.nReversalsToCalculate)};
     }
     const int nReversals = demand.nReversals.value_or(answered.reversalCount);
@@ -119,7 +113,7 @@ QString faultOfSettings(const Data& answered)
 QString lackOfRecord(const RunRecord& record)
 {
     const Data answered = answeredRun(record);
-    if (isWhole(answered)) {
+    if (hasAllTrials(answered)) {
         return {};
     }
     const QString where = answered.records.isEmpty()

@@ -3,6 +3,7 @@
 #include "session/EarlierRuns.h"
 
 #include "protocol/RunOrder.h"
+#include "record/RecordCheck.h"
 #include "record/RecordReader.h"
 
 #include <QDir>
@@ -11,7 +12,8 @@ namespace {
 
 bool isCompleted(const RunRecord& run)
 {
-    return std::holds_alternative<RunSaved>(run.end) || std::holds_alternative<RunUnsaved>(run.end);
+    return std::holds_alternative<RunSaved>(run.end) || std::holds_alternative<RunUnsaved>(run.end)
+        || hasAllTrials(answeredRun(run));
 }
 
 void add(EarlierRuns& earlier, const RunRecord& run, const QString& name)

@@ -17,6 +17,7 @@ struct EarlierRuns {
     QStringList notes; ///< records that cannot be read, a text each
 };
 
-/// Looks through the records in a folder. A run is completed if its record has its results.
+/// Looks through the records in a folder. A run is completed if its record has its results, or all
+/// trials.
 /// @param sha256 of the protocol's bytes, in hexadecimal digits
 EarlierRuns earlierRuns(const QString& folder, const QString& sha256, const QString& subject);

@@ -153,6 +153,26 @@ private slots:
         QCOMPARE(earlier.orderSeed, 3);
     }
 
+    void resumedSession_knowsARun_whoseProgramWasKilledAfterTheLastAnswer()
+    {
+        PlayedStudy session("2,,,", false);
+        session.go()->click();
+        session.playRun();
+        const RunBegun begun = session.record().begun;
+        QFile file(session.folder.filePath(session.recorder.recordName()));
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        const QByteArray content = file.readAll();
+        const int beforeEnd = content.chopped(1).lastIndexOf('\n') + 1;
+        const int beforeAnswer = content.left(beforeEnd - 1).lastIndexOf('\n') + 1;
+        QVERIFY(file.resize(beforeEnd));
+        const auto completed = [&session, &begun] {
+            return earlierRuns(session.folder.path(), begun.protocol->sha256, "S07").completed;
+        };
+        QCOMPARE(completed(), QStringList("row 1, repeat 1"));
+        QVERIFY(file.resize(beforeAnswer));
+        QCOMPARE(completed(), QStringList());
+    }
+
     void autoGo_pressesGo_forEachRun()
     {
         PlayedStudy session("2,,,", true);
