@@ -37,3 +37,11 @@ void endLoopOnSignals()
         std::signal(signal, wakeLoop);
     }
 }
+
+void endAtOnceOnSecondInterrupt()
+{
+    struct sigaction action = {};
+    action.sa_handler = wakeLoop;
+    action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+    ::sigaction(SIGINT, &action, nullptr);
+}

@@ -139,6 +139,7 @@ int runMeasure(const QStringList& arguments, StandardStreams& streams)
     PathMeasurement measurement;
     if (failure.isEmpty()) {
         endLoopOnSignals();
+        endAtOnceOnSecondInterrupt();
         // Qt's sound backend warns where an output goes while it asks for it.
         QLoggingCategory::setFilterRules("default.warning=false");
         measurement = measurePath(options.path);

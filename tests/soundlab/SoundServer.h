@@ -46,6 +46,8 @@ public:
     void stop();
     /// Kills the server, as in a crash.
     void kill();
+    /// 0: it does not run.
+    qint64 processId() const { return m_process.processId(); }
     /// The server's process stands still for a time, as when the machine is busy. Returns at once.
     void standStill(int ms);
     /// Where sounds that name no sink are played from now on; "lab" is this server's own sink.

@@ -67,6 +67,18 @@ public:
 
     void askToEnd() const { ::kill(static_cast<pid_t>(m_process.processId()), SIGTERM); }
 
+    /// Interrupts until it has ended.
+    /// @return whether a signal ended it, not the program itself
+    bool isEndedBySignal()
+    {
+        constexpr int betweenMs = 100;
+        while (m_process.state() == QProcess::Running) {
+            ::kill(static_cast<pid_t>(m_process.processId()), SIGINT);
+            m_process.waitForFinished(betweenMs);
+        }
+        return m_process.exitStatus() == QProcess::CrashExit;
+    }
+
 private:
     ChildProcess m_process;
 };
@@ -184,6 +196,19 @@ private slots:
         QCOMPARE(end.output, QString());
         QCOMPARE(end.status, 1);
         QCOMPARE(stateOf(environment), before);
+    }
+
+    void secondInterrupt_endsAtOnce_whenTheServerStandsStill()
+    {
+        SoundServer server;
+        QVERIFY2(server.start(), qPrintable(server.errorText()));
+        const QProcessEnvironment environment = environmentOf(server);
+        Measuring measuring(environment, "--rate 40000");
+        QTRY_VERIFY_WITH_TIMEOUT(
+            pactl(environment, "list short sink-inputs").contains("float32le"), timeoutMs);
+        ::kill(static_cast<pid_t>(server.processId()), SIGSTOP);
+        QVERIFY(measuring.isEndedBySignal());
+        server.kill();
     }
 
     void lostServer_endsTheMeasurement()
