@@ -15,6 +15,8 @@
 #include <QDir>
 
 #include <algorithm>
+#include <iostream>
+#include <string>
 #include <termios.h>
 #include <unistd.h>
 
@@ -76,6 +78,13 @@ QString obstacleOf(const FoundPath& found, Ear ear)
     return first.volumes.size() < channelsOf(ear)
         ? QString("the output %1 has one channel: it cannot play to one ear").arg(first.name)
         : QString();
+}
+
+// QFile takes all lines that a terminal holds, where they can no longer be given up.
+QString readLineOfUser()
+{
+    std::string line;
+    return std::getline(std::cin, line) ? QString::fromLocal8Bit(line.c_str()) : QString();
 }
 
 /// Plays, asks and writes.
@@ -151,11 +160,8 @@ private:
 
     std::optional<CalibrationNote> noteOfDialogue()
     {
-        QFile file;
-        file.open(stdin, QIODevice::ReadOnly);
-        QTextStream input(&file);
-        // A key that was held during a sound must not raise the next one.
-        CalibrationDialogue dialogue(input, m_streams.output(), [this](double levelDb) {
+        // A key that was pressed ahead of a question must not raise the next sound.
+        CalibrationDialogue dialogue(readLineOfUser, m_streams.output(), [this](double levelDb) {
             QString fault = play(levelDb);
             ::tcflush(STDIN_FILENO, TCIFLUSH);
             return fault;

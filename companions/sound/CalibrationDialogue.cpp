@@ -26,8 +26,8 @@ std::optional<double> meterReading(const QString& text)
     return isReasonable ? std::optional(reading) : std::nullopt;
 }
 
-CalibrationDialogue::CalibrationDialogue(QTextStream& input, QTextStream& output, Play play)
-    : m_input(input)
+CalibrationDialogue::CalibrationDialogue(ReadLine readLine, QTextStream& output, Play play)
+    : m_readLine(std::move(readLine))
     , m_output(output)
     , m_play(std::move(play))
 {
@@ -92,7 +92,7 @@ QString CalibrationDialogue::remark()
 QString CalibrationDialogue::ask(const QString& question)
 {
     m_output << question << Qt::flush;
-    QString answer = m_input.readLine();
+    QString answer = m_readLine();
     if (answer.isNull()) {
         m_output << '\n';
         return answer;

@@ -29,9 +29,11 @@ class CalibrationDialogue {
 public:
     /// Plays at a digital level and returns what went wrong; an empty text if nothing did.
     using Play = std::function<QString(double levelDb)>;
+    /// The next line of the input, and no more of it; null at its end.
+    using ReadLine = std::function<QString()>;
 
-    /// @param input, output must outlive the dialogue
-    CalibrationDialogue(QTextStream& input, QTextStream& output, Play play);
+    /// @param output must outlive the dialogue
+    CalibrationDialogue(ReadLine readLine, QTextStream& output, Play play);
 
     /// @return none if it was ended, or the input ended, without a reading
     std::optional<LevelReading> lead(const LevelCourse& course);
@@ -46,7 +48,7 @@ private:
     void play();
     double higherDb() const;
 
-    QTextStream& m_input;
+    ReadLine m_readLine;
     QTextStream& m_output;
     Play m_play;
     LevelCourse m_course {};

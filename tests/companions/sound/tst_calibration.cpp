@@ -52,10 +52,11 @@ struct Conversation {
     {
         QTextStream in(&input);
         QTextStream out(&said);
-        CalibrationDialogue dialogue(in, out, [&](double levelDb) {
-            playedDb.append(levelDb);
-            return playedDb.size() == failing ? fault : QString();
-        });
+        CalibrationDialogue dialogue([&in] { return in.readLine(); }, out,
+            [&](double levelDb) {
+                playedDb.append(levelDb);
+                return playedDb.size() == failing ? fault : QString();
+            });
         reading = dialogue.lead(course);
         rest = in.readAll();
     }
@@ -216,7 +217,7 @@ private slots:
         QString said;
         QTextStream in(&input);
         QTextStream out(&said);
-        CalibrationDialogue dialogue(in, out, {});
+        CalibrationDialogue dialogue([&in] { return in.readLine(); }, out, {});
         QCOMPARE(dialogue.remark(), QString("coupler 3"));
         QCOMPARE(dialogue.remark(), QString(""));
         QCOMPARE(dialogue.remark(), QString());

@@ -14,6 +14,9 @@
 
 #include <cmath>
 #include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -23,8 +26,12 @@ constexpr double durationMs = 300.0;
 /// A calibration under way.
 class Calibration {
 public:
-    Calibration(const SoundServer& server, const QString& options, const QStringList& more = {})
+    Calibration(const SoundServer& server, const QString& options, const QStringList& more = {},
+        const QString& inputPath = {})
     {
+        if (!inputPath.isEmpty()) {
+            m_process.setStandardInputFile(inputPath);
+        }
         m_process.setProcessEnvironment(Client(server).environment);
         m_process.start(SOUND_PROGRAM,
             QStringList("calibrate") + options.split(' ', Qt::SkipEmptyParts) + more
@@ -32,6 +39,15 @@ public:
     }
 
     void type(const QByteArray& text) { m_process.write(text); }
+    bool waitForOutput(const QByteArray& text)
+    {
+        while (!m_process.peek(m_process.bytesAvailable()).contains(text)) {
+            if (!m_process.waitForReadyRead(timeoutMs)) {
+                return false;
+            }
+        }
+        return true;
+    }
     void interrupt() const { ::kill(static_cast<pid_t>(m_process.processId()), SIGINT); }
 
     SoundProgramEnd end()
@@ -55,6 +71,34 @@ public:
 private:
     QTemporaryDir m_folder;
     ChildProcess m_process;
+};
+
+/// A terminal, by whose keys a program is answered.
+class Terminal {
+public:
+    Terminal()
+        : m_keys(::posix_openpt(O_RDWR | O_NOCTTY))
+    {
+        ::grantpt(m_keys);
+        ::unlockpt(m_keys);
+        m_lines = ::open(::ptsname(m_keys), O_RDWR | O_NOCTTY); // what is typed waits from now on
+    }
+    ~Terminal()
+    {
+        ::close(m_lines);
+        ::close(m_keys);
+    }
+    Q_DISABLE_COPY(Terminal)
+
+    QString path() const { return ::ptsname(m_keys); }
+    bool type(const QByteArray& keys) const
+    {
+        return ::write(m_keys, keys.constData(), size_t(keys.size())) == keys.size();
+    }
+
+private:
+    int m_keys;
+    int m_lines;
 };
 
 /// Whatever gaps a busy machine made, the samples between them are those that were handed over.
@@ -175,6 +219,15 @@ private slots:
         QVERIFY(levelDb(heard, 0, ramp / 4) < -45.0);
     }
 
+    void loudStart_isPlayed_whenItIsAllowed()
+    {
+        Calibration calibration(m_server, "--allow-loud --level -10 --duration 200 --reading 50");
+        const SoundProgramEnd end = calibration.end();
+        QCOMPARE(end.errors, QString());
+        QCOMPARE(end.status, 0);
+        QCOMPARE(calibration.note().levelDb, -10.0);
+    }
+
     void note_hasAllThatTheReadingHangsOn()
     {
         Client(m_server).pactl("set-default-sink headphones");
@@ -247,6 +300,20 @@ private slots:
         const CalibrationSound sound {false, 1000.0, 40000, 200.0};
         QCOMPARE(withoutZeros(microphone.stop()),
             expectedSamples(sound, -40.0) + expectedSamples(sound, -34.0));
+    }
+
+    void keysTypedAhead_raiseNoLevel()
+    {
+        const Terminal terminal;
+        QVERIFY(terminal.type("\n\n\n\n"));
+        Calibration calibration(m_server, "--duration 200", {}, terminal.path());
+        QVERIFY(calibration.waitForOutput("-30.0 dB: the meter's reading"));
+        QVERIFY(terminal.type("50\nmy remark\n"));
+        const SoundProgramEnd end = calibration.end();
+        QVERIFY2(!end.output.contains("-27.0 dB: "), qPrintable(end.output));
+        QCOMPARE(end.status, 0);
+        QCOMPARE(calibration.note().levelDb, -30.0);
+        QCOMPARE(calibration.note().remark, QString("my remark"));
     }
 
     void interrupt_stopsTheSound_andWritesNothing()
