@@ -51,14 +51,19 @@ QString betterResampler(bool isPipeWire)
                           "pulseaudio -k");
 }
 
-CheckLine rateLine(const SoundPath& path, const CheckedSettings& settings)
+/// The rate of the first output that has another one than the sounds; theirs if there is none.
+int otherRate(const SoundPath& path, int rate)
 {
     const auto other = std::find_if(path.outputs.cbegin(), path.outputs.cend(),
-        [&settings](const OutputFacts& output) { return output.rate != settings.rate; });
-    const bool isTheSame = other == path.outputs.cend();
-    const int rate = isTheSame ? settings.rate : other->rate;
+        [rate](const OutputFacts& output) { return output.rate != rate; });
+    return other == path.outputs.cend() ? rate : other->rate;
+}
+
+CheckLine rateLine(const SoundPath& path, const CheckedSettings& settings)
+{
+    const int rate = otherRate(path, settings.rate);
     const QString finding = QString("output %1 Hz, sounds %2 Hz").arg(rate).arg(settings.rate);
-    if (isTheSame) {
+    if (rate == settings.rate) {
         return {Verdict::fine, "sampling rate", finding, "Nothing is resampled.", {}};
     }
     if (path.pipeWire && path.pipeWire->allowedRates.contains(settings.rate)) {
@@ -237,14 +242,27 @@ QString lossRemedy(int nSamples, int quantum, int rate)
     return quantum > smallQuantum ? quantumCommand(smallQuantum) + "; and " + duration : duration;
 }
 
+// What each of PulseAudio's resamplers keeps back was measured: docs/timing.md.
+CheckLine resampledEndLine(int outputRate)
+{
+    return {Verdict::look, "end of a sound", "the last 0.2 to 6 ms are lost",
+        "They are still in the resampler; quorin-sound measure tells how many.",
+        QString("type %1 in the panel's \"Sampling rate\"").arg(outputRate)};
+}
+
 CheckLine endLine(const SoundPath& path, const CheckedSettings& settings)
 {
+    if (!path.pipeWire) {
+        const int other = otherRate(path, settings.rate);
+        return other == settings.rate
+            ? CheckLine {Verdict::fine, "end of a sound", "played", {}, {}}
+            : resampledEndLine(other);
+    }
     const int rate = path.outputs.last().rate;
-    const int quantum = path.pipeWire ? path.pipeWire->quantumInForce() : 0;
+    const int quantum = path.pipeWire->quantumInForce();
     const int nSamples = samplesAt(rate, settings);
     if (quantum == 0) {
-        return {path.pipeWire ? Verdict::look : Verdict::fine, "end of a sound",
-            path.pipeWire ? "unknown" : "played", {}, {}};
+        return {Verdict::look, "end of a sound", "unknown", {}, {}};
     }
     const int nLost = nSamples % quantum;
     if (nLost == 0) {

@@ -188,6 +188,10 @@ void addQuanta()
 {
     const QString force = "pw-metadata -n settings 0 clock.force-quantum 128";
     row("PulseAudio plays all", goodPath(), start, "end of a sound", Verdict::fine, "played", "");
+    SoundPath resampled = goodPath();
+    resampled.outputs[0].rate = 48000;
+    row("PulseAudio's resampler keeps the end", resampled, start, "end of a sound", Verdict::look,
+        "the last 0.2 to 6 ms are lost", "type 48000 in the panel's \"Sampling rate\"");
     row("as PipeWire comes", pipeWirePath(2048), {48000, 600.0}, "quantum", Verdict::look,
         "2048 samples (42.7 ms)", force);
     row("the rule for our programs", pipeWirePath(2048, 0, 128), {48000, 600.0}, "quantum",
