@@ -119,6 +119,11 @@ QStringList differencesFrom(const CalibrationNote& note, const QVector<Calibrate
             differences.append(difference);
         }
     }
+    for (const CalibratedOutput& output : now) {
+        if (output.isMuted) {
+            differences.append(QString("the output %1 is muted").arg(output.name));
+        }
+    }
     if (now.size() != note.outputs.size()) {
         differences.append(QString("sounds pass %1 outputs, in the note %2")
                                .arg(now.size())

@@ -12,6 +12,7 @@ struct CalibratedOutput {
     QString name; ///< the server's
     QString description; ///< for people
     QVector<double> volumes; ///< of each channel, %, as the desktop shows it
+    bool isMuted = false; ///< no note has it: a muted output is not calibrated
 
     template <typename Self, typename Visit> static void eachField(Self& self, Visit& visit)
     {
@@ -96,5 +97,5 @@ QByteArray calibrationBytes(const CalibrationNote& note);
 /// What cannot be true of a note; empty if nothing is wrong.
 QString faultOf(const CalibrationNote& note);
 
-/// How outputs differ from those of a note, a sentence each: another name or another volume.
+/// How outputs differ from those of a note, a sentence each: another name, another volume, or mute.
 QStringList differencesFrom(const CalibrationNote& note, const QVector<CalibratedOutput>& now);

@@ -6,7 +6,7 @@ QVector<CalibratedOutput> calibratedOutputs(const SoundPath& path)
 {
     QVector<CalibratedOutput> outputs;
     for (const OutputFacts& facts : path.outputs) {
-        CalibratedOutput output {facts.name, facts.description, {}};
+        CalibratedOutput output {facts.name, facts.description, {}, facts.isMuted};
         for (const ChannelVolume& volume : facts.volumes) {
             output.volumes.append(volume.percent);
         }

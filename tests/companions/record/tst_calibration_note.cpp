@@ -163,6 +163,13 @@ private slots:
             QStringList("the sound server does not tell its output and volume"));
     }
 
+    void mutedOutput_isTold()
+    {
+        QVector<CalibratedOutput> now = sampleNote().outputs;
+        now[1].isMuted = true;
+        QCOMPARE(differencesFrom(sampleNote(), now), QStringList("the output card is muted"));
+    }
+
     void levels_areThoseOfTheSounds_data()
     {
         QTest::addColumn<double>("depth");
