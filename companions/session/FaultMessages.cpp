@@ -36,6 +36,12 @@ const QScreen& screenForBoxes(const MainWindow& window)
     return *QGuiApplication::primaryScreen();
 }
 
+// A line does not end between a number and its sign.
+QString withNumbersKeptTogether(QString text)
+{
+    return text.replace(" %", QString(QChar(QChar::Nbsp)) + '%');
+}
+
 } // namespace
 
 FaultMessages::FaultMessages(FlightRecorder& recorder, MainWindow& window, StandardStreams& streams)
@@ -66,8 +72,8 @@ FaultMessages::FaultMessages(FlightRecorder& recorder, MainWindow& window, Stand
 QMessageBox* FaultMessages::makeBox(const QString& fault, const QString& consequence)
 {
     m_streams.complain(fault);
-    auto* const box
-        = new QMessageBox(QMessageBox::Warning, "Recording", fault + "\n\n" + consequence);
+    auto* const box = new QMessageBox(
+        QMessageBox::Warning, "Recording", withNumbersKeptTogether(fault) + "\n\n" + consequence);
     connect(this, &QObject::destroyed, box, [box] { delete box; });
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setAttribute(Qt::WA_ShowWithoutActivating);

@@ -71,6 +71,15 @@ private slots:
         QTRY_COMPARE(Probe::data(*m_run->window).records.size(), 1);
     }
 
+    void percentSign_staysWithItsNumber()
+    {
+        emit m_run->recorder.calibrationDiffers({"the volume of card is 40.0 %"});
+        QCOMPARE(boxes()[0]->text(),
+            QString("The calibration does not hold: the volume of card is 40.0%1%.\n\n"
+                    "The run goes on, and its record tells it.")
+                .arg(QChar(QChar::Nbsp)));
+    }
+
     void lostTrial_goesOn_whereThatIsChosen()
     {
         loseTrial();
