@@ -1,11 +1,36 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// When an output took the bytes of its sound, whether it ran dry in between, and whether it is
-// lost.
+// When an output took the bytes of its sound, whether it ran dry in between, whether it is lost,
+// and whether its sound has a gap or has ended.
 #include "app/PlaybackBuffer.h"
+
+#include "app/PlayedSound.h"
 
 #include <QAudioOutput>
 
 #include <algorithm>
+
+namespace {
+
+// The server's queue is asked only after a gap: some backends report the end before their queue is
+// empty, and play the rest when they are stopped.
+bool hasBeenPlayed(const PlayedSound& sound)
+{
+    return sound.buffer->atEnd()
+        && (!sound.progress.isInterrupted
+            || sound.output->bytesFree() >= sound.output->bufferSize());
+}
+
+// Whether an end is reported before all of the sound can have been heard, with more than the output
+// hands over at a time still in the server's queue: it ran empty just before that came.
+bool isReportedTooEarly(const PlayedSound& sound)
+{
+    const auto* const playback = qobject_cast<const PlaybackBuffer*>(sound.buffer);
+    const int nQueued = sound.output->bufferSize() - sound.output->bytesFree();
+    return playback != nullptr && !playback->canHaveBeenHeard()
+        && nQueued > sound.output->periodSize();
+}
+
+} // namespace
 
 bool hasFailed(const QAudioOutput* output)
 {
@@ -69,4 +94,55 @@ void PlaybackBuffer::noteTaken(qint64 nBefore, qint64 nTaken)
         m_hasRunDry = true;
         emit ranDry();
     }
+}
+
+// An idle output has nothing to play, which is not always the end of the sound: while this thread,
+// the process or the server stood still, the rest of it may have reached the server too late, or
+// not yet. An output that is active again was given more since its report.
+bool isInterrupted(const PlayedSound& sound)
+{
+    switch (sound.output->state()) {
+    case QAudio::ActiveState:
+        return true;
+    case QAudio::IdleState:
+        return !hasBeenPlayed(sound) || isReportedTooEarly(sound);
+    default:
+        return sound.progress.isInterrupted && !hasBeenPlayed(sound);
+    }
+}
+
+bool isWatched(const PlayedSound& sound)
+{
+    return sound.progress.isInterrupted && sound.output != nullptr && !isGone(sound.output);
+}
+
+// Suspending and resuming makes a server play what is left of a queue that stands still.
+bool looksEnded(PlayedSound& sound)
+{
+    constexpr int looksUntilStill = 5;
+    constexpr int mostResumptions = 3; // after as many without effect the queue is given up
+    // At the next look only: if the server was lost meanwhile, the output has been stopped by then.
+    if (sound.output->state() == QAudio::SuspendedState) {
+        sound.output->resume();
+        return false;
+    }
+    if (hasBeenPlayed(sound)) {
+        return true;
+    }
+    SoundProgress& progress = sound.progress;
+    const int bytesFree = sound.output->bytesFree();
+    const bool isStill = sound.buffer->atEnd() && bytesFree == progress.bytesFree
+        && sound.output->state() != QAudio::StoppedState;
+    progress.nLooksStill = isStill ? progress.nLooksStill + 1 : 0;
+    progress.bytesFree = bytesFree;
+    if (progress.nLooksStill < looksUntilStill) {
+        return false;
+    }
+    if (progress.nResumptions == mostResumptions) {
+        return true;
+    }
+    progress.nLooksStill = 0;
+    ++progress.nResumptions;
+    sound.output->suspend();
+    return false;
 }

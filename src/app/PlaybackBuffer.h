@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 
 class QAudioOutput;
+struct PlayedSound;
 
 /// Whether an output tells an error, that of a sound's end included.
 /// @param output null: it has not
@@ -55,3 +56,15 @@ private:
     double m_earliestEndMs = 0.0; ///< of what was taken so far, on the clock
     bool m_hasRunDry = false;
 };
+
+/// Whether the report of an idle output is that of a gap and not of the sound's end.
+/// @param sound must have an output
+bool isInterrupted(const PlayedSound& sound);
+
+/// Whether a gap of the sound is known and its end is looked for, since it may not be reported.
+bool isWatched(const PlayedSound& sound);
+
+/// Looks at an interrupted sound, sets a queue that stands still going again, and gives it up where
+/// that has no effect. To be called every 20 ms or so.
+/// @return whether the sound has ended or is given up
+bool looksEnded(PlayedSound& sound);
