@@ -40,6 +40,7 @@ void GuardedRecord::finish(const QByteArray& results, const RecordFile::LastLine
 bool GuardedRecord::sync()
 {
     if (m_file.sync()) {
+        leaveResults();
         discardOther();
         m_error.clear();
         return true;
@@ -72,6 +73,14 @@ bool GuardedRecord::syncElsewhere()
     return false;
 }
 
+// The record may have got a place in the folder where its results file got none.
+void GuardedRecord::leaveResults()
+{
+    if (m_other != nullptr && m_other->hasResultsFile() && !m_file.hasResultsFile()) {
+        m_other.reset();
+    }
+}
+
 void GuardedRecord::discardOther()
 {
     if (m_other != nullptr) {
@@ -79,6 +88,11 @@ void GuardedRecord::discardOther()
         m_other.reset();
     }
     m_isElsewhere = false;
+}
+
+QString GuardedRecord::takeOtherResultsFault()
+{
+    return m_isElsewhere ? m_other->takeResultsFault() : QString();
 }
 
 QString GuardedRecord::otherPath() const

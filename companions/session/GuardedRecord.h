@@ -22,7 +22,7 @@ public:
     void finish();
     void finish(const QByteArray& results, const RecordFile::LastLine& lastLine);
     /// Brings all lines to the folder, else to another one, and waits for it. A record that is
-    /// whole in its folder is removed from the other one.
+    /// whole in its folder is removed from the other one, unless only that has a results file.
     /// @return whether all is in the folder
     bool sync();
     /// Why not, and where it is instead; empty when all is there.
@@ -33,9 +33,12 @@ public:
     QString otherPath() const;
     /// Why the results file could not be made, once.
     QString takeResultsFault() { return m_file.takeResultsFault(); }
+    /// The same of the one beside otherPath().
+    QString takeOtherResultsFault();
 
 private:
     bool syncElsewhere();
+    void leaveResults();
     void discardOther();
 
     QStringList m_otherFolders;

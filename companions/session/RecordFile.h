@@ -47,6 +47,8 @@ public:
     QString path() const { return pathOf(recordEnding); }
     /// Why the results file could not be made, once; empty if it could, or was not tried yet.
     QString takeResultsFault();
+    /// Whether the results file was made.
+    bool hasResultsFile() const { return m_hasResultsFile; }
     /// The same record for another folder, where the first sync() makes it whole. The name is
     /// another one too, so that it can be moved to this folder.
     std::unique_ptr<RecordFile> copyIn(const QString& folder) const;

@@ -84,6 +84,10 @@ QStringList RecordQueue::close()
         if (!path.isEmpty()) {
             told.append(QString("%1: kept here; the next session in %2 takes it there")
                             .arg(path, m_folder));
+            const QString resultsFault = each->takeOtherResultsFault();
+            if (!resultsFault.isEmpty()) {
+                told.append(resultsFault);
+            }
         } else if (!each->error().isEmpty()) {
             told.append(each->error());
         }

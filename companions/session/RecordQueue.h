@@ -39,7 +39,8 @@ public:
     /// @return whether all is there
     bool flush();
     /// Brings all to the disk for the last time.
-    /// @return a line for each record that is in another folder, or nowhere
+    /// @return a line for each record that is in another folder, or nowhere, and for each results
+    ///         file that could not be made in another folder
     QStringList close();
     /// Results files that could not be made, a text each, once.
     QStringList takeResultsFaults() { return std::exchange(m_resultsFaults, {}); }

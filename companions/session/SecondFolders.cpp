@@ -62,12 +62,27 @@ QString wholeRecord(const QString& folder, const QString& kept)
     return {};
 }
 
-// The record goes last: as long as it is there, its results file is known to be left over.
-bool removeRun(const QDir& folder, const QString& recordName)
+QString resultsOf(const QString& recordName)
 {
-    const QString results = folder.filePath(QFileInfo(recordName).completeBaseName() + ".txt");
-    return (!QFile::exists(results) || QFile::remove(results))
-        && QFile::remove(folder.filePath(recordName));
+    return QFileInfo(recordName).completeBaseName() + ".txt";
+}
+
+// Removes a copy of a record that is whole in the folder, which gets the results file unless it has
+// one. The record goes last: as long as it is there, it is known whose results they are.
+QString leaveTo(const QString& whole, const QString& folder, const QString& name, const QDir& from)
+{
+    const QString results = from.filePath(resultsOf(name));
+    const QString there = QDir(folder).filePath(resultsOf(whole));
+    if (QFile::exists(there)) {
+        QFile::remove(results);
+    } else if (QFile::exists(results)) {
+        const QString error = move(results, there);
+        if (!error.isEmpty()) {
+            return error;
+        }
+    }
+    const QString path = from.filePath(name);
+    return QFile::remove(path) ? QString() : path + ": cannot be removed";
 }
 
 void bringBack(const QString& name, const QDir& from, const QString& folder, BroughtBack& result)
@@ -77,16 +92,15 @@ void bringBack(const QString& name, const QDir& from, const QString& folder, Bro
         return; // went with its record
     }
     const QString whole = name.endsWith(".jsonl") ? wholeRecord(folder, path) : QString();
-    if (!whole.isEmpty() && removeRun(from, name)) {
-        result.notes.append(QString("%1: was kept in %2 and is whole here as %3: removed there")
-                                .arg(name, from.path(), whole));
-        return;
-    }
-    const QString error = move(path, QDir(folder).filePath(name));
-    if (error.isEmpty()) {
+    const QString error = whole.isEmpty() ? move(path, QDir(folder).filePath(name))
+                                          : leaveTo(whole, folder, name, from);
+    if (!error.isEmpty()) {
+        result.errors.append(error + "; it is kept in " + from.path());
+    } else if (whole.isEmpty()) {
         result.notes.append(QString("%1: was kept in %2 and is here now").arg(name, from.path()));
     } else {
-        result.errors.append(error + "; it is kept in " + from.path());
+        result.notes.append(QString("%1: was kept in %2 and is whole here as %3: removed there")
+                                .arg(name, from.path(), whole));
     }
 }
 

@@ -26,7 +26,7 @@ inline RunFiles recordedRun(const QString& answers)
     run.play(answers);
     run.recorder.flush();
     const QString name = run.recorder.recordName().chopped(int(qstrlen(".jsonl")));
-    return {name, run.content(), RecordedRun::contentOf(run.path(name + ".txt"))};
+    return {name, run.content(), contentOf(run.path(name + ".txt"))};
 }
 
 inline const RunFiles& recordedRun()

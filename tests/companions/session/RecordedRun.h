@@ -4,6 +4,7 @@
 #include "app/MainWindow.h"
 #include "drivers/RunDriver.h"
 #include "session/FlightRecorder.h"
+#include "support/Files.h"
 #include "support/MainWindowProbe.h"
 #include "support/WindowWidgets.h"
 
@@ -48,12 +49,6 @@ public:
     QString path(const QString& name) const { return folder.filePath(name); }
     QString recordPath() const { return path(recorder.recordName()); }
     QByteArray content() const { return contentOf(recordPath()); }
-
-    static QByteArray contentOf(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
-    }
 
     /// The lines that are on the disk.
     QVector<QJsonObject> lines() const { return linesIn(content()); }

@@ -274,11 +274,11 @@ private slots:
         ModalBoxes boxes;
         boxes.chooseFile(run.path("saved.txt"));
         run.play("cwc");
-        const QByteArray saved = RecordedRun::contentOf(run.path("saved.txt"));
+        const QByteArray saved = contentOf(run.path("saved.txt"));
         QCOMPARE(saved.count('\n'), 4);
         const QString name = run.lines().last()["results_file"].toString();
         QCOMPARE(name, QString(run.recorder.recordName()).replace(".jsonl", ".txt"));
-        QCOMPARE(RecordedRun::contentOf(run.path(name)), saved);
+        QCOMPARE(contentOf(run.path(name)), saved);
 
         boxes.answerNext(QMessageBox::Yes);
         run.dismiss();
@@ -323,8 +323,7 @@ private slots:
             driver.beReady();
             name = recorder.recordName();
         }
-        const QByteArrayList lines
-            = RecordedRun::contentOf(folder.filePath(name)).trimmed().split('\n');
+        const QByteArrayList lines = contentOf(folder.filePath(name)).trimmed().split('\n');
         QCOMPARE(lines.size(), 3);
         QVERIFY(lines.last().contains(R"("reason":"the program was ended")"));
     }

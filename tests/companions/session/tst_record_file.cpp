@@ -36,12 +36,10 @@ private slots:
         QCOMPARE(file.recordName(), QString("S_20260102-030405_004.jsonl"));
         file.finish("results", lastLine);
         QVERIFY(file.sync());
-        QCOMPARE(RecordedRun::contentOf(folder.filePath("S_20260102-030405_004.txt")),
-            QByteArray("results"));
-        QCOMPARE(RecordedRun::contentOf(folder.filePath("S_20260102-030405_004.jsonl")),
+        QCOMPARE(contentOf(folder.filePath("S_20260102-030405_004.txt")), QByteArray("results"));
+        QCOMPARE(contentOf(folder.filePath("S_20260102-030405_004.jsonl")),
             QByteArray("line\nS_20260102-030405_004.txt: \n"));
-        QCOMPARE(RecordedRun::contentOf(folder.filePath("S_20260102-030405_001.jsonl")),
-            QByteArray("mine"));
+        QCOMPARE(contentOf(folder.filePath("S_20260102-030405_001.jsonl")), QByteArray("mine"));
     }
 
     void resultsFile_isNeverAnExistingOne()
@@ -57,8 +55,8 @@ private slots:
         file.finish("results", lastLine);
         QVERIFY(file.sync());
         QVERIFY(file.sync());
-        QCOMPARE(RecordedRun::contentOf(path), QByteArray("others"));
-        QCOMPARE(RecordedRun::contentOf(folder.filePath(file.recordName())),
+        QCOMPARE(contentOf(path), QByteArray("others"));
+        QCOMPARE(contentOf(folder.filePath(file.recordName())),
             "line\nS_20260102-030405_001.txt: " + path.toUtf8()
                 + ": was made by another program meanwhile: left as it is\n");
     }
@@ -76,8 +74,7 @@ private slots:
             QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList());
         }
         QVERIFY(file.sync());
-        QCOMPARE(RecordedRun::contentOf(folder.filePath("S_20260102-030405_001.jsonl")),
-            QByteArray("line\n"));
+        QCOMPARE(contentOf(folder.filePath("S_20260102-030405_001.jsonl")), QByteArray("line\n"));
     }
 
     // On a full disk neither the results nor the line that tells of them have a place.
@@ -98,9 +95,9 @@ private slots:
         const QString results = "S_20260102-030405_001.txt";
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden),
             QStringList({file.recordName(), results}));
-        QCOMPARE(RecordedRun::contentOf(folder.filePath(results)), QByteArray("results"));
-        QCOMPARE(RecordedRun::contentOf(folder.filePath(file.recordName())),
-            "line\n" + results.toUtf8() + ": \n");
+        QCOMPARE(contentOf(folder.filePath(results)), QByteArray("results"));
+        QCOMPARE(
+            contentOf(folder.filePath(file.recordName())), "line\n" + results.toUtf8() + ": \n");
     }
 
     void recordMadeAnew_hasItsResultsFileBesideIt()
@@ -117,9 +114,8 @@ private slots:
         QVERIFY(QFile::remove(folder.filePath(file.recordName())));
         QVERIFY(file.sync());
         QCOMPARE(file.recordName(), QString("S_20260102-030405_002.jsonl"));
-        QCOMPARE(RecordedRun::contentOf(folder.filePath("S_20260102-030405_002.txt")),
-            QByteArray("results"));
-        QCOMPARE(RecordedRun::contentOf(folder.filePath(file.recordName())),
+        QCOMPARE(contentOf(folder.filePath("S_20260102-030405_002.txt")), QByteArray("results"));
+        QCOMPARE(contentOf(folder.filePath(file.recordName())),
             QByteArray("line\nS_20260102-030405_002.txt: \n"));
     }
 

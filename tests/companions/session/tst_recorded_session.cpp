@@ -10,6 +10,7 @@
 #include "soundlab/RecordedSounds.h"
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
+#include "support/Files.h"
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
 #include "support/ScriptedListener.h"
@@ -33,12 +34,6 @@ namespace {
 constexpr int timeoutMs = 60000;
 constexpr int shortestSilence = 1000; // samples: a quarter of a sound
 constexpr int soundSamples = 4000; // 100 ms
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 QStringList digestsOf(const QVector<float>& recording)
 {

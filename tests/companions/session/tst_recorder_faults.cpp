@@ -90,11 +90,11 @@ private slots:
         QCOMPARE(unsaved.size(), 0);
         QCOMPARE(run.names().filter(".jsonl").size(), 2);
         const QString record = run.path(run.names().filter(".jsonl").first());
-        QCOMPARE(RecordedRun::contentOf(record).count('\n'), 35);
-        const QByteArray last = RecordedRun::contentOf(record).trimmed().split('\n').last();
+        QCOMPARE(contentOf(record).count('\n'), 35);
+        const QByteArray last = contentOf(record).trimmed().split('\n').last();
         const QString name = QJsonDocument::fromJson(last).object()["results_file"].toString();
         QCOMPARE(run.path(name), QString(record).replace(".jsonl", ".txt"));
-        QCOMPARE(RecordedRun::contentOf(run.path(name)), results);
+        QCOMPARE(contentOf(run.path(name)), results);
     }
 
     void resultsFileThatCannotBeMade_isToldInTheRecordAndByASignal()

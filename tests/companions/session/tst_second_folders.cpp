@@ -53,8 +53,8 @@ private slots:
         const QString told = ": was kept in " + other.path() + " and is here now";
         QCOMPARE(back.notes,
             QStringList({"1_kept.jsonl" + told, "1_kept.txt" + told, "2_kept.jsonl" + told}));
-        QCOMPARE(RecordedRun::contentOf(folder.filePath("1_kept.jsonl")), QByteArray("record"));
-        QCOMPARE(RecordedRun::contentOf(folder.filePath("1_kept.txt")), QByteArray("results"));
+        QCOMPARE(contentOf(folder.filePath("1_kept.jsonl")), QByteArray("record"));
+        QCOMPARE(contentOf(folder.filePath("1_kept.txt")), QByteArray("results"));
         QVERIFY(!QDir(other.path()).exists());
     }
 
@@ -104,6 +104,20 @@ private slots:
         QVERIFY(!QDir(other.path()).exists());
     }
 
+    void resultsThatOnlyTheCopyHas_areBroughtToItsRecord()
+    {
+        const QTemporaryDir folder;
+        const QTemporaryDir other;
+        writtenFile(folder, "1.jsonl", "run\nanswer\nsave failed\n");
+        writtenFile(other, "1_kept.jsonl", "run\nanswer\nresult\n");
+        writtenFile(other, "1_kept.txt", "results");
+        const BroughtBack result = broughtBack(folder.path(), {other.path()});
+        QCOMPARE(result.errors, QStringList());
+        QCOMPARE(contentOf(folder.filePath("1.jsonl")), QByteArray("run\nanswer\nsave failed\n"));
+        QCOMPARE(contentOf(folder.filePath("1.txt")), QByteArray("results"));
+        QVERIFY(!QDir(other.path()).exists());
+    }
+
     void copyThatHasMore_isBroughtBack_data()
     {
         QTest::addColumn<QByteArray>("here");
@@ -120,9 +134,8 @@ private slots:
         writtenFile(folder, "1.jsonl", here);
         writtenFile(other, "1_kept.jsonl", "run\nanswer\nresult\n");
         QCOMPARE(broughtBack(folder.path(), {other.path()}).errors, QStringList());
-        QCOMPARE(RecordedRun::contentOf(folder.filePath("1.jsonl")), here);
-        QCOMPARE(RecordedRun::contentOf(folder.filePath("1_kept.jsonl")),
-            QByteArray("run\nanswer\nresult\n"));
+        QCOMPARE(contentOf(folder.filePath("1.jsonl")), here);
+        QCOMPARE(contentOf(folder.filePath("1_kept.jsonl")), QByteArray("run\nanswer\nresult\n"));
     }
 
     void latestOfTwoCopies_isBroughtBack()
@@ -133,8 +146,7 @@ private slots:
         writtenFile(second, "1_kept.jsonl", "run\n");
         writtenFile(third, "1_kept.jsonl", "run\nanswer\n");
         QCOMPARE(broughtBack(folder.path(), {second.path(), third.path()}).errors, QStringList());
-        QCOMPARE(
-            RecordedRun::contentOf(folder.filePath("1_kept.jsonl")), QByteArray("run\nanswer\n"));
+        QCOMPARE(contentOf(folder.filePath("1_kept.jsonl")), QByteArray("run\nanswer\n"));
         QVERIFY(!QDir(second.path()).exists());
     }
 
@@ -161,8 +173,8 @@ private slots:
             QStringList(others + ": was made by another program meanwhile: left as it is; it is "
                 + "kept in " + other.path()));
         QCOMPARE(back.notes, QStringList());
-        QCOMPARE(RecordedRun::contentOf(others), QByteArray("another"));
-        QCOMPARE(RecordedRun::contentOf(mine), QByteArray("record"));
+        QCOMPARE(contentOf(others), QByteArray("another"));
+        QCOMPARE(contentOf(mine), QByteArray("record"));
     }
 
     void recordThatCannotBeWritten_isWrittenElsewhereAtOnce()
@@ -181,14 +193,13 @@ private slots:
         QCOMPARE(failures,
             QList<QVariantList>({{record + ": cannot be written: No such file or directory; "
                 + "it is written to " + kept}}));
-        QCOMPARE(eventsOf(RecordedRun::linesIn(RecordedRun::contentOf(kept))),
+        QCOMPARE(eventsOf(RecordedRun::linesIn(contentOf(kept))),
             QStringList("run") + trialEvents + trialEvents + QStringList("trial"));
         run.driver.playTrial();
         run.driver.answerRightly(true);
-        QCOMPARE(eventsOf(RecordedRun::linesIn(RecordedRun::contentOf(kept))),
+        QCOMPARE(eventsOf(RecordedRun::linesIn(contentOf(kept))),
             QStringList("run") + trialEvents + trialEvents + trialEvents + QStringList("result"));
-        QCOMPARE(RecordedRun::contentOf(keptIn(other, ".txt")),
-            resultsBytes(run.window->sessionRecord()));
+        QCOMPARE(contentOf(keptIn(other, ".txt")), resultsBytes(run.window->sessionRecord()));
         QCOMPARE(readRecordFile(kept).error, QString());
         QCOMPARE(run.recorder.close(),
             QStringList(kept + ": kept here; the next session in " + run.folder.path()
@@ -256,16 +267,15 @@ private slots:
             const SmallDisk disk(size);
             QVERIFY(!record.sync());
             QVERIFY(!record.sync());
-            QCOMPARE(RecordedRun::contentOf(other.filePath(name + "_kept.jsonl")),
+            QCOMPARE(contentOf(other.filePath(name + "_kept.jsonl")),
                 "line\n" + name.toUtf8() + "_kept.txt: \n");
-            QCOMPARE(
-                RecordedRun::contentOf(other.filePath(name + "_kept.txt")), QByteArray("results"));
+            QCOMPARE(contentOf(other.filePath(name + "_kept.txt")), QByteArray("results"));
         }
         QVERIFY(record.sync());
         QCOMPARE(record.takeResultsFault(), QString());
-        QCOMPARE(RecordedRun::contentOf(here + '/' + record.recordName()),
-            "line\n" + name.toUtf8() + ".txt: \n");
-        QCOMPARE(RecordedRun::contentOf(here + '/' + name + ".txt"), QByteArray("results"));
+        QCOMPARE(
+            contentOf(here + '/' + record.recordName()), "line\n" + name.toUtf8() + ".txt: \n");
+        QCOMPARE(contentOf(here + '/' + name + ".txt"), QByteArray("results"));
         QVERIFY(!QDir(other.path()).exists());
     }
 
@@ -306,8 +316,7 @@ private:
             QStringList("run") + trialEvents + trialEvents + trialEvents + QStringList("result"));
         const QString results = run.lines().last()["results_file"].toString();
         QCOMPARE(run.names(), QStringList({run.recorder.recordName(), results}));
-        QCOMPARE(
-            RecordedRun::contentOf(run.path(results)), resultsBytes(run.window->sessionRecord()));
+        QCOMPARE(contentOf(run.path(results)), resultsBytes(run.window->sessionRecord()));
     }
 
     static QString keptIn(const QTemporaryDir& other, const QString& ending)

@@ -57,7 +57,7 @@ private:
 
 bool isLockedBy(const QTemporaryDir& folder, qint64 pid)
 {
-    return RecordedRun::contentOf(lockOf(folder)).startsWith(QByteArray::number(pid) + '\n');
+    return contentOf(lockOf(folder)).startsWith(QByteArray::number(pid) + '\n');
 }
 
 } // namespace
