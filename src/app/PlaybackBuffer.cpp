@@ -20,14 +20,18 @@ bool hasBeenPlayed(const PlayedSound& sound)
             || sound.output->bytesFree() >= sound.output->bufferSize());
 }
 
-// Whether an end is reported before all of the sound can have been heard, with more than the output
-// hands over at a time still in the server's queue: it ran empty just before that came.
+// Whether the server's queue ran empty just before the last of the sound came: an end is reported
+// before all can have been heard, and more is queued than can have been heard since that came. More
+// than the output hands over at a time, too. PipeWire reports an end while up to a quantum is left,
+// but long after it was handed over.
 bool isReportedTooEarly(const PlayedSound& sound)
 {
     const auto* const playback = qobject_cast<const PlaybackBuffer*>(sound.buffer);
+    if (playback == nullptr || playback->canHaveBeenHeard() || isGone(sound.output)) {
+        return false;
+    }
     const int nQueued = sound.output->bufferSize() - sound.output->bytesFree();
-    return playback != nullptr && !playback->canHaveBeenHeard()
-        && nQueued > sound.output->periodSize();
+    return nQueued > sound.output->periodSize() && nQueued > playback->mostHeardSinceTaken();
 }
 
 } // namespace
@@ -63,6 +67,11 @@ bool PlaybackBuffer::canHaveBeenHeard() const
     return atEnd() && ageMs() >= m_earliestEndMs;
 }
 
+double PlaybackBuffer::mostHeardSinceTaken() const
+{
+    return (ageMs() - m_lastTakenMs) * m_bytesPerMs;
+}
+
 double PlaybackBuffer::ageMs() const
 {
     constexpr double nsPerMs = 1e6;
@@ -82,6 +91,7 @@ qint64 PlaybackBuffer::readData(char* data, qint64 maxSize)
 void PlaybackBuffer::noteTaken(qint64 nBefore, qint64 nTaken)
 {
     const double nowMs = ageMs();
+    m_lastTakenMs = nowMs;
     const bool hasBegun = nBefore > 0 && nBefore >= std::min(size(), m_bytesToBegin);
     const bool isDry = hasBegun && nowMs > m_earliestEndMs;
     const double fromMs = hasBegun ? std::max(m_earliestEndMs, nowMs) : nowMs;
@@ -98,12 +108,13 @@ void PlaybackBuffer::noteTaken(qint64 nBefore, qint64 nTaken)
 
 // An idle output has nothing to play, which is not always the end of the sound: while this thread,
 // the process or the server stood still, the rest of it may have reached the server too late, or
-// not yet. An output that is active again was given more since its report.
+// not yet. An output that is active again was given more since its report. One that is gone, or was
+// given nothing, has no more to come.
 bool isInterrupted(const PlayedSound& sound)
 {
     switch (sound.output->state()) {
     case QAudio::ActiveState:
-        return true;
+        return sound.buffer->pos() > 0 && !isGone(sound.output);
     case QAudio::IdleState:
         return !hasBeenPlayed(sound) || isReportedTooEarly(sound);
     default:

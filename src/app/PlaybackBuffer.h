@@ -35,6 +35,8 @@ public:
     bool isOverdue(double mostOnsetMs) const;
     /// Whether all of it was taken, and so long ago that it can have been heard to its end.
     bool canHaveBeenHeard() const;
+    /// How many bytes can have been heard since the last were taken.
+    double mostHeardSinceTaken() const;
     /// ms since the buffer was made.
     double ageMs() const;
 
@@ -53,6 +55,7 @@ private:
     double m_bytesPerMs;
     qint64 m_bytesToBegin = 0;
     QElapsedTimer m_clock;
+    double m_lastTakenMs = 0.0; ///< on the clock
     double m_earliestEndMs = 0.0; ///< of what was taken so far, on the clock
     bool m_hasRunDry = false;
 };

@@ -100,6 +100,19 @@ private slots:
         QVERIFY(!slow.canHaveBeenHeard());
     }
 
+    void bytesHeardSinceTheLastTake_areNoMoreThanItsTimeAllows()
+    {
+        QByteArray sound(nBytes, 'x');
+        PlaybackBuffer fast(&sound, 1e9);
+        QVERIFY(fast.open(QIODevice::ReadOnly));
+        fast.read(nBytes);
+        QTRY_VERIFY(fast.mostHeardSinceTaken() > nBytes);
+        PlaybackBuffer slow(&sound, 1e-6);
+        QVERIFY(slow.open(QIODevice::ReadOnly));
+        slow.read(nBytes);
+        QVERIFY(slow.mostHeardSinceTaken() < 1.0);
+    }
+
     // An hour.
     void sound_isNotOverdue_whileItsFirstBytesMayStillBeTaken()
     {

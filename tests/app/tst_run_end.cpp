@@ -84,7 +84,7 @@ private slots:
         QVERIFY(run.window.isEnabled());
         QVERIFY(buttonOf(run.window, "pushButtonView")->isEnabled());
         QVERIFY(!buttonOf(run.window, "pushButtonGo")->isEnabled());
-        // The trial goes on although its run.window is closed.
+        // The trial goes on although its window is closed.
         QVERIFY(Probe::timerPlay(run.window)->isActive());
         QCOMPARE(Probe::soundIndex(run.window), nSounds);
         QCOMPARE(Probe::audioOutput(run.window), output);

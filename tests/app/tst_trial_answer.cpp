@@ -154,16 +154,26 @@ private slots:
         QCOMPARE(run.data.nTrials, 2);
     }
 
+    void updateAll_judgesTheRecordedTrial_data()
+    {
+        addColumns<bool, double>("isCorrect", "stepDb");
+        addRow("right", true, -2.0);
+        addRow("wrong", false, 4.0);
+    }
+
     void updateAll_judgesTheRecordedTrial()
     {
+        QFETCH(bool, isCorrect);
+        QFETCH(double, stepDb);
         DrivenRun run;
         run.driver.begin();
         Record record;
         record.value = 0.5;
+        record.correctness = isCorrect;
         run.data.records.append(record);
         run.window.updateAll();
         QCOMPARE(Probe::trendY(run.window), QVector<double>({50.0}));
-        QCOMPARE(run.data.md[deviant], 0.5 * std::pow(10.0, 4 / 20.0));
+        QCOMPARE(run.data.md[deviant], 0.5 * std::pow(10.0, stepDb / 20.0));
         QCOMPARE(run.data.nTrials, 2);
     }
 

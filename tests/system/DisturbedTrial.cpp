@@ -54,6 +54,10 @@ QVector<float> DisturbedTrial::sound(int interval) const
 QVector<SoundPlace> DisturbedTrial::placesIn(const QVector<float>& recording)
 {
     QVector<SoundPlace> places;
+    if (m_listener.trials().isEmpty()) {
+        m_whatIsWrong = "no trial was heard";
+        return places;
+    }
     int at = 0;
     for (int interval = 1; interval <= nSounds; ++interval) {
         const QVector<float> samples = sound(interval);

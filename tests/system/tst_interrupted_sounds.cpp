@@ -100,7 +100,7 @@ private slots:
 
 private:
     // The program cannot know whether the server just avoided a gap: it tells every one, and where
-    // the queue was empty for an instant perhaps one more.
+    // the queue was empty for an instant perhaps others.
     void verifyLines(const QStringList& gaps, int lengthMs) const
     {
         const QStringList told = messages().filter("Sound interrupted");
