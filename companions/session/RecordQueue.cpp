@@ -97,12 +97,9 @@ QStringList RecordQueue::close()
 
 QString RecordQueue::error() const
 {
-    for (const auto& each : m_files) {
-        if (!each->error().isEmpty()) {
-            return each->error();
-        }
-    }
-    return {};
+    const auto last = std::find_if(m_files.crbegin(), m_files.crend(),
+        [](const auto& each) { return !each->error().isEmpty(); });
+    return last == m_files.crend() ? QString() : (*last)->error();
 }
 
 bool RecordQueue::sync(GuardedRecord& file)

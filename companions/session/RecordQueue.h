@@ -45,7 +45,7 @@ public:
     /// Results files that could not be made, a text each, once.
     QStringList takeResultsFaults() { return std::exchange(m_resultsFaults, {}); }
 
-    /// Why a record is not all in the folder, of the first one that is not; empty when all are.
+    /// Why a record is not all in the folder, of the last one that is not; empty when all are.
     QString error() const;
 
     /// Whether a record was begun.

@@ -81,8 +81,9 @@ QString leaveTo(const QString& whole, const QString& folder, const QString& name
             return error;
         }
     }
-    const QString path = from.filePath(name);
-    return QFile::remove(path) ? QString() : path + ": cannot be removed";
+    QFile::remove(
+        from.filePath(name)); // else it is told again at the next session: nothing is lost
+    return {};
 }
 
 void bringBack(const QString& name, const QDir& from, const QString& folder, BroughtBack& result)
@@ -99,8 +100,8 @@ void bringBack(const QString& name, const QDir& from, const QString& folder, Bro
     } else if (whole.isEmpty()) {
         result.notes.append(QString("%1: was kept in %2 and is here now").arg(name, from.path()));
     } else {
-        result.notes.append(QString("%1: was kept in %2 and is whole here as %3: removed there")
-                                .arg(name, from.path(), whole));
+        result.notes.append(
+            QString("%1: was kept in %2 and is whole here as %3").arg(name, from.path(), whole));
     }
 }
 

@@ -55,6 +55,22 @@ private slots:
                 results + ": was made by another program meanwhile: left as it is"}));
     }
 
+    void error_isThatOfTheLastRecord_whenAnEarlierOneWaitsToo()
+    {
+        const QTemporaryDir folder;
+        const QTemporaryDir other;
+        RecordQueue queue(folder.path(), {other.path()}, [] {});
+        QVERIFY(QDir(folder.path()).removeRecursively());
+        for (const QString name : {"S_20260102-030405_001_kept", "S_20260102-030405_002_kept"}) {
+            queue.begin("S", time);
+            queue.append({{"event", "run"}}, {});
+            QVERIFY(!queue.flush());
+            const QString path = other.filePath(name + ".jsonl");
+            QVERIFY2(
+                queue.error().endsWith("; it is written to " + path), qPrintable(queue.error()));
+        }
+    }
+
 private:
     static constexpr auto time = "2026-01-02T03:04:05.678Z";
 

@@ -98,8 +98,8 @@ private slots:
         const BroughtBack back = broughtBack(folder.path(), {other.path()});
         QCOMPARE(back.errors, QStringList());
         QCOMPARE(back.notes,
-            QStringList("1_kept.jsonl: was kept in " + other.path()
-                + " and is whole here as 1.jsonl: removed there"));
+            QStringList(
+                "1_kept.jsonl: was kept in " + other.path() + " and is whole here as 1.jsonl"));
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"1.jsonl", "1.txt"}));
         QVERIFY(!QDir(other.path()).exists());
     }
