@@ -76,7 +76,7 @@ QString leaveTo(const QString& whole, const QString& folder, const QString& name
     if (QFile::exists(there)) {
         QFile::remove(results);
     } else if (QFile::exists(results)) {
-        const QString error = move(results, there);
+        QString error = move(results, there);
         if (!error.isEmpty()) {
             return error;
         }
