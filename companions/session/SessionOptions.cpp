@@ -23,7 +23,7 @@ void addOptions(QCommandLineParser& parser)
             "number"},
         {"calibration",
             "Record each run with this note of quorin-sound calibrate, and tell where output or "
-            "volume differ from it.",
+            "volume differ from it, or the output is muted.",
             "note"},
         {"replay",
             "Compute the run of a record again, without windows and sound, and tell whether "
