@@ -80,12 +80,18 @@ QString failure(const QString& path, int error)
     return path + ": cannot be written: " + QString::fromLocal8Bit(std::strerror(error));
 }
 
-// Some file systems have no renaming without replacing, others no links.
+// Some file systems have no renaming without replacing, others no links. A first name that stays
+// is hidden and harms nobody.
 bool renameWithoutReplacing(const QByteArray& from, const QByteArray& to)
 {
-    return ::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0
-        || (errno != EEXIST && ::link(from.constData(), to.constData()) == 0
-            && ::unlink(from.constData()) == 0);
+    if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0) {
+        return true;
+    }
+    if (errno == EEXIST || ::link(from.constData(), to.constData()) != 0) {
+        return false;
+    }
+    ::unlink(from.constData());
+    return true;
 }
 
 // A new file's name is on the disk only when its folder is. Some file systems cannot do this.
