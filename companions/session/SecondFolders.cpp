@@ -105,6 +105,22 @@ void bringBack(const QString& name, const QDir& from, const QString& folder, Bro
     }
 }
 
+// By their names; of two copies of one record the longer one first: it is the one to bring back.
+QFileInfoList keptIn(const QStringList& folders)
+{
+    QFileInfoList files;
+    for (const QString& folder : folders) {
+        if (isOwn(folder)) {
+            files += QDir(folder).entryInfoList({"*_kept.jsonl", "*_kept.txt"}, QDir::Files);
+        }
+    }
+    std::sort(files.begin(), files.end(), [](const QFileInfo& one, const QFileInfo& other) {
+        const int order = one.fileName().compare(other.fileName());
+        return order < 0 || (order == 0 && one.size() > other.size());
+    });
+    return files;
+}
+
 } // namespace
 
 // Folders of one name are told apart by the path, and by the machine: a home may be that of
@@ -129,23 +145,17 @@ bool makeOwnFolder(const QString& path)
         && isOwn(path);
 }
 
-// The last of several folders has the latest copy.
 BroughtBack broughtBack(const QString& folder, const QStringList& otherFolders)
 {
     BroughtBack result;
-    QStringList latestFirst = otherFolders;
-    std::reverse(latestFirst.begin(), latestFirst.end());
-    for (const QString& other : qAsConst(latestFirst)) {
-        if (!isOwn(other)) {
-            continue;
+    const QFileInfoList kept = keptIn(otherFolders);
+    for (const QFileInfo& file : kept) {
+        bringBack(file.fileName(), file.dir(), folder, result);
+    }
+    for (const QString& other : otherFolders) {
+        if (isOwn(other)) {
+            QDir().rmdir(other); // if nothing is left there
         }
-        const QDir directory(other);
-        const QStringList names
-            = directory.entryList({"*_kept.jsonl", "*_kept.txt"}, QDir::Files, QDir::Name);
-        for (const QString& name : names) {
-            bringBack(name, directory, folder, result);
-        }
-        QDir().rmdir(other); // if nothing is left there
     }
     return result;
 }

@@ -138,16 +138,27 @@ private slots:
         QCOMPARE(contentOf(folder.filePath("1_kept.jsonl")), QByteArray("run\nanswer\nresult\n"));
     }
 
-    void latestOfTwoCopies_isBroughtBack()
+    void longerOfTwoCopies_isBroughtBack_data()
     {
+        QTest::addColumn<QByteArray>("inSecond");
+        QTest::addColumn<QByteArray>("inThird");
+        QTest::newRow("of the third folder") << QByteArray("run\n") << QByteArray("run\nanswer\n");
+        QTest::newRow("of the second folder") << QByteArray("run\nanswer\n") << QByteArray("run\n");
+    }
+
+    void longerOfTwoCopies_isBroughtBack()
+    {
+        QFETCH(QByteArray, inSecond);
+        QFETCH(QByteArray, inThird);
         const QTemporaryDir folder;
         const QTemporaryDir second;
         const QTemporaryDir third;
-        writtenFile(second, "1_kept.jsonl", "run\n");
-        writtenFile(third, "1_kept.jsonl", "run\nanswer\n");
+        writtenFile(second, "1_kept.jsonl", inSecond);
+        writtenFile(third, "1_kept.jsonl", inThird);
         QCOMPARE(broughtBack(folder.path(), {second.path(), third.path()}).errors, QStringList());
         QCOMPARE(contentOf(folder.filePath("1_kept.jsonl")), QByteArray("run\nanswer\n"));
         QVERIFY(!QDir(second.path()).exists());
+        QVERIFY(!QDir(third.path()).exists());
     }
 
     void fileThatIsNotReadWhole_stays()
