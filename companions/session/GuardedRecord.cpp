@@ -40,7 +40,7 @@ void GuardedRecord::finish(const QByteArray& results, const RecordFile::LastLine
 bool GuardedRecord::sync()
 {
     if (m_file.sync()) {
-        leaveResults();
+        keepResults();
         discardOther();
         m_error.clear();
         return true;
@@ -73,12 +73,26 @@ bool GuardedRecord::syncElsewhere()
     return false;
 }
 
-// The record may have got a place in the folder where its results file got none.
-void GuardedRecord::leaveResults()
+// The record may have got a place in the folder where its results file got none: a file that is
+// open can be written to where no other can be made.
+void GuardedRecord::keepResults()
 {
+    if (m_file.lacksResultsFile() && m_keptResults.isEmpty()) {
+        syncElsewhere();
+    }
     if (m_other != nullptr && m_other->hasResultsFile() && !m_file.hasResultsFile()) {
+        m_keptResults = m_other->resultsPath();
         m_other.reset();
     }
+}
+
+QString GuardedRecord::takeResultsFault()
+{
+    const QString fault = m_file.takeResultsFault();
+    const bool isKept = !fault.isEmpty() && !m_keptResults.isEmpty();
+    return isKept
+        ? fault + "; it is written to " + m_keptResults + ", and the next session brings it"
+        : fault;
 }
 
 void GuardedRecord::discardOther()

@@ -22,7 +22,8 @@ public:
     void finish();
     void finish(const QByteArray& results, const RecordFile::LastLine& lastLine);
     /// Brings all lines to the folder, else to another one, and waits for it. A record that is
-    /// whole in its folder is removed from the other one, unless only that has a results file.
+    /// whole in its folder is removed from the other one, unless only that has a results file;
+    /// where the folder takes no results file, they are written to another one.
     /// @return whether all is in the folder
     bool sync();
     /// Why not, and where it is instead; empty when all is there.
@@ -31,19 +32,20 @@ public:
     QString recordName() const { return m_file.recordName(); }
     /// Its path in another folder; empty where all is in the folder, or nowhere.
     QString otherPath() const;
-    /// Why the results file could not be made, once.
-    QString takeResultsFault() { return m_file.takeResultsFault(); }
+    /// Why the results file could not be made in the folder, and where it is instead, once.
+    QString takeResultsFault();
     /// The same of the one beside otherPath().
     QString takeOtherResultsFault();
 
 private:
     bool syncElsewhere();
-    void leaveResults();
+    void keepResults();
     void discardOther();
 
     QStringList m_otherFolders;
     RecordFile m_file;
     std::unique_ptr<RecordFile> m_other; ///< null unless the folder cannot be written to
     bool m_isElsewhere = false; ///< all of it
+    QString m_keptResults; ///< path in another folder of what the folder did not take
     QString m_error;
 };

@@ -91,7 +91,7 @@ bool RecordFile::make()
     m_lastLineSize = 0;
     for (int number = 1; number <= mostFiles; ++number) {
         m_name = runFileName(m_subject, m_time, number) + m_mark;
-        if (!isFree(pathOf(resultsEnding)) || !isFree(path())) {
+        if (!isFree(resultsPath()) || !isFree(path())) {
             continue;
         }
         CreatedFile created = createOpenFile(path(), m_content);
@@ -127,7 +127,7 @@ bool RecordFile::writeRest()
 // A results file is tried until the last line, which tells what became of it, is on the disk.
 bool RecordFile::addLastLine()
 {
-    m_resultsFault = createFile(pathOf(resultsEnding), m_results);
+    m_resultsFault = createFile(resultsPath(), m_results);
     m_hasResultsFile = m_resultsFault.isEmpty();
     const QByteArray line = m_lastLine(m_name + resultsEnding, m_resultsFault);
     m_lastLineSize = line.size();
@@ -157,7 +157,7 @@ std::unique_ptr<RecordFile> RecordFile::copyIn(const QString& folder) const
 void RecordFile::discard()
 {
     if (m_hasResultsFile) { // first, see broughtBack(): its record tells what it is
-        QFile::remove(pathOf(resultsEnding));
+        QFile::remove(resultsPath());
     }
     if (isThere()) {
         QFile::remove(path());
@@ -168,6 +168,16 @@ void RecordFile::discard()
 QString RecordFile::takeResultsFault()
 {
     return std::exchange(m_resultsFault, {});
+}
+
+bool RecordFile::lacksResultsFile() const
+{
+    return m_lastLineSize > 0 && !m_hasResultsFile && isFree(resultsPath());
+}
+
+QString RecordFile::resultsPath() const
+{
+    return pathOf(resultsEnding);
 }
 
 QString RecordFile::recordName() const

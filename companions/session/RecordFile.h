@@ -49,6 +49,10 @@ public:
     QString takeResultsFault();
     /// Whether the results file was made.
     bool hasResultsFile() const { return m_hasResultsFile; }
+    /// Whether the record is whole without it, and nothing else has its name.
+    bool lacksResultsFile() const;
+    /// The results file's path, whether it was made or not.
+    QString resultsPath() const;
     /// The same record for another folder, where the first sync() makes it whole. The name is
     /// another one too, so that it can be moved to this folder.
     std::unique_ptr<RecordFile> copyIn(const QString& folder) const;

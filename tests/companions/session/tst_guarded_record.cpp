@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of the copy in a second folder, on a full disk and elsewhere.
+#include "ClosedFolder.h"
 #include "RecordedRun.h"
 #include "SmallDisk.h"
 #include "session/GuardedRecord.h"
 #include "session/RecordQueue.h"
+#include "session/SecondFolders.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
 
@@ -35,6 +37,35 @@ private slots:
         QCOMPARE(contents(other.path()),
             QStringList({"S_20260102-030405_001_kept.jsonl=line\nsaved\n",
                 "S_20260102-030405_001_kept.txt=" + results}));
+    }
+
+    void results_areKeptElsewhere_whereTheFolderTakesNoNewFile()
+    {
+        const QTemporaryDir folder;
+        const QTemporaryDir other;
+        GuardedRecord record(folder.path(), {other.path()}, "S", time);
+        record.append("line\n");
+        QVERIFY(record.sync());
+        record.finish("results", lastLine);
+        const QString name = "S_20260102-030405_001";
+        const QString fault
+            = folder.filePath(name + ".txt") + ": cannot be written: Permission denied";
+        {
+            const ClosedFolder closed(folder.path());
+            QVERIFY(record.sync());
+            QCOMPARE(record.takeResultsFault(),
+                fault + "; it is written to " + other.filePath(name + "_kept.txt")
+                    + ", and the next session brings it");
+            QVERIFY(record.sync());
+        }
+        const QString line = name + ".jsonl=line\n" + name + ".txt: " + fault + '\n';
+        QCOMPARE(contents(folder.path()), QStringList(line));
+        QCOMPARE(contents(other.path()),
+            QStringList({name + "_kept.jsonl=line\n" + name + "_kept.txt: \n",
+                name + "_kept.txt=results"}));
+        QCOMPARE(broughtBack(folder.path(), {other.path()}).errors, QStringList());
+        QCOMPARE(contents(folder.path()), QStringList({line, name + ".txt=results"}));
+        QVERIFY(!QDir(other.path()).exists());
     }
 
     void resultsFileThatCannotBeMadeElsewhere_isToldAtTheEnd()

@@ -1,14 +1,47 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The names of a run's files, none of which was there before.
+// The names of a run's files, none of which was there before, and when they are on the disk.
 #include "RecordedRun.h"
 #include "SmallDisk.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
 
+#include <cerrno>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+// What was brought to the disk: "folder", or a file by its size then.
+QStringList synced;
+bool isWatched = false; // other tests of the program have threads
+bool failsToSync = false;
+
+} // namespace
+
+// In the place of the C library's, which has a reserved name there:
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
+extern "C" int fsync(int descriptor)
+{
+    struct stat status { };
+    ::fstat(descriptor, &status);
+    if (isWatched) {
+        synced.append(
+            S_ISDIR(status.st_mode) ? QString("folder") : QString::number(status.st_size));
+    }
+    if (failsToSync) {
+        errno = EIO;
+        return -1;
+    }
+    return static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
+
 class TestRecordFile : public QuietTest {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { isWatched = true; }
+
     void name_isSubjectTimeAndNumber()
     {
         QCOMPARE(runFileName("S/07", "2026-01-02T03:04:05.678+01:00", 7),
@@ -75,6 +108,44 @@ private slots:
         }
         QVERIFY(file.sync());
         QCOMPARE(contentOf(folder.filePath("S_20260102-030405_001.jsonl")), QByteArray("line\n"));
+    }
+
+    void lines_areOnTheDisk_whenSyncReturns()
+    {
+        const QTemporaryDir folder;
+        RecordFile file(folder.path(), "S", "2026-01-02T03:04:05.678Z");
+        synced.clear();
+        file.append("line\n");
+        QVERIFY(file.sync());
+        QCOMPARE(synced, QStringList({"5", "folder"}));
+        QVERIFY(file.sync()); // nothing is new
+        file.append("two\n");
+        file.append("three\n");
+        QVERIFY(file.sync());
+        QCOMPARE(synced, QStringList({"5", "folder", "15"}));
+        synced.clear();
+        file.finish("results", lastLine);
+        QVERIFY(file.sync());
+        QCOMPARE(synced, QStringList({"7", "folder", "43"}));
+    }
+
+    void linesThatDidNotGetToTheDisk_areWrittenAgain()
+    {
+        const QTemporaryDir folder;
+        RecordFile file(folder.path(), "S", "2026-01-02T03:04:05.678Z");
+        file.append("line\n");
+        QVERIFY(file.sync());
+        file.append("two\n");
+        failsToSync = true;
+        const bool isSynced = file.sync();
+        failsToSync = false;
+        QVERIFY(!isSynced);
+        QCOMPARE(file.error(),
+            folder.filePath("S_20260102-030405_001.jsonl: cannot be written: Input/output error"));
+        synced.clear();
+        QVERIFY(file.sync());
+        QCOMPARE(synced, QStringList("9"));
+        QCOMPARE(contentOf(folder.filePath(file.recordName())), QByteArray("line\ntwo\n"));
     }
 
     // On a full disk neither the results nor the line that tells of them have a place.
