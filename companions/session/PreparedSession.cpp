@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <QSysInfo>
 
 namespace {
 
@@ -18,17 +19,20 @@ QString lockError(const QLockFile& lock, const QString& folder)
     qint64 pid = 0;
     QString host;
     QString program;
-    if (lock.error() == QLockFile::LockFailedError && lock.getLockInfo(&pid, &host, &program)) {
-        return QString("%1: another session records here: process %2 on %3")
-            .arg(folder)
-            .arg(pid)
-            .arg(host);
+    if (lock.error() != QLockFile::LockFailedError) {
+        return folder + ": cannot be written to";
     }
-    if (lock.error() == QLockFile::LockFailedError) {
-        return QDir(folder).filePath(lockName)
-            + ": does not tell which session made it: remove it if none records here";
+    const QString path = QDir(folder).filePath(lockName);
+    if (!lock.getLockInfo(&pid, &host, &program)) {
+        return path + ": does not tell which session made it: remove it if none records here";
     }
-    return folder + ": cannot be written to";
+    const QString session = QString("%1: another session records here: process %2 on %3")
+                                .arg(folder)
+                                .arg(pid)
+                                .arg(host);
+    // Whether a process of another machine is gone cannot be found out from here.
+    return host == QSysInfo::machineHostName() ? session
+                                               : session + ": if it has ended, remove " + path;
 }
 
 QStringList notesOn(const SessionOptions& options, const EarlierRuns& earlier)

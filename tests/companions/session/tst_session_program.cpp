@@ -34,6 +34,18 @@ QString lockOf(const QTemporaryDir& folder)
     return folder.filePath(".quorin-session.lock");
 }
 
+/// The record of the first run of a protocol, completed by the subject S07.
+QByteArray firstRunOf(const QString& protocol)
+{
+    StudyRequest request;
+    request.protocol = protocol;
+    request.subject = "S07";
+    const Study study = plannedStudy(request, studyProtocol(protocol), {}, 1);
+    RunBegun begun;
+    begun.protocol = placeIn(study, study.runs[0]);
+    return lineBytes(lineObject(begun)) + lineBytes(lineObject(RunSaved()));
+}
+
 /// A session that goes on until it is killed.
 class Session {
 public:
@@ -225,7 +237,8 @@ private slots:
         program.start(SESSION_PROGRAM,
             {folder.path(), "--protocol", path, "--subject", "S02", "--order", "latin",
                 "--resume"});
-        QTRY_VERIFY(program.bytesAvailable() > 0 || program.state() == QProcess::NotRunning);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            program.bytesAvailable() > 0 || program.state() == QProcess::NotRunning, 20000);
         QCOMPARE(QString(program.readAllStandardOutput()),
             QString("S02, study.csv, order latin: 0 of 2 runs completed\n"
                     "  run  row  repeat  state  settings\n"
@@ -240,15 +253,15 @@ private slots:
         QVERIFY(program.waitForFinished());
     }
 
-    void termination_endsTheRecordUnderWay()
+    void termination_endsTheRecordUnderWay_whichTellsTheSeed()
     {
         const QTemporaryDir folder;
         const QString path = writtenFile(folder, "study.csv", "session\n1\n");
         QProcess program;
         program.setStandardOutputFile(QProcess::nullDevice());
         program.setStandardErrorFile(QProcess::nullDevice());
-        program.start(
-            SESSION_PROGRAM, {folder.path(), "--protocol", path, "--subject", "S02", "--auto-go"});
+        program.start(SESSION_PROGRAM,
+            {folder.path(), "--protocol", path, "--subject", "S02", "--auto-go", "--seed", "7"});
         const auto records = [&folder] { return QDir(folder.path()).entryList({"*.jsonl"}); };
         QTRY_COMPARE_WITH_TIMEOUT(records().size(), 1, 20000);
         program.terminate();
@@ -258,21 +271,15 @@ private slots:
         const ReadRecord read = readRecordFile(folder.filePath(records().constFirst()));
         QCOMPARE(read.error, QString());
         QVERIFY(std::holds_alternative<RunAbandoned>(read.run.end));
+        QCOMPARE(read.run.begun.seed, 7);
     }
 
     void completedProtocol_isTold_andNothingOpens()
     {
         const QTemporaryDir folder;
-        StudyRequest request;
-        request.protocol = writtenFile(folder, "study.csv", "session\n1\n");
-        request.subject = "S07";
-        const Study study = plannedStudy(request, studyProtocol(request.protocol), {}, 1);
-        RunBegun begun;
-        begun.protocol = placeIn(study, study.runs[0]);
-        writtenFile(
-            folder, "1.jsonl", lineBytes(lineObject(begun)) + lineBytes(lineObject(RunSaved())));
-        const QStringList arguments
-            = {folder.path(), "--protocol", request.protocol, "--subject", "S07"};
+        const QString protocol = writtenFile(folder, "study.csv", "session\n1\n");
+        writtenFile(folder, "1.jsonl", firstRunOf(protocol));
+        const QStringList arguments = {folder.path(), "--protocol", protocol, "--subject", "S07"};
         const Outcome again = session(arguments);
         QCOMPARE(again.errors,
             QString("quorin-session: S07 has runs of this protocol in the folder: --resume takes "
@@ -315,21 +322,16 @@ private slots:
         const QTemporaryDir data;
         qputenv("XDG_DATA_HOME", QFile::encodeName(data.path()));
         const QTemporaryDir folder;
-        StudyRequest request;
-        request.protocol = writtenFile(folder, "study.csv", "session\n1\n");
-        request.subject = "S07";
-        const Study study = plannedStudy(request, studyProtocol(request.protocol), {}, 1);
-        RunBegun begun;
-        begun.protocol = placeIn(study, study.runs[0]);
+        const QString protocol = writtenFile(folder, "study.csv", "session\n1\n");
         const QString second = data.filePath(
             "quorin-session/" + QFileInfo(secondFolders(folder.path())[0]).fileName());
         QVERIFY(makeOwnFolder(second));
         QFile kept(second + "/1_kept.jsonl");
         QVERIFY(kept.open(QIODevice::WriteOnly));
-        kept.write(lineBytes(lineObject(begun)) + lineBytes(lineObject(RunSaved())));
+        kept.write(firstRunOf(protocol));
         kept.close();
-        const Outcome resumed = session(
-            {folder.path(), "--protocol", request.protocol, "--subject", "S07", "--resume"});
+        const Outcome resumed
+            = session({folder.path(), "--protocol", protocol, "--subject", "S07", "--resume"});
         qunsetenv("XDG_DATA_HOME");
         QCOMPARE(resumed.errors,
             "quorin-session: note: 1_kept.jsonl: was kept in " + second + " and is here now\n");
@@ -365,7 +367,7 @@ private slots:
         const QTemporaryDir folder;
         {
             const Session first(folder);
-            QTRY_VERIFY(isLockedBy(folder, first.pid()));
+            QTRY_VERIFY_WITH_TIMEOUT(isLockedBy(folder, first.pid()), 20000);
             const Outcome second = session({folder.path()});
             QCOMPARE(second.errors,
                 QString("quorin-session: %1: another session records here: process %2 on %3\n")
@@ -377,8 +379,19 @@ private slots:
         }
         QVERIFY(QFile::exists(lockOf(folder))); // it was killed
         const Session next(folder);
-        QTRY_VERIFY(isLockedBy(folder, next.pid()));
+        QTRY_VERIFY_WITH_TIMEOUT(isLockedBy(folder, next.pid()), 20000);
         QVERIFY(next.isRunning());
+    }
+
+    void lockOfAnotherMachine_isNamed()
+    {
+        const QTemporaryDir folder;
+        writtenFile(folder, ".quorin-session.lock", "12\nquorin-session\nelsewhere\nid\nboot\n");
+        QCOMPARE(session({folder.path()}).errors,
+            "quorin-session: " + folder.path()
+                + ": another session records here: process 12 on elsewhere: if it has ended, "
+                  "remove "
+                + lockOf(folder) + '\n');
     }
 
     void lockThatTellsNothing_isNamed()
