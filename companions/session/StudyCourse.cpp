@@ -68,7 +68,7 @@ void StudyCourse::begin()
     m_isOurs = place().has_value();
     m_hasResults = false;
     if (!m_isOurs) {
-        emit told("The settings are not those of " + m_run.id
+        emit told("The settings at View or at Go are not those of " + m_run.id
             + ": this run is recorded, but it does not count.\n");
     }
     // Queued: the listener's window is still there when it tells.

@@ -10,6 +10,7 @@
 #include "session/SessionOptions.h"
 #include "session/StudyCourse.h"
 #include "session/TextWindow.h"
+#include "support/Files.h"
 #include "support/ModalBoxes.h"
 #include "support/WindowTest.h"
 
@@ -20,12 +21,6 @@
 using namespace quorin;
 
 namespace {
-
-QString contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
 
 /// Shows what the listener took.
 class ListenersClock : public ReactionClock {
@@ -144,7 +139,7 @@ private:
 /// The indented paragraphs of the guide's chapter, without the indentation.
 QStringList examples()
 {
-    const QString chapter = contentOf(USER_GUIDE)
+    const QString chapter = QString(contentOf(USER_GUIDE))
                                 .section("\n## A study from protocol to figure\n", 1)
                                 .section("\n## ", 0, 0);
     QStringList paragraphs;

@@ -222,8 +222,9 @@ private slots:
         PlayedStudy session("1,,,", false);
         type(session.window, "lineEditNReversalsToCalc", "1");
         session.go()->click();
-        QVERIFY(session.told.endsWith("The settings are not those of row 1, repeat 1: this run is "
-                                      "recorded, but it does not count.\n"));
+        QVERIFY(
+            session.told.endsWith("The settings at View or at Go are not those of row 1, repeat "
+                                  "1: this run is recorded, but it does not count.\n"));
         session.playRun();
         QVERIFY(!session.record().begun.protocol.has_value());
         QVERIFY(std::holds_alternative<RunSaved>(session.record().end));
