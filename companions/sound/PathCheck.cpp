@@ -2,20 +2,16 @@
 // Which facts of a sound server matter to an experiment, and what mends them.
 #include "sound/PathCheck.h"
 
-#include "session/Counts.h"
-#include "session/Units.h"
+#include "sound/LengthCheck.h"
 
 #include <QStringList>
 
 #include <algorithm>
 #include <cmath>
 
-using namespace quorin;
-
 namespace {
 
 constexpr int fullPercent = 100;
-constexpr int smallQuantum = 128; // with less, single sounds had pauses: docs/timing.md
 
 // PulseAudio's scale of volumes is cubic.
 QString volumeText(double percent)
@@ -51,14 +47,6 @@ QString betterResampler(bool isPipeWire)
                           "pulseaudio -k");
 }
 
-/// The rate of the first output that has another one than the sounds; theirs if there is none.
-int otherRate(const SoundPath& path, int rate)
-{
-    const auto other = std::find_if(path.outputs.cbegin(), path.outputs.cend(),
-        [rate](const OutputFacts& output) { return output.rate != rate; });
-    return other == path.outputs.cend() ? rate : other->rate;
-}
-
 CheckLine rateLine(const SoundPath& path, const CheckedSettings& settings)
 {
     const int rate = otherRate(path, settings.rate);
@@ -77,7 +65,7 @@ CheckLine rateLine(const SoundPath& path, const CheckedSettings& settings)
             + betterResampler(path.pipeWire.has_value())};
 }
 
-CheckLine formatLine(const OutputFacts& output)
+CheckLine formatLine(const OutputFacts& output, bool isPipeWire)
 {
     const auto begins = [&output](const char* text) { return output.format.startsWith(text); };
     if (begins("float32") || begins("s32") || begins("s24")) {
@@ -85,8 +73,10 @@ CheckLine formatLine(const OutputFacts& output)
     }
     return {Verdict::look, "sample format", output.format,
         "Samples are rounded: 16 bits leave some 96 dB between full scale and what is lost.",
-        "write \"default-sample-format = s32le\" into ~/.config/pulse/daemon.conf, then: "
-        "pulseaudio -k"};
+        isPipeWire
+            ? "set audio.format of the output to S32LE in the session manager's settings"
+            : "write \"default-sample-format = s32le\" into ~/.config/pulse/daemon.conf, then: "
+              "pulseaudio -k"};
 }
 
 QString earOf(const OutputFacts& output)
@@ -149,7 +139,7 @@ CheckLine volumeLine(const OutputFacts& output)
     }
     if (least != most) {
         return {Verdict::look, "volume", finding, "The channels are not of one level.",
-            command.arg(QString("%1%").arg(qRound(least)))};
+            command.arg(QString("%1%").arg(qRound(most)))};
     }
     if (qRound(most) < fullPercent) {
         return {Verdict::look, "volume", finding,
@@ -199,97 +189,6 @@ CheckLine latencyLine(const OutputFacts& output)
         "Of the output as it is now; a sound that plays asks for its own.", {}};
 }
 
-QString quantumCommand(int quantum)
-{
-    return QString("pw-metadata -n settings 0 clock.force-quantum %1").arg(quantum);
-}
-
-CheckLine quantumLine(const PipeWireSettings& settings, int rate)
-{
-    const int quantum = settings.quantumInForce();
-    if (quantum == 0) {
-        return {Verdict::look, "quantum", "unknown",
-            "How much of a sound's end is lost cannot be told.",
-            "install pw-metadata: apt install pipewire-bin"};
-    }
-    const QString finding
-        = QString("%1 samples (%2 ms)").arg(quantum).arg(inMs(double(quantum) / rate), 0, 'f', 1);
-    if (quantum > smallQuantum) {
-        return {Verdict::look, "quantum", finding,
-            "The end of a sound that does not fill a quantum is not played.",
-            quantumCommand(smallQuantum)};
-    }
-    return {Verdict::fine, "quantum", finding, {}, {}};
-}
-
-/// Samples of a sound at the output's rate.
-int samplesAt(int rate, const CheckedSettings& settings)
-{
-    const double n = soundLength(settings.rate, fromMs(settings.durationMs));
-    return qRound(n * rate / settings.rate);
-}
-
-QString lossRemedy(int nSamples, int quantum, int rate)
-{
-    if (nSamples % smallQuantum == 0 && quantum > smallQuantum) {
-        return quantumCommand(smallQuantum);
-    }
-    constexpr int digits = 10;
-    const int block = std::min(quantum, smallQuantum);
-    const int whole = (nSamples / block + 1) * block;
-    const QString duration = QString("type a duration of whole quanta, such as %1 ms")
-                                 .arg(inMs(double(whole) / rate), 0, 'g', digits);
-    return quantum > smallQuantum ? quantumCommand(smallQuantum) + "; and " + duration : duration;
-}
-
-// What each of PulseAudio's resamplers keeps back was measured: docs/timing.md.
-CheckLine resampledEndLine(int outputRate)
-{
-    return {Verdict::look, "end of a sound", "the last 0.2 to 6 ms are lost",
-        "They are still in the resampler; quorin-sound measure tells how many.",
-        QString("type %1 in the panel's \"Sampling rate\"").arg(outputRate)};
-}
-
-CheckLine endLine(const SoundPath& path, const CheckedSettings& settings)
-{
-    if (!path.pipeWire) {
-        const int other = otherRate(path, settings.rate);
-        return other == settings.rate
-            ? CheckLine {Verdict::fine, "end of a sound", "played", {}, {}}
-            : resampledEndLine(other);
-    }
-    const int rate = path.outputs.last().rate;
-    const int quantum = path.pipeWire->quantumInForce();
-    const int nSamples = samplesAt(rate, settings);
-    if (quantum == 0) {
-        return {Verdict::look, "end of a sound", "unknown", {}, {}};
-    }
-    const int nLost = nSamples % quantum;
-    if (nLost == 0) {
-        return {Verdict::fine, "end of a sound", "played",
-            QString("%1 samples are whole quanta.").arg(nSamples), {}};
-    }
-    return {Verdict::stop, "end of a sound",
-        QString("the last %1 of %2 samples are lost").arg(nLost).arg(nSamples),
-        QString("PipeWire does not play what is less than a quantum: each sound ends %1 ms early.")
-            .arg(inMs(double(nLost) / rate), 0, 'f', 1),
-        lossRemedy(nSamples, quantum, rate)};
-}
-
-CheckLine lengthLine(const CheckedSettings& settings)
-{
-    const double wanted = std::floor(settings.rate * fromMs(settings.durationMs));
-    const int nSamples = soundLength(settings.rate, fromMs(settings.durationMs));
-    const QString finding = QString("%1 samples").arg(nSamples);
-    if (wanted > nSamples) {
-        return {Verdict::stop, "length", finding,
-            "The sound does not fit: it is cut at this many samples.",
-            QString("type a duration of at most %1 ms")
-                .arg(std::floor(inMs(double(longestSound) / settings.rate)), 0, 'f', 0)};
-    }
-    return {Verdict::fine, "length", finding, {}, {}};
-}
-
 } // namespace
 
 QVector<CheckLine> checkedPath(const SoundPath& path, const CheckedSettings& settings)
@@ -308,15 +207,10 @@ QVector<CheckLine> checkedPath(const SoundPath& path, const CheckedSettings& set
     const OutputFacts& card = path.outputs.last();
     lines.append(earLine(path.outputs.first()));
     lines.append(rateLine(path, settings));
-    lines.append(formatLine(card));
+    lines.append(formatLine(card, path.pipeWire.has_value()));
     lines.append(sleepLine(path));
     lines.append(latencyLine(card));
-    if (path.pipeWire) {
-        lines.append(quantumLine(*path.pipeWire, card.rate));
-    }
-    lines.append(endLine(path, settings));
-    lines.append(lengthLine(settings));
-    return lines;
+    return lines + lengthLines(path, settings);
 }
 
 QVector<CheckLine> checkWithoutServer(const QString& obstacle)

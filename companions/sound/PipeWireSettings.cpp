@@ -7,17 +7,17 @@
 
 #include <algorithm>
 
-int PipeWireSettings::quantumInForce() const
+int PipeWireSettings::quantumAt(int rate) const
 {
     const int forced = std::max(forcedQuantum, forcedForUs);
-    if (forced <= 0) {
-        return largestQuantum;
-    }
+    const double share = usualRate > 0 ? double(rate) / usualRate : 1.0;
+    const double most = forced > 0 ? forced : largestQuantum * share;
+    constexpr int largestPower = 1 << 30;
     int power = 1;
-    while (power <= forced / 2) {
+    while (power <= most / 2 && power < largestPower) {
         power *= 2;
     }
-    return power;
+    return most >= 1.0 ? power : 0;
 }
 
 PipeWireSettings readPipeWireSettings(const QString& printed)
@@ -33,6 +33,8 @@ PipeWireSettings readPipeWireSettings(const QString& printed)
         const QString value = match.captured(2);
         if (key == "clock.max-quantum") {
             settings.largestQuantum = value.toInt();
+        } else if (key == "clock.rate") {
+            settings.usualRate = value.toInt();
         } else if (key == "clock.force-quantum") {
             settings.forcedQuantum = value.toInt();
         } else if (key == "clock.allowed-rates") {

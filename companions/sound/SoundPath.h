@@ -33,9 +33,14 @@ struct PipeWireSettings {
     int forcedForUs = 0; ///< by a rule for programs of our names; 0: none
     QVector<int> allowedRates; ///< that it switches to for a stream, Hz
 
-    /// Samples that it handles at a time while one of our sounds plays; 0: unknown. A forced number
-    /// acts as the next smaller power of two; where two are forced the larger is assumed.
-    int quantumInForce() const;
+    int usualRate = 0; ///< that it runs at where it does not switch, Hz; 0: unknown
+
+    /// Samples that it handles at a time while one of our sounds plays: a power of two. A forced
+    /// number counts at every rate, where two are forced the larger is assumed; the largest quantum
+    /// is for the usual rate.
+    /// @param rate that it runs at, Hz
+    /// @return 0: unknown
+    int quantumAt(int rate) const;
 };
 
 /// The way from a program to the card, as the sound server tells it.

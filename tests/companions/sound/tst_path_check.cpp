@@ -37,7 +37,7 @@ SoundPath pipeWirePath(int largestQuantum, int forcedQuantum = 0, int forcedForU
     SoundPath path {"PulseAudio (on PipeWire 0.3.65)", "15.0.0", {card()}, false, {}};
     path.outputs[0].rate = 48000;
     path.outputs[0].sleepsAfter = "0";
-    path.pipeWire = PipeWireSettings {largestQuantum, forcedQuantum, forcedForUs, {48000}};
+    path.pipeWire = PipeWireSettings {largestQuantum, forcedQuantum, forcedForUs, {48000}, 48000};
     return path;
 }
 
@@ -94,7 +94,7 @@ void addVolumes()
     row("above full volume", withVolumes(120, 100), start, "volume", Verdict::stop,
         "front-left 120 % (4.8 dB), front-right 100 % (0.0 dB)", "pactl set-sink-volume card 100%");
     row("one channel down", withVolumes(60, 0), start, "volume", Verdict::look,
-        "front-left 60 % (-13.3 dB), front-right 0 % (-inf dB)", "pactl set-sink-volume card 0%");
+        "front-left 60 % (-13.3 dB), front-right 0 % (-inf dB)", "pactl set-sink-volume card 60%");
     row("volume 0", withVolumes(0, 0), start, "volume", Verdict::stop,
         "front-left 0 % (-inf dB), front-right 0 % (-inf dB)",
         "pactl set-sink-volume card 40%, headphones off, and raise it from there");
@@ -133,6 +133,10 @@ void addFormats()
     row("16 bits", path, start, "sample format", Verdict::look, "s16le",
         "write \"default-sample-format = s32le\" into ~/.config/pulse/daemon.conf, then: "
         "pulseaudio -k");
+    path = pipeWirePath(128);
+    path.outputs[0].format = "s16le";
+    row("16 bits on PipeWire", path, start, "sample format", Verdict::look, "s16le",
+        "set audio.format of the output to S32LE in the session manager's settings");
 }
 
 void addEars()
@@ -196,12 +200,14 @@ void addQuanta()
         "2048 samples (42.7 ms)", force);
     row("the rule for our programs", pipeWirePath(2048, 0, 128), {48000, 600.0}, "quantum",
         Verdict::fine, "128 samples (2.7 ms)", "");
-    row("forced for all", pipeWirePath(2048, 64), {48000, 600.0}, "quantum", Verdict::fine,
-        "64 samples (1.3 ms)", "");
+    row("too small for all", pipeWirePath(2048, 64), {48000, 600.0}, "quantum", Verdict::look,
+        "64 samples (1.3 ms)", force);
+    row("too small for all, but not for our programs", pipeWirePath(2048, 64, 128), {48000, 600.0},
+        "quantum", Verdict::fine, "128 samples (2.7 ms)", "");
     row("forced twice", pipeWirePath(2048, 1024, 128), {48000, 600.0}, "quantum", Verdict::look,
         "1024 samples (21.3 ms)", force);
-    row("forced between powers of two", pipeWirePath(2048, 100), {48000, 600.0}, "quantum",
-        Verdict::fine, "64 samples (1.3 ms)", "");
+    row("forced between powers of two", pipeWirePath(2048, 200), {48000, 600.0}, "quantum",
+        Verdict::fine, "128 samples (2.7 ms)", "");
     row("unknown quantum", pipeWirePath(0), {48000, 600.0}, "quantum", Verdict::look, "unknown",
         "install pw-metadata: apt install pipewire-bin");
     row("unknown but for the rule", pipeWirePath(0, 0, 128), {48000, 600.0}, "quantum",
@@ -214,7 +220,7 @@ void addQuanta()
         "played", "");
     row("less than a small quantum is lost", pipeWirePath(2048, 64), {48000, 601.0},
         "end of a sound", Verdict::stop, "the last 48 of 28848 samples are lost",
-        "type a duration of whole quanta, such as 601.3333333 ms");
+        "type a duration of whole quanta, such as 602.6666667 ms");
     row("neither fits", pipeWirePath(2048), {48000, 601.0}, "end of a sound", Verdict::stop,
         "the last 176 of 28848 samples are lost",
         force + "; and type a duration of whole quanta, such as 602.6666667 ms");
@@ -270,6 +276,28 @@ private slots:
         QCOMPARE(lineOf(checkedPath(path, start), "sampling rate").verdict, Verdict::look);
     }
 
+    // 44100 of 48000 times 2048 is 1881.6, and PipeWire takes the power of two below it.
+    void endAtARateThatPipeWireSwitchesTo_isCountedAtThatRate()
+    {
+        SoundPath path = pipeWirePath(2048);
+        path.pipeWire->allowedRates = {44100, 48000, 96000};
+        const auto finding = [&path](int rate, const char* subject) {
+            return lineOf(checkedPath(path, {rate, 600.0}), subject).finding;
+        };
+        QCOMPARE(finding(44100, "quantum"), QString("1024 samples (23.2 ms)"));
+        QCOMPARE(
+            finding(44100, "end of a sound"), QString("the last 860 of 26460 samples are lost"));
+        QCOMPARE(finding(96000, "quantum"), QString("4096 samples (42.7 ms)"));
+        QCOMPARE(
+            finding(96000, "end of a sound"), QString("the last 256 of 57600 samples are lost"));
+        QCOMPARE(
+            finding(40000, "end of a sound"), QString("the last 128 of 28800 samples are lost"));
+        path.pipeWire->forcedForUs = 128; // at every rate
+        QCOMPARE(finding(44100, "quantum"), QString("128 samples (2.9 ms)"));
+        QCOMPARE(
+            finding(44100, "end of a sound"), QString("the last 92 of 26460 samples are lost"));
+    }
+
     void virtualOutput_isCheckedWithTheOneBehindIt()
     {
         SoundPath path = goodPath();
@@ -312,9 +340,10 @@ private slots:
             "update: id:0 key:'clock.force-quantum' value:'300' type:''\n");
         QCOMPARE(settings.largestQuantum, 2048);
         QCOMPARE(settings.forcedQuantum, 300);
-        QCOMPARE(settings.quantumInForce(), 256);
+        QCOMPARE(settings.usualRate, 48000);
+        QCOMPARE(settings.quantumAt(48000), 256);
         QCOMPARE(settings.allowedRates, QVector<int>({44100, 48000}));
-        QCOMPARE(readPipeWireSettings("").quantumInForce(), 0);
+        QCOMPARE(readPipeWireSettings("").quantumAt(48000), 0);
     }
 };
 

@@ -189,9 +189,9 @@ private slots:
             large.output.contains("stop  end of a sound  the last 832 of 2880 samples are lost\n"),
             qPrintable(large.output));
         QCOMPARE(large.status, 1);
-        client.run("pw-metadata", (force + "64").split(' ')); // as the remedy has it
+        client.run("pw-metadata", (force + "64").split(' '));
         const SoundProgramEnd small = check(client, "--rate 48000 --duration 60");
-        QVERIFY2(small.output.contains("fine  quantum         64 samples (1.3 ms)\n"),
+        QVERIFY2(small.output.contains("look  quantum         64 samples (1.3 ms)\n"),
             qPrintable(small.output));
         QVERIFY2(small.output.contains("fine  end of a sound  played\n"), qPrintable(small.output));
         QCOMPARE(small.status, 0);
