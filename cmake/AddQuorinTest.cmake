@@ -20,16 +20,18 @@ function(quorin_test_program program)
   target_precompile_headers(${target} REUSE_FROM quorin_test_support)
 endfunction()
 
-# quorin_add_test(NAME SOURCE [LABELS label...] [LIBRARIES target...] [TIMEOUT seconds] [PROGRAM program])
+# quorin_add_test(NAME SOURCE [ALONE] [LABELS label...] [LIBRARIES target...] [TIMEOUT seconds]
+#   [PROGRAM program])
 #
 # Adds the test NAME: `tst_PROGRAM TEST`, where SOURCE is tst_TEST.cpp. The tests of a folder of
 # tests/ and of those inside it share the program of the folder's name unless PROGRAM is given. A
 # test runs offscreen, in the C.UTF-8 locale, with a home and a runtime folder of its own inside the
-# build folder. One labelled audio plays real sound or measures time: it runs while no other test
-# does. An emulator and QUORIN_TEST_LAUNCHER are put before the command; under them and in the
-# sanitizer build, tests may take longer.
+# build folder. One that a busy machine could make fail is ALONE: it runs while no other test does.
+# So do those labelled audio, which play real sound, in their long forms and in the sanitizer build.
+# An emulator and QUORIN_TEST_LAUNCHER are put before the command; under them and in the sanitizer
+# build, tests may take longer.
 function(quorin_add_test name source)
-  cmake_parse_arguments(PARSE_ARGV 2 arg "" "TIMEOUT;PROGRAM" "LABELS;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 2 arg "ALONE" "TIMEOUT;PROGRAM" "LABELS;LIBRARIES")
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 120)
   endif()
@@ -80,10 +82,9 @@ function(quorin_add_test name source)
     quorin_add_to_group(coverage_tests ${target})
   endif()
 
-  if("audio" IN_LIST arg_LABELS)
+  set(alone ${arg_ALONE})
+  if("audio" IN_LIST arg_LABELS AND (QUORIN_SANITIZE OR arg_LABELS MATCHES "(^|;)(slow|nightly)(;|$)"))
     set(alone ON)
-  else()
-    set(alone OFF)
   endif()
 
   set(command ${CMAKE_CROSSCOMPILING_EMULATOR} ${QUORIN_TEST_LAUNCHER} $<TARGET_FILE:${target}> ${test})
