@@ -9,16 +9,13 @@
 #include "sound/PressureTable.h"
 #include "sound/PulseServer.h"
 #include "sound/SoundPlayer.h"
+#include "sound/TypedLines.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 
 #include <algorithm>
-#include <iostream>
-#include <string>
-#include <termios.h>
-#include <unistd.h>
 
 using namespace quorin;
 
@@ -80,13 +77,6 @@ QString obstacleOf(const FoundPath& found, Ear ear)
         : QString();
 }
 
-// QFile takes all lines that a terminal holds, where they can no longer be given up.
-QString readLineOfUser()
-{
-    std::string line;
-    return std::getline(std::cin, line) ? QString::fromLocal8Bit(line.c_str()) : QString();
-}
-
 /// Plays, asks and writes.
 class Calibration {
 public:
@@ -98,8 +88,7 @@ public:
 
     int make()
     {
-        m_path = askPulseServer();
-        const QString obstacle = obstacleOf(m_path, m_options.ear);
+        const QString obstacle = presentObstacle();
         if (!obstacle.isEmpty()) {
             m_streams.complain(obstacle);
             return somethingIsWrong;
@@ -134,18 +123,25 @@ private:
                << Qt::flush;
     }
 
-    // The path is asked again: a volume may have been turned while the sound was played.
+    QString presentObstacle()
+    {
+        m_path = askPulseServer();
+        return obstacleOf(m_path, m_options.ear);
+    }
+
+    // A volume may be turned at the question, and while the sound is played.
     QString play(double levelDb)
     {
-        const CalibrationSound& sound = m_options.sound;
-        const QVector<double> samples = calibrationSamples(sound, levelDb);
-        QString fault = playFrames(calibrationFrames(samples, m_options.ear, sound.rate),
-            channelsOf(m_options.ear), sound.rate);
+        QString fault = presentObstacle();
         if (!fault.isEmpty()) {
             return fault;
         }
-        m_path = askPulseServer();
-        return obstacleOf(m_path, m_options.ear);
+        const CalibrationSound& sound = m_options.sound;
+        const QVector<double> samples = calibrationSamples(sound, levelDb);
+        fault = playFrames(calibrationFrames(samples, m_options.ear, sound.rate),
+            channelsOf(m_options.ear), sound.rate);
+        const QString obstacle = presentObstacle();
+        return obstacle.isEmpty() ? fault : obstacle;
     }
 
     std::optional<CalibrationNote> noteOfReading()
@@ -161,17 +157,20 @@ private:
     std::optional<CalibrationNote> noteOfDialogue()
     {
         // A key that was pressed ahead of a question must not raise the next sound.
-        CalibrationDialogue dialogue(readLineOfUser, m_streams.output(), [this](double levelDb) {
+        CalibrationDialogue dialogue(nextTypedLine, m_streams.output(), [this](double levelDb) {
             QString fault = play(levelDb);
-            ::tcflush(STDIN_FILENO, TCIFLUSH);
+            dropTypedLines();
             return fault;
         });
-        const std::optional<LevelReading> reading
-            = dialogue.lead({m_options.startDb, m_options.stepDb, highestLevelDb(m_options.sound)});
-        if (!reading) {
+        const std::optional<LevelReading> reading = dialogue.lead(
+            {m_options.startDb, m_options.stepDb, highestLevelDb(m_options.sound), isTyped()});
+        const bool asksForRemark = reading && !m_options.remark;
+        const QString remark = asksForRemark ? dialogue.remark() : m_options.remark.value_or("");
+        if (wasTypedLineTooLong()) {
+            m_streams.complain(QString("a line is longer than %1 bytes").arg(longestTypedLine));
             return {};
         }
-        return noteOf(*reading, m_options.remark ? *m_options.remark : dialogue.remark());
+        return reading ? std::optional(noteOf(*reading, remark)) : std::nullopt;
     }
 
     CalibrationNote noteOf(const LevelReading& reading, const QString& remark) const

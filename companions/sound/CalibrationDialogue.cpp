@@ -47,7 +47,9 @@ std::optional<LevelReading> CalibrationDialogue::lead(const LevelCourse& course)
         if (m_hasPlayed && reading) {
             return LevelReading {m_levelDb, *reading};
         }
-        obey(answer);
+        if (!obey(answer) && !m_course.isTyped) {
+            return {};
+        }
     }
 }
 
@@ -61,26 +63,39 @@ QString CalibrationDialogue::question() const
     if (!m_hasPlayed) {
         return decibels(m_levelDb) + ": Return plays it, q ends: ";
     }
-    const QString raising = higherDb() > m_levelDb ? "Return plays " + decibels(higherDb())
-                                                   : QString("it is the highest");
+    QString raising;
+    if (m_course.isTyped) {
+        raising = higherDb() > m_levelDb ? "Return plays " + decibels(higherDb()) + ", "
+                                         : QString("it is the highest, ");
+    }
     return decibels(m_levelDb) + ": the meter's reading in dB SPL; " + raising
-        + ", r plays it again, q ends: ";
+        + "r plays it again, q ends: ";
 }
 
-// What is not understood plays nothing.
-void CalibrationDialogue::obey(const QString& answer)
+// What is not understood plays nothing. False: so it was, or the sound failed.
+bool CalibrationDialogue::obey(const QString& answer)
 {
     const bool isReturn = answer.isEmpty();
     if (!m_hasPlayed && !isReturn) {
         m_output << "nothing has been played yet\n";
-    } else if (!m_hasPlayed || answer == "r") {
-        play();
-    } else if (!isReturn) {
-        m_output << '"' << answer << "\" is no reading: 20 to 120 dB SPL\n";
-    } else if (higherDb() > m_levelDb) {
-        m_levelDb = higherDb();
-        play();
+        return false;
     }
+    if (!m_hasPlayed || answer == "r") {
+        return play();
+    }
+    if (!isReturn) {
+        m_output << '"' << answer << "\" is no reading: 20 to 120 dB SPL\n";
+        return false;
+    }
+    if (!m_course.isTyped) {
+        m_output << "Return raises the level only on a terminal\n";
+        return false;
+    }
+    if (higherDb() > m_levelDb) {
+        m_levelDb = higherDb();
+        return play();
+    }
+    return true;
 }
 
 QString CalibrationDialogue::remark()
@@ -101,11 +116,12 @@ QString CalibrationDialogue::ask(const QString& question)
     return answer.isNull() ? QString("") : answer;
 }
 
-void CalibrationDialogue::play()
+bool CalibrationDialogue::play()
 {
     const QString fault = m_play(m_levelDb);
     m_hasPlayed = fault.isEmpty();
     if (!m_hasPlayed) {
-        m_output << fault << '\n';
+        m_output << fault << '\n' << Qt::flush;
     }
+    return m_hasPlayed;
 }

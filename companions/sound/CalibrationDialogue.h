@@ -6,11 +6,12 @@
 #include <functional>
 #include <optional>
 
-/// The digital levels of a calibration, dB re full scale.
+/// The digital levels of a calibration, dB re full scale, and how it is answered.
 struct LevelCourse {
     double startDb;
     double stepDb;
     double highestDb;
+    bool isTyped = true; ///< at a terminal; otherwise nothing raises the level
 };
 
 /// What the meter read.
@@ -23,8 +24,10 @@ struct LevelReading {
 /// @return none for anything else
 std::optional<double> meterReading(const QString& text);
 
-/// Leads the experimenter on a terminal from the first level to the meter's reading: nothing is
-/// played, and no level raised, unless Return is pressed.
+/// Leads the experimenter from the first level to the meter's reading: nothing is played, and no
+/// level raised, unless Return is pressed. Answers that are not typed, from a file or a pipe, raise
+/// none, and the first that is not understood, or finds a fault, ends it: there may be no end of
+/// them.
 class CalibrationDialogue {
 public:
     /// Plays at a digital level and returns what went wrong; an empty text if nothing did.
@@ -44,8 +47,8 @@ public:
 private:
     QString ask(const QString& question);
     QString question() const;
-    void obey(const QString& answer);
-    void play();
+    bool obey(const QString& answer);
+    bool play();
     double higherDb() const;
 
     ReadLine m_readLine;

@@ -196,6 +196,31 @@ private slots:
         QCOMPARE(talk.reading->levelDb, -3.0);
     }
 
+    void answersThatAreNotTyped_raiseNoLevel()
+    {
+        const LevelCourse course {-30.0, 3.0, -3.0, false};
+        const Conversation talk("\n\n\n74.5\n", course);
+        QCOMPARE(talk.playedDb, QVector<double>({-30.0}));
+        QVERIFY(!talk.reading.has_value());
+        QVERIFY2(talk.said.endsWith("-30.0 dB: the meter's reading in dB SPL; r plays it again, q "
+                                    "ends: Return raises the level only on a terminal\n"),
+            qPrintable(talk.said));
+        QCOMPARE(talk.rest, QString("\n74.5\n"));
+        const Conversation good("\nr\n74.5\n", course);
+        QCOMPARE(good.playedDb, QVector<double>({-30.0, -30.0}));
+        QCOMPARE(good.reading->readingDb, 74.5);
+    }
+
+    void answersThatAreNotTyped_endWhereOneIsNotUnderstood()
+    {
+        const LevelCourse course {-30.0, 3.0, -3.0, false};
+        QCOMPARE(Conversation("74.5\n\n74.5\n", course).playedDb, QVector<double>());
+        QCOMPARE(Conversation("\nabc\n74.5\n", course).rest, QString("74.5\n"));
+        const Conversation lost("\n\n\n", course, "lost", 1);
+        QCOMPARE(lost.playedDb, QVector<double>({-30.0}));
+        QCOMPARE(lost.rest, QString("\n\n"));
+    }
+
     void endOfInput_endsWithoutAReading()
     {
         QVERIFY(!Conversation("").reading.has_value());

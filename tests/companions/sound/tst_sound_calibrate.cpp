@@ -1,124 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // quorin-sound calibrate as a user starts it, on a private server that records what is played.
-#include "SoundClients.h"
-#include "record/CalibrationNote.h"
-#include "sound/CalibrationSound.h"
+#include "CalibrateProgram.h"
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
 
-#include <QDir>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
-#include <csignal>
-#include <cstdlib>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 
-constexpr int timeoutMs = 60000;
 constexpr double durationMs = 300.0;
-
-/// A calibration under way.
-class Calibration {
-public:
-    Calibration(const SoundServer& server, const QString& options, const QStringList& more = {},
-        const QString& inputPath = {})
-    {
-        if (!inputPath.isEmpty()) {
-            m_process.setStandardInputFile(inputPath);
-        }
-        m_process.setProcessEnvironment(Client(server).environment);
-        m_process.start(SOUND_PROGRAM,
-            QStringList("calibrate") + options.split(' ', Qt::SkipEmptyParts) + more
-                + QStringList(m_folder.path()));
-    }
-
-    void type(const QByteArray& text) { m_process.write(text); }
-    bool waitForOutput(const QByteArray& text)
-    {
-        while (!m_process.peek(m_process.bytesAvailable()).contains(text)) {
-            if (!m_process.waitForReadyRead(timeoutMs)) {
-                return false;
-            }
-        }
-        return true;
-    }
-    void interrupt() const { ::kill(static_cast<pid_t>(m_process.processId()), SIGINT); }
-
-    SoundProgramEnd end()
-    {
-        m_process.closeWriteChannel();
-        const bool isGood = m_process.waitForFinished(timeoutMs)
-            && m_process.exitStatus() == QProcess::NormalExit;
-        return {isGood ? m_process.exitCode() : -1, m_process.readAllStandardOutput(),
-            m_process.readAllStandardError()};
-    }
-
-    QStringList notes() const
-    {
-        return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden);
-    }
-    CalibrationNote note() const
-    {
-        return readCalibrationNote(m_folder.filePath(notes().value(0))).note;
-    }
-
-private:
-    QTemporaryDir m_folder;
-    ChildProcess m_process;
-};
-
-/// A terminal, by whose keys a program is answered.
-class Terminal {
-public:
-    Terminal()
-        : m_keys(::posix_openpt(O_RDWR | O_NOCTTY))
-    {
-        ::grantpt(m_keys);
-        ::unlockpt(m_keys);
-        m_lines = ::open(::ptsname(m_keys), O_RDWR | O_NOCTTY); // what is typed waits from now on
-    }
-    ~Terminal()
-    {
-        ::close(m_lines);
-        ::close(m_keys);
-    }
-    Q_DISABLE_COPY(Terminal)
-
-    QString path() const { return ::ptsname(m_keys); }
-    bool type(const QByteArray& keys) const
-    {
-        return ::write(m_keys, keys.constData(), size_t(keys.size())) == keys.size();
-    }
-
-private:
-    int m_keys;
-    int m_lines;
-};
-
-/// Whatever gaps a busy machine made, the samples between them are those that were handed over.
-QVector<float> withoutZeros(const QVector<float>& samples)
-{
-    QVector<float> rest;
-    std::copy_if(samples.cbegin(), samples.cend(), std::back_inserter(rest),
-        [](float sample) { return sample != 0.0F; });
-    return rest;
-}
-
-QVector<float> expectedSamples(const CalibrationSound& sound, double levelDb)
-{
-    QVector<float> samples;
-    const QVector<double> exact = calibrationSamples(sound, levelDb);
-    for (const double sample : exact) {
-        samples.append(static_cast<float>(sample));
-    }
-    return withoutZeros(samples);
-}
 
 double levelDb(const QVector<float>& samples, int begin, int count)
 {
@@ -272,76 +166,15 @@ private slots:
         const Client client(m_server);
         client.pactl("set-default-sink headphones");
         const StereoRecorder recorder(client, "headphones.monitor", 40000);
-        QTRY_VERIFY_WITH_TIMEOUT(recorder.hasBegun(), timeoutMs);
+        QTRY_VERIFY_WITH_TIMEOUT(recorder.hasBegun(), calibrationTimeoutMs);
         Calibration calibration(m_server,
             QString("--duration 300 --reading 50 --ear %1").arg(channel == 0 ? "left" : "right"));
         QCOMPARE(calibration.end().status, 0);
         const QVector<float> expected = expectedSamples({false, 1000.0, 40000, durationMs}, -30.0);
         QTRY_COMPARE_WITH_TIMEOUT(
-            withoutZeros(recorder.channel(channel)).size(), expected.size(), timeoutMs);
+            withoutZeros(recorder.channel(channel)).size(), expected.size(), calibrationTimeoutMs);
         QCOMPARE(withoutZeros(recorder.channel(channel)), expected);
         QCOMPARE(withoutZeros(recorder.channel(1 - channel)), QVector<float>());
-    }
-
-    void dialogue_raisesTheLevel_andTakesTheReading()
-    {
-        SoundRecorder microphone(m_server);
-        QVERIFY2(microphone.start(), qPrintable(microphone.errorText()));
-        Calibration calibration(m_server, "--duration 200 --level -40 --step 6");
-        calibration.type("\n\nabc\n50\nmy remark\n");
-        const SoundProgramEnd end = calibration.end();
-        QVERIFY2(
-            end.output.contains("-40.0 dB: Return plays it, q ends: "), qPrintable(end.output));
-        QVERIFY(end.output.contains("\"abc\" is no reading: 20 to 120 dB SPL\n"));
-        QCOMPARE(end.status, 0);
-        QCOMPARE(calibration.note().levelDb, -34.0);
-        QCOMPARE(calibration.note().readingDb, 50.0);
-        QCOMPARE(calibration.note().remark, QString("my remark"));
-        const CalibrationSound sound {false, 1000.0, 40000, 200.0};
-        QCOMPARE(withoutZeros(microphone.stop()),
-            expectedSamples(sound, -40.0) + expectedSamples(sound, -34.0));
-    }
-
-    void keysTypedAhead_raiseNoLevel()
-    {
-        const Terminal terminal;
-        QVERIFY(terminal.type("\n\n\n\n"));
-        Calibration calibration(m_server, "--duration 200", {}, terminal.path());
-        QVERIFY(calibration.waitForOutput("-30.0 dB: the meter's reading"));
-        QVERIFY(terminal.type("50\nmy remark\n"));
-        const SoundProgramEnd end = calibration.end();
-        QVERIFY2(!end.output.contains("-27.0 dB: "), qPrintable(end.output));
-        QCOMPARE(end.status, 0);
-        QCOMPARE(calibration.note().levelDb, -30.0);
-        QCOMPARE(calibration.note().remark, QString("my remark"));
-    }
-
-    void interrupt_stopsTheSound_andWritesNothing()
-    {
-        SoundRecorder microphone(m_server);
-        QVERIFY2(microphone.start(), qPrintable(microphone.errorText()));
-        Calibration calibration(m_server, "");
-        calibration.type("\n");
-        QTRY_VERIFY_WITH_TIMEOUT(!withoutZeros(microphone.samples()).isEmpty(), timeoutMs);
-        calibration.interrupt();
-        QCOMPARE(calibration.end().status, -1);
-        const int tenthOfASecond = 4000;
-        QTRY_VERIFY_WITH_TIMEOUT(
-            withoutZeros(microphone.samples(microphone.sampleCount() - tenthOfASecond)).isEmpty(),
-            timeoutMs);
-        const CalibrationSound sound;
-        QVERIFY(withoutZeros(microphone.stop()).size() < expectedSamples(sound, -30.0).size());
-        QCOMPARE(calibration.notes(), QStringList());
-    }
-
-    void end_withoutAReading_writesNothing()
-    {
-        Calibration calibration(m_server, "");
-        calibration.type("q\n");
-        const SoundProgramEnd end = calibration.end();
-        QCOMPARE(end.errors, QString("quorin-sound: no note was written\n"));
-        QCOMPARE(end.status, 1);
-        QCOMPARE(calibration.notes(), QStringList());
     }
 
     void outputThatCannotPlay_isRefused()
