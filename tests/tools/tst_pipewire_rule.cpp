@@ -9,16 +9,23 @@ private slots:
     void sounds_loseTheLastPartQuantum_withoutTheRule()
     {
         // 2688 samples are 2048 and 640.
-        QCOMPARE(meanExcess({}), -640.0);
+        constexpr double lost = -640.0;
+        double excess = meanExcess({});
+        for (int i = 1; i < mostTries && excess != lost; ++i) {
+            excess = meanExcess({});
+        }
+        QCOMPARE(excess, lost);
     }
 
     void sounds_areWhole_withTheRule()
     {
-        // On a busy machine a sound may have a pause, and the recorder may miss a quantum.
         QVERIFY(meanExcess({"--rules", PIPEWIRE_RULES}) > -quantum);
     }
 
 private:
+    // On a busy machine a sound may have a pause, and the recorder may miss a quantum.
+    static constexpr int mostTries = 3;
+
     // Of twelve sounds of 56 ms: how many samples more than 2688 were played.
     static double meanExcess(const QStringList& options)
     {

@@ -50,6 +50,7 @@ QString stateOf(const QProcessEnvironment& environment)
 class Measuring {
 public:
     Measuring(const QProcessEnvironment& environment, const QString& arguments)
+        : m_environment(environment)
     {
         m_process.setProcessEnvironment(environment);
         m_process.start(SOUND_PROGRAM, QStringList("measure") + arguments.split(' '));
@@ -63,6 +64,11 @@ public:
         }
         return {m_process.exitCode(), m_process.readAllStandardOutput(),
             m_process.readAllStandardError()};
+    }
+
+    bool isPlaying() const
+    {
+        return pactl(m_environment, "list short sink-inputs").contains("float32le");
     }
 
     void askToEnd() const { ::kill(static_cast<pid_t>(m_process.processId()), SIGTERM); }
@@ -80,7 +86,24 @@ public:
     }
 
 private:
+    QProcessEnvironment m_environment;
     ChildProcess m_process;
+};
+
+/// A measurement on a server of its own, which may be killed.
+struct MeasuringAlone {
+    SoundServer server;
+    std::unique_ptr<Measuring> measuring;
+
+    /// @return whether its sounds are being played
+    bool begin()
+    {
+        if (!server.start()) {
+            return false;
+        }
+        measuring = std::make_unique<Measuring>(environmentOf(server), "--rate 40000");
+        return QTest::qWaitFor([this] { return measuring->isPlaying(); }, timeoutMs);
+    }
 };
 
 SoundProgramEnd measured(const QProcessEnvironment& environment, const QString& arguments)
@@ -97,6 +120,12 @@ double lossDb(const SoundProgramEnd& end)
 }
 
 constexpr int mostTries = 3;
+
+/// On a busy machine a server may leave out a part.
+bool arrivedWhole(const SoundProgramEnd& end)
+{
+    return end.output.contains("bit for bit\n") && end.output.count("whole\n") == 2;
+}
 
 /// That of a measurement whose sounds arrived whole.
 double toldLossDb(const QProcessEnvironment& environment, const QString& arguments)
@@ -131,11 +160,14 @@ private slots:
     void sameRate_leavesEverySample()
     {
         const QTemporaryDir folder;
-        const QString files = QString("--rate 40000 --csv %1 --plot %2")
+        const QString files = QString("--rate 40000 --force --csv %1 --plot %2")
                                   .arg(folder.filePath("a.csv"), folder.filePath("a.png"));
         const QProcessEnvironment environment = environmentOf(m_server);
         const QString before = stateOf(environment);
-        const SoundProgramEnd end = measured(environment, files);
+        SoundProgramEnd end = measured(environment, files);
+        for (int i = 1; i < mostTries && !arrivedWhole(end); ++i) {
+            end = measured(environment, files);
+        }
         QCOMPARE(end.errors, QString());
         QCOMPARE(end.status, 0);
         QVERIFY2(
@@ -188,8 +220,7 @@ private slots:
         const QProcessEnvironment environment = environmentOf(m_server);
         const QString before = stateOf(environment);
         Measuring measuring(environment, "--rate 40000");
-        QTRY_VERIFY_WITH_TIMEOUT(
-            pactl(environment, "list short sink-inputs").contains("float32le"), timeoutMs);
+        QTRY_VERIFY_WITH_TIMEOUT(measuring.isPlaying(), timeoutMs);
         measuring.askToEnd();
         const SoundProgramEnd end = measuring.end();
         QCOMPARE(end.errors, QString("quorin-sound: the measuring sounds did not arrive whole\n"));
@@ -200,27 +231,19 @@ private slots:
 
     void secondInterrupt_endsAtOnce_whenTheServerStandsStill()
     {
-        SoundServer server;
-        QVERIFY2(server.start(), qPrintable(server.errorText()));
-        const QProcessEnvironment environment = environmentOf(server);
-        Measuring measuring(environment, "--rate 40000");
-        QTRY_VERIFY_WITH_TIMEOUT(
-            pactl(environment, "list short sink-inputs").contains("float32le"), timeoutMs);
-        ::kill(static_cast<pid_t>(server.processId()), SIGSTOP);
-        QVERIFY(measuring.isEndedBySignal());
-        server.kill();
+        MeasuringAlone alone;
+        QVERIFY2(alone.begin(), qPrintable(alone.server.errorText()));
+        ::kill(static_cast<pid_t>(alone.server.processId()), SIGSTOP);
+        QVERIFY(alone.measuring->isEndedBySignal());
+        alone.server.kill();
     }
 
     void lostServer_endsTheMeasurement()
     {
-        SoundServer server;
-        QVERIFY2(server.start(), qPrintable(server.errorText()));
-        const QProcessEnvironment environment = environmentOf(server);
-        Measuring measuring(environment, "--rate 40000");
-        QTRY_VERIFY_WITH_TIMEOUT(
-            pactl(environment, "list short sink-inputs").contains("float32le"), timeoutMs);
-        server.kill();
-        const SoundProgramEnd end = measuring.end();
+        MeasuringAlone alone;
+        QVERIFY2(alone.begin(), qPrintable(alone.server.errorText()));
+        alone.server.kill();
+        const SoundProgramEnd end = alone.measuring->end();
         QVERIFY2(end.errors.contains("the measuring sounds did not arrive whole\n"),
             qPrintable(end.errors));
         QCOMPARE(end.status, 1);
