@@ -47,6 +47,8 @@ void ChildProcess::setupChildProcess()
 {
 #ifdef Q_OS_LINUX
     prctl(PR_SET_PDEATHSIG, SIGKILL);
+    // A shell has its background commands ignore it, and so all that they start.
+    std::signal(SIGINT, SIG_DFL);
     // A sound server that waits for the processor drops sound; this needs rights and may be
     // refused.
     constexpr int aheadOfOthers = -11;

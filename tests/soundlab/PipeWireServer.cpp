@@ -89,9 +89,11 @@ bool PipeWireServer::makeFolders()
     QDir().mkpath(runtimeFolder());
     QFile::setPermissions(runtimeFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     // The sound cards belong to the user's own session manager; its settings were written in Lua
-    // up to version 0.4.
+    // up to version 0.4. That one ends where there is no systemd-logind, unless Bluetooth is off.
     const QString manager = m_folder.filePath(".config/wireplumber/");
     if (!write(manager + "main.lua.d/51-no-cards.lua", "alsa_monitor.enabled = false\n")
+        || !write(
+            manager + "bluetooth.lua.d/51-no-bluetooth.lua", "bluez_monitor.enabled = false\n")
         || !write(manager + "wireplumber.conf.d/no-cards.conf",
             "wireplumber.profiles = { main = { hardware.audio = disabled } }\n")
         || !write(m_folder.filePath(".config/pipewire/pipewire.conf.d/rate.conf"),
