@@ -5,7 +5,6 @@
 #include "session/Counts.h"
 #include "session/Units.h"
 
-#include <algorithm>
 #include <cmath>
 
 using namespace quorin;
@@ -81,7 +80,7 @@ CheckLine resampledEndLine(int outputRate)
 CheckLine endLine(const SoundPath& path, const CheckedSettings& settings)
 {
     if (!path.pipeWire) {
-        const int other = otherRate(path, settings.rate);
+        const int other = path.otherRate(settings.rate);
         return other == settings.rate
             ? CheckLine {Verdict::fine, "end of a sound", "played", {}, {}}
             : resampledEndLine(other);
@@ -119,13 +118,6 @@ CheckLine lengthLine(const CheckedSettings& settings)
 }
 
 } // namespace
-
-int otherRate(const SoundPath& path, int rate)
-{
-    const auto other = std::find_if(path.outputs.cbegin(), path.outputs.cend(),
-        [rate](const OutputFacts& output) { return output.rate != rate; });
-    return other == path.outputs.cend() ? rate : other->rate;
-}
 
 QVector<CheckLine> lengthLines(const SoundPath& path, const CheckedSettings& settings)
 {

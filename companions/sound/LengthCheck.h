@@ -7,6 +7,3 @@
 /// sound and its length.
 /// @param path with an output
 QVector<CheckLine> lengthLines(const SoundPath& path, const CheckedSettings& settings);
-
-/// The rate of the first output that has another one than the sounds; theirs if there is none. Hz.
-int otherRate(const SoundPath& path, int rate);

@@ -49,7 +49,7 @@ QString betterResampler(bool isPipeWire)
 
 CheckLine rateLine(const SoundPath& path, const CheckedSettings& settings)
 {
-    const int rate = otherRate(path, settings.rate);
+    const int rate = path.otherRate(settings.rate);
     const QString finding = QString("output %1 Hz, sounds %2 Hz").arg(rate).arg(settings.rate);
     if (rate == settings.rate) {
         return {Verdict::fine, "sampling rate", finding, "Nothing is resampled.", {}};

@@ -32,7 +32,6 @@ struct PipeWireSettings {
     int forcedQuantum = 0; ///< for all streams; 0: none
     int forcedForUs = 0; ///< by a rule for programs of our names; 0: none
     QVector<int> allowedRates; ///< that it switches to for a stream, Hz
-
     int usualRate = 0; ///< that it runs at where it does not switch, Hz; 0: unknown
 
     /// Samples that it handles at a time while one of our sounds plays: a power of two. A forced
@@ -50,6 +49,18 @@ struct SoundPath {
     QVector<OutputFacts> outputs; ///< the default output first, then what that one plays on
     bool hasSuspendOnIdle = false; ///< whether PulseAudio puts idle outputs to sleep
     std::optional<PipeWireSettings> pipeWire; ///< none: it is not PipeWire
+
+    /// The rate of the first output that has another one than the sounds; theirs if there is none.
+    /// @param soundRate of the sounds, Hz
+    int otherRate(int soundRate) const
+    {
+        for (const OutputFacts& output : outputs) {
+            if (output.rate != soundRate) {
+                return output.rate;
+            }
+        }
+        return soundRate;
+    }
 };
 
 /// A path, or why there is none.
