@@ -53,7 +53,8 @@ FaultMessages::FaultMessages(FlightRecorder& recorder, MainWindow& window, Stand
         tell(fault, "The run goes on. What is not written is kept and tried again.");
     });
     connect(&recorder, &FlightRecorder::resultsFailed, this, [this](const QString& fault) {
-        tell(fault, "The record has all trials: quorin-report --rescue makes the file of it.");
+        tell(fault,
+            "The record has all trials: where no file is kept, quorin-report --rescue makes it.");
     });
     connect(&recorder, &FlightRecorder::soundFailed, this, [this](int trial) {
         tell(QString("The sound output failed in trial %1.").arg(trial),
