@@ -161,3 +161,18 @@ build()
         "the preset $preset does not build" \
         "the first error stands in build/logs/build-$preset.log; rm -r build/$preset starts anew"
 }
+
+# tell_skipped FOLDER: of the tests that build/FOLDER ran last, names those that skipped something;
+# where CI is set, one without a reason in tests/allowed-skips is a failure.
+tell_skipped()
+{
+    local line log=$root/build/$1/Testing/Temporary/LastTest.log status=0
+    while IFS= read -r line; do
+        say "not run: $line"
+        if [[ -n ${CI:-} ]] && ! grep -qxF -- "${line#*) }" "$root/tests/allowed-skips"; then
+            status=1
+        fi
+    done < <(sed -n 's/^SKIP   : //p' "$log" | sort -u)
+    ((status == 0)) || fail "tests were skipped" \
+        "install what they miss, or give the reason in tests/allowed-skips"
+}
