@@ -82,6 +82,13 @@ void bareSinusoid(benchmark::State& state)
 }
 BENCHMARK(bareSinusoid)->Name("bare loop/sinusoid");
 
+// The cosines of a standard that is made again with each deviant.
+void bareCosine(benchmark::State& state)
+{
+    bareLoop(state, [](int /*k*/) { return 1.0; });
+}
+BENCHMARK(bareCosine)->Name("bare loop/cosine");
+
 void genFFT(benchmark::State& state)
 {
     BenchRun run(settingsOf(noiseCarrier));
