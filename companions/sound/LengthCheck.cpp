@@ -44,10 +44,8 @@ CheckLine quantumLine(const PipeWireSettings& settings, int rate)
 /// The rate at which PipeWire handles sounds of a rate. Hz.
 int graphRate(const SoundPath& path, int rate)
 {
-    if (path.pipeWire->allowedRates.contains(rate)) {
-        return rate;
-    }
-    return path.pipeWire->usualRate > 0 ? path.pipeWire->usualRate : path.outputs.last().rate;
+    const int running = path.pipeWire->rateFor(rate);
+    return running > 0 ? running : path.outputs.last().rate;
 }
 
 /// Samples of a sound at another rate.

@@ -54,7 +54,7 @@ CheckLine rateLine(const SoundPath& path, const CheckedSettings& settings)
     if (rate == settings.rate) {
         return {Verdict::fine, "sampling rate", finding, "Nothing is resampled.", {}};
     }
-    if (path.pipeWire && path.pipeWire->allowedRates.contains(settings.rate)) {
+    if (path.pipeWire && path.pipeWire->rateFor(settings.rate) == settings.rate) {
         return {Verdict::fine, "sampling rate", finding,
             "PipeWire switches to the sounds' rate where nothing else plays.", {}};
     }

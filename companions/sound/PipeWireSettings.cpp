@@ -20,6 +20,14 @@ int PipeWireSettings::quantumAt(int rate) const
     return most >= 1.0 ? power : 0;
 }
 
+int PipeWireSettings::rateFor(int soundRate) const
+{
+    if (forcedRate > 0) {
+        return forcedRate;
+    }
+    return allowedRates.contains(soundRate) ? soundRate : usualRate;
+}
+
 PipeWireSettings readPipeWireSettings(const QString& printed)
 {
     // update: id:0 key:'clock.max-quantum' value:'2048' type:''
@@ -35,6 +43,8 @@ PipeWireSettings readPipeWireSettings(const QString& printed)
             settings.largestQuantum = value.toInt();
         } else if (key == "clock.rate") {
             settings.usualRate = value.toInt();
+        } else if (key == "clock.force-rate") {
+            settings.forcedRate = value.toInt();
         } else if (key == "clock.force-quantum") {
             settings.forcedQuantum = value.toInt();
         } else if (key == "clock.allowed-rates") {

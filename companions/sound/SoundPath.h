@@ -33,6 +33,10 @@ struct PipeWireSettings {
     int forcedForUs = 0; ///< by a rule for programs of our names; 0: none
     QVector<int> allowedRates; ///< that it switches to for a stream, Hz
     int usualRate = 0; ///< that it runs at where it does not switch, Hz; 0: unknown
+    int forcedRate = 0; ///< for all streams, Hz; 0: none
+
+    /// The rate that it runs at while one of our sounds plays and nothing else, Hz; 0: unknown.
+    int rateFor(int soundRate) const;
 
     /// Samples that it handles at a time while one of our sounds plays: a power of two. A forced
     /// number counts at every rate, where two are forced the larger is assumed; the largest quantum
@@ -50,10 +54,15 @@ struct SoundPath {
     bool hasSuspendOnIdle = false; ///< whether PulseAudio puts idle outputs to sleep
     std::optional<PipeWireSettings> pipeWire; ///< none: it is not PipeWire
 
-    /// The rate of the first output that has another one than the sounds; theirs if there is none.
+    /// The rate that all streams are forced to, or that of the first output, if it is another one
+    /// than the sounds'; theirs if there is none.
     /// @param soundRate of the sounds, Hz
     int otherRate(int soundRate) const
     {
+        const int forced = pipeWire ? pipeWire->forcedRate : 0;
+        if (forced > 0 && forced != soundRate) {
+            return forced;
+        }
         for (const OutputFacts& output : outputs) {
             if (output.rate != soundRate) {
                 return output.rate;

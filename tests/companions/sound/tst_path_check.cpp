@@ -298,6 +298,22 @@ private slots:
             finding(44100, "end of a sound"), QString("the last 92 of 26460 samples are lost"));
     }
 
+    // It may sleep and tell another rate, and it plays at none of the allowed ones.
+    void forcedRateOfPipeWire_isTheOneThatCounts()
+    {
+        SoundPath path = pipeWirePath(2048);
+        path.pipeWire->allowedRates = {44100, 48000};
+        path.pipeWire->forcedRate = 44100;
+        const QVector<CheckLine> lines = checkedPath(path, {48000, 600.0});
+        QCOMPARE(lineOf(lines, "sampling rate").verdict, Verdict::look);
+        QCOMPARE(
+            lineOf(lines, "sampling rate").finding, QString("output 44100 Hz, sounds 48000 Hz"));
+        QCOMPARE(lineOf(lines, "quantum").finding, QString("1024 samples (23.2 ms)"));
+        QCOMPARE(lineOf(lines, "end of a sound").finding,
+            QString("the last 860 of 26460 samples are lost"));
+        QCOMPARE(lineOf(checkedPath(path, {44100, 600.0}), "sampling rate").verdict, Verdict::fine);
+    }
+
     void virtualOutput_isCheckedWithTheOneBehindIt()
     {
         SoundPath path = goodPath();
@@ -337,10 +353,12 @@ private slots:
             "update: id:0 key:'clock.allowed-rates' value:'[ 44100, 48000 ]' type:''\n"
             "update: id:0 key:'clock.quantum' value:'1024' type:''\n"
             "update: id:0 key:'clock.max-quantum' value:'2048' type:''\n"
-            "update: id:0 key:'clock.force-quantum' value:'300' type:''\n");
+            "update: id:0 key:'clock.force-quantum' value:'300' type:''\n"
+            "update: id:0 key:'clock.force-rate' value:'44100' type:''\n");
         QCOMPARE(settings.largestQuantum, 2048);
         QCOMPARE(settings.forcedQuantum, 300);
         QCOMPARE(settings.usualRate, 48000);
+        QCOMPARE(settings.forcedRate, 44100);
         QCOMPARE(settings.quantumAt(48000), 256);
         QCOMPARE(settings.allowedRates, QVector<int>({44100, 48000}));
         QCOMPARE(readPipeWireSettings("").quantumAt(48000), 0);

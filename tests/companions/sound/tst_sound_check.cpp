@@ -197,6 +197,20 @@ private slots:
         QCOMPARE(small.status, 0);
     }
 
+    void forcedRate_isSeen()
+    {
+        const Client client(m_pipeWire);
+        const QString force = "-n settings 0 clock.force-rate ";
+        client.run("pw-metadata", (force + "44100").split(' '));
+        const SoundProgramEnd forced = check(client, "--rate 48000 --duration 60");
+        client.run("pw-metadata", (force + "0").split(' '));
+        QVERIFY2(forced.output.contains("look  sampling rate   output 44100 Hz, sounds 48000 Hz\n"),
+            qPrintable(forced.output));
+        const SoundProgramEnd free = check(client, "--rate 48000 --duration 60");
+        QVERIFY2(free.output.contains("fine  sampling rate   output 48000 Hz, sounds 48000 Hz\n"),
+            qPrintable(free.output));
+    }
+
     void rule_forOurPrograms_isSeen()
     {
         const Client plain(m_pipeWire);
