@@ -92,7 +92,8 @@ private slots:
         const QTemporaryDir other;
         RecordQueue queue(folder.path(), {other.path()}, [] {});
         QVERIFY(QDir(folder.path()).removeRecursively());
-        for (const QString name : {"S_20260102-030405_001_kept", "S_20260102-030405_002_kept"}) {
+        for (const QString& name :
+            QStringList {"S_20260102-030405_001_kept", "S_20260102-030405_002_kept"}) {
             queue.begin("S", time);
             queue.append({{"event", "run"}}, {});
             QVERIFY(!queue.flush());

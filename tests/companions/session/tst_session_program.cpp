@@ -123,7 +123,8 @@ private slots:
         QTest::newRow("unknown order")
             << QStringList({"/tmp", "--protocol", study, "--subject", "S1", "--order", "Latin"})
             << "--order must be as-written, shuffled or latin, not \"Latin\"";
-        for (const QString option : {"--subject=S1", "--order=latin", "--auto-go", "--resume"}) {
+        for (const QString& option :
+            QStringList {"--subject=S1", "--order=latin", "--auto-go", "--resume"}) {
             QTest::newRow(qPrintable(option + " alone"))
                 << QStringList({"/tmp", option}) << option.section('=', 0, 0) + " needs --protocol";
         }
