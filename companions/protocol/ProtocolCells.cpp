@@ -2,6 +2,7 @@
 // What single cells of a protocol may hold, and how large their numbers may be.
 #include "protocol/ProtocolCells.h"
 
+#include "input/SamplingRates.h"
 #include "protocol/ProtocolColumns.h"
 #include "session/AdaptedParameter.h"
 #include "session/Counts.h"
@@ -19,8 +20,6 @@ constexpr double leastAdapted = 0.0001; // %, Hz: less is shown as 0, from which
 constexpr double fullDepth = 100.0;
 constexpr double longestSilence = 60000.0;
 constexpr double mostReversals = 1000.0; // the trend stops answering with many more trials
-constexpr double slowestRate = 8000.0;
-constexpr double fastestRate = 192000.0;
 constexpr double lastSession = 999999.0;
 constexpr double mostRepeats = 1000.0;
 

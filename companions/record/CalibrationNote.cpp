@@ -2,6 +2,7 @@
 // The calibration note: its file, what it may hold, and outputs compared with it.
 #include "record/CalibrationNote.h"
 
+#include "input/SamplingRates.h"
 #include "record/JsonFields.h"
 
 #include <QFile>
@@ -53,8 +54,6 @@ QString differenceOf(const CalibratedOutput& noted, const CalibratedOutput& now)
 QString faultOf(const CalibrationNote& note)
 {
     constexpr double softestDb = -120.0;
-    constexpr double slowestRate = 8000.0;
-    constexpr double fastestRate = 192000.0;
     const bool isTone = note.sound == "tone";
     const bool isGoodTone = note.frequency.has_value() == isTone
         && (!isTone || isWithin(*note.frequency, 1.0, note.rate / 2.0));

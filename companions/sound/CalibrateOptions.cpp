@@ -2,6 +2,7 @@
 // The command line of quorin-sound calibrate, and the limits of its sounds.
 #include "sound/CalibrateOptions.h"
 
+#include "input/SamplingRates.h"
 #include "output/OptionReader.h"
 #include "record/CalibrationNote.h"
 
@@ -15,10 +16,6 @@ namespace {
 constexpr double softestDb = -90.0;
 constexpr double loudestStartDb = -20.0;
 constexpr double largestStepDb = 6.0;
-constexpr double shortestMs = 200.0;
-constexpr double longestMs = 10000.0;
-constexpr int slowestRate = 8000;
-constexpr int fastestRate = 192000;
 constexpr double lowestFrequency = 20.0;
 constexpr double highestFrequencyShare = 0.45; // of the rate
 
@@ -47,6 +44,8 @@ void addCalibrateOptions(QCommandLineParser& parser)
 
 void readSound(const QCommandLineParser& parser, OptionReader& reader, CalibrationSound& sound)
 {
+    constexpr double shortestMs = 200.0;
+    constexpr double longestMs = 10000.0;
     sound.isNoise = parser.isSet("noise");
     if (sound.isNoise && parser.isSet("frequency")) {
         reader.fail("--frequency goes without --noise");

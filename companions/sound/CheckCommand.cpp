@@ -2,6 +2,7 @@
 // quorin-sound check from its options to its table.
 #include "sound/CheckCommand.h"
 
+#include "input/SamplingRates.h"
 #include "output/OptionReader.h"
 #include "session/Data.h"
 #include "session/Units.h"
@@ -15,12 +16,9 @@ using namespace quorin;
 
 namespace {
 
-constexpr int slowestRate = 8000;
-constexpr int fastestRate = 192000;
-constexpr double longestMs = 3600000.0;
-
 QString readSettings(const QCommandLineParser& parser, CheckedSettings& settings)
 {
+    constexpr double longestMs = 3600000.0;
     OptionReader reader(parser);
     if (!parser.positionalArguments().isEmpty()) {
         reader.fail("unknown argument: " + parser.positionalArguments().constFirst());

@@ -2,6 +2,7 @@
 // quorin-sound measure from its options to its table and files.
 #include "sound/MeasureCommand.h"
 
+#include "input/SamplingRates.h"
 #include "output/EndSignals.h"
 #include "output/OptionReader.h"
 #include "output/OutputFile.h"
@@ -18,11 +19,6 @@
 using namespace quorin;
 
 namespace {
-
-constexpr int slowestRate = 8000;
-constexpr int fastestRate = 192000;
-constexpr double shortestMs = 10.0;
-constexpr double longestMs = 5000.0;
 
 struct MeasureOptions {
     MeasuredPath path {}; ///< an output rate of 0 is that of the default output
@@ -58,6 +54,8 @@ void addMeasureOptions(QCommandLineParser& parser, const MeasureOptions& default
 
 QString mistakeIn(const QCommandLineParser& parser, MeasureOptions& options)
 {
+    constexpr double shortestMs = 10.0;
+    constexpr double longestMs = 5000.0;
     OptionReader reader(parser);
     if (!parser.positionalArguments().isEmpty()) {
         reader.fail("unknown argument: " + parser.positionalArguments().constFirst());
