@@ -2,14 +2,16 @@
 // The shapes of fitted psychometric functions, their inverses and slopes.
 #include "psychometrics/FittedFunction.h"
 
+#include "psychometrics/PsychometricFunction.h"
+
 #include <cmath>
 #include <gsl/gsl_cdf.h>
 #include <gsl/gsl_randist.h>
 #include <limits>
 
-namespace {
+using namespace quorin;
 
-constexpr double chance = 0.5;
+namespace {
 
 double cumulative(FitShape shape, double z)
 {
@@ -54,13 +56,13 @@ double density(FitShape shape, double z)
 
 double FittedFunction::probabilityRight(double decibels) const
 {
-    return chance
-        + (1.0 - chance - lapseRate) * cumulative(shape, (decibels - middleDb) / spreadDb);
+    return guessRate
+        + (1.0 - guessRate - lapseRate) * cumulative(shape, (decibels - middleDb) / spreadDb);
 }
 
 double FittedFunction::decibelsAt(double probability) const
 {
-    const double share = (probability - chance) / (1.0 - chance - lapseRate);
+    const double share = (probability - guessRate) / (1.0 - guessRate - lapseRate);
     return share > 0.0 && share < 1.0 ? middleDb + spreadDb * inverse(shape, share)
                                       : std::numeric_limits<double>::quiet_NaN();
 }
@@ -69,5 +71,5 @@ double FittedFunction::slope() const
 {
     constexpr double midway = 0.75;
     const double z = (decibelsAt(midway) - middleDb) / spreadDb;
-    return (1.0 - chance - lapseRate) * density(shape, z) / spreadDb;
+    return (1.0 - guessRate - lapseRate) * density(shape, z) / spreadDb;
 }

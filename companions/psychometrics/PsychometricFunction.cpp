@@ -6,11 +6,12 @@
 #include <gsl/gsl_cdf.h>
 #include <limits>
 
+using namespace quorin;
+
 namespace {
 
 using Kind = PsychometricFunction::Kind;
 
-constexpr double chance = 0.5;
 constexpr double gaussianAtThreshold = 0.430727; // Phi of it is 2/3
 
 double decibels(double value)
@@ -23,13 +24,13 @@ double decibels(double value)
 double logistic(double value, double threshold, double slopeDb)
 {
     const double middle = decibels(threshold) + slopeDb * std::log(2.0);
-    return chance + 0.5 / (1.0 + std::exp(-(decibels(value) - middle) / slopeDb));
+    return guessRate + 0.5 / (1.0 + std::exp(-(decibels(value) - middle) / slopeDb));
 }
 
 double weibull(double value, double threshold, double beta)
 {
     const double scale = threshold / std::pow(std::log(1.5), 1.0 / beta);
-    return chance + 0.5 * (1.0 - std::exp(-std::pow(value / scale, beta)));
+    return guessRate + 0.5 * (1.0 - std::exp(-std::pow(value / scale, beta)));
 }
 
 double gaussian(double value, double threshold, double k)
@@ -58,22 +59,22 @@ double withoutLapses(const PsychometricFunction& function, double value)
 double PsychometricFunction::probabilityRight(double value) const
 {
     const double guessed = 2.0 * lapseRate; // share of the trials; half of the guesses are right
-    return (1.0 - guessed) * withoutLapses(*this, value) + guessed * chance;
+    return (1.0 - guessed) * withoutLapses(*this, value) + guessed * guessRate;
 }
 
 PsychometricFunction logisticListener(double threshold, double slopeDb, double lapseRate)
 {
-    return {Kind::logistic, threshold, slopeDb, chance, lapseRate};
+    return {Kind::logistic, threshold, slopeDb, guessRate, lapseRate};
 }
 
 PsychometricFunction weibullListener(double threshold, double beta, double lapseRate)
 {
-    return {Kind::weibull, threshold, beta, chance, lapseRate};
+    return {Kind::weibull, threshold, beta, guessRate, lapseRate};
 }
 
 PsychometricFunction gaussianListener(double threshold, double k, double lapseRate)
 {
-    return {Kind::gaussian, threshold, k, chance, lapseRate};
+    return {Kind::gaussian, threshold, k, guessRate, lapseRate};
 }
 
 PsychometricFunction constantListener(double probability, double lapseRate)

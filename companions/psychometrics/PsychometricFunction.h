@@ -3,6 +3,13 @@
 
 #include <random>
 
+namespace quorin {
+
+/// Share of right answers of a listener who guesses between two intervals.
+constexpr double guessRate = 0.5;
+
+} // namespace quorin
+
 /// How often a listener is right about a deviant: from chance (0.5) for values far below the
 /// threshold to 1 far above it, less the lapse rate. Made by one of the functions below.
 struct PsychometricFunction {

@@ -4,6 +4,7 @@
 #include "report/RunFlags.h"
 
 #include "procedure/StaircaseRule.h"
+#include "psychometrics/PsychometricFunction.h"
 #include "report/Conditions.h"
 #include "report/Texts.h"
 #include "report/Units.h"
@@ -16,7 +17,6 @@ using namespace quorin;
 
 namespace {
 
-constexpr double chance = 0.5;
 constexpr double levelOfGuessing = 0.05;
 constexpr double levelOfRuns = 0.01; // every run is tested: few of many should be flagged by chance
 constexpr double levelOfStrangers = 0.05; // divided by the number of runs that are compared
@@ -73,7 +73,7 @@ void flagGuessing(Run& run)
     const QVector<Record>& records = run.data.records;
     const int nRight = static_cast<int>(std::count_if(
         records.cbegin(), records.cend(), [](const Record& record) { return record.correctness; }));
-    const double probability = binomialUpperTail(nRight, records.size(), chance);
+    const double probability = binomialUpperTail(nRight, records.size(), guessRate);
     if (probability > levelOfGuessing) {
         run.flags.append({"guessing",
             QString("%1 of %2 answers right, by chance in p = %3")
