@@ -2,6 +2,7 @@
 // Fitted psychometric functions as a table and as comma-separated values.
 #include "report/FitTable.h"
 
+#include "report/Csv.h"
 #include "report/Texts.h"
 #include "session/Units.h"
 
@@ -16,19 +17,6 @@ QString rounded(double number)
 {
     constexpr int significantDigits = 4;
     return std::isnan(number) ? "-" : QString::number(number, 'g', significantDigits);
-}
-
-QString exact(double number)
-{
-    constexpr int significantDigits = 10;
-    return std::isnan(number) ? QString() : QString::number(number, 'g', significantDigits);
-}
-
-QString quoted(QString field)
-{
-    const bool isPlain = !field.contains(',') && !field.contains('"') && !field.contains('\n')
-        && !field.contains('\r');
-    return isPlain ? field : '"' + field.replace("\"", "\"\"") + '"';
 }
 
 QString range(double low, double high)
@@ -83,20 +71,20 @@ QStringList csvRow(const SubjectFit& fit, const FitOptions& options)
 {
     const FittedFunction& function = fit.fit.function;
     const FitPrecision& precision = fit.precision;
-    QStringList row {quoted(fit.subject), fit.mainParameter, fit.sound, fit.sessionType, fit.unit,
+    QStringList row {fit.subject, fit.mainParameter, fit.sound, fit.sessionType, fit.unit,
         QString::number(fit.nRuns), QString::number(fit.nTrials),
         QString::number(fit.levels.size()), shapeName(function.shape)};
     for (size_t i = 0; i < fitTargets.size(); ++i) {
-        row << exact(fit.inUnit(function.decibelsAt(fitTargets[i])))
-            << exact(fit.inUnit(precision.thresholds[i].low))
-            << exact(fit.inUnit(precision.thresholds[i].high));
+        row << csvNumber(fit.inUnit(function.decibelsAt(fitTargets[i])))
+            << csvNumber(fit.inUnit(precision.thresholds[i].low))
+            << csvNumber(fit.inUnit(precision.thresholds[i].high));
     }
-    row << exact(inPercent(function.slope())) << exact(inPercent(precision.slope.low))
-        << exact(inPercent(precision.slope.high)) << asRate(function.lapseRate, csvDecimals)
+    row << csvNumber(inPercent(function.slope())) << csvNumber(inPercent(precision.slope.low))
+        << csvNumber(inPercent(precision.slope.high)) << asRate(function.lapseRate, csvDecimals)
         << asRate(precision.lapseRate.low, csvDecimals)
-        << asRate(precision.lapseRate.high, csvDecimals) << exact(function.middleDb)
-        << exact(function.spreadDb) << exact(fit.fit.deviance)
-        << exact(precision.devianceProbability) << (fit.fit.isAtLimit ? "1" : "0")
+        << asRate(precision.lapseRate.high, csvDecimals) << csvNumber(function.middleDb)
+        << csvNumber(function.spreadDb) << csvNumber(fit.fit.deviance)
+        << csvNumber(precision.devianceProbability) << (fit.fit.isAtLimit ? "1" : "0")
         << QString::number(options.nSamples) << QString::number(options.seed);
     return row;
 }
@@ -149,7 +137,7 @@ QString fitCsv(const QVector<SubjectFit>& fits, const FitOptions& options)
 {
     QString csv = fitCsvHeadings() + '\n';
     for (const SubjectFit& fit : fits) {
-        csv += csvRow(fit, options).join(',') + '\n';
+        csv += csvLine(csvRow(fit, options));
     }
     return csv;
 }

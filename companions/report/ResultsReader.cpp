@@ -120,7 +120,7 @@ QString changeOfHeader(const QByteArray& line)
 }
 
 // A damaged field may hold anything: a few characters of it are shown.
-QString quoted(const QByteArray& field)
+QString quotedField(const QByteArray& field)
 {
     constexpr int mostCharacters = 30;
     const QString text = QString::fromUtf8(field.left(mostCharacters));
@@ -137,9 +137,9 @@ QString readValue(const QByteArray& field, double& value)
     }
     if (resultsNumber(QByteArray(field).replace(',', '.').toDouble()).replace('.', ',').toLatin1()
         == field) {
-        return quoted(field) + " has a decimal comma: a spreadsheet or an editor changed the file";
+        return quotedField(field) + " has a decimal comma: a spreadsheet or an editor changed the file";
     }
-    return quoted(field) + " is not a value with 6 decimals";
+    return quotedField(field) + " is not a value with 6 decimals";
 }
 
 QString readPosition(const QByteArray& field, int& position)
@@ -148,14 +148,14 @@ QString readPosition(const QByteArray& field, int& position)
     position = field.size() == 1 ? field[0] - '0' : 0;
     return position >= 1 && position <= nIntervals
         ? QString()
-        : quoted(field) + " is not a position from 1 to 4";
+        : quotedField(field) + " is not a position from 1 to 4";
 }
 
 QString readCorrectness(const QByteArray& field, bool& correctness)
 {
     correctness = field == "1";
     return correctness || field == "0" ? QString()
-                                       : quoted(field) + " is not a correctness, 0 or 1";
+                                       : quotedField(field) + " is not a correctness, 0 or 1";
 }
 
 QString readReactionTime(const QByteArray& field, double& reactionTime)
@@ -165,7 +165,7 @@ QString readReactionTime(const QByteArray& field, double& reactionTime)
     const bool isTime = std::isfinite(reactionTime) && reactionTime >= 0.0;
     return isTime && QByteArray::number(reactionTime, 'g', significantDigits) == field
         ? QString()
-        : quoted(field) + " is not a reaction time in ms";
+        : quotedField(field) + " is not a reaction time in ms";
 }
 
 QString readRecord(const QByteArray& line, Record& record)
