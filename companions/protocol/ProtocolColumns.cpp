@@ -12,7 +12,7 @@ using namespace quorin;
 
 namespace {
 
-constexpr std::array<ProtocolColumn, nProtocolColumns> columns {{
+constexpr std::array<ProtocolColumn, nProtocolColumns> allColumns {{
     {"session type", "comboBoxSesType", CellKind::choice, ""},
     {"sound type", "comboBoxSoundType", CellKind::choice, ""},
     {"main parameter", "comboBoxMainParameter", CellKind::choice, ""},
@@ -59,7 +59,7 @@ QString yesOrNo(bool isYes)
 
 const ProtocolColumn& protocolColumn(int column)
 {
-    return columns.at(static_cast<size_t>(column));
+    return allColumns.at(static_cast<size_t>(column));
 }
 
 int protocolColumnIndex(const QString& heading)
