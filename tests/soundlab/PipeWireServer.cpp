@@ -2,6 +2,8 @@
 // A private PipeWire with its PulseAudio server and a null sink.
 #include "soundlab/PipeWireServer.h"
 
+#include "soundlab/ServerParts.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -9,11 +11,11 @@
 
 #include <utility>
 
+using namespace quorin;
+
 namespace {
 
-constexpr int startTimeoutMs = 20000;
 constexpr int commandTimeoutMs = 5000;
-constexpr auto sinkName = "lab";
 
 } // namespace
 
@@ -131,7 +133,7 @@ bool PipeWireServer::launch(
         return process.state() == QProcess::NotRunning || socket.isEmpty()
             || QFileInfo::exists(socket);
     };
-    const bool isUp = process.waitForStarted() && QTest::qWaitFor(isDecided, startTimeoutMs)
+    const bool isUp = process.waitForStarted() && QTest::qWaitFor(isDecided, serverStartTimeoutMs)
         && process.state() == QProcess::Running;
     if (!isUp) {
         process.end();
@@ -169,7 +171,7 @@ bool PipeWireServer::makeSink()
             && run("pactl", server + QStringList {"info"})
             && m_answer.contains(QByteArray("Default Sink: ") + sinkName + "\n");
     };
-    return QTest::qWaitFor(isDefault, startTimeoutMs);
+    return QTest::qWaitFor(isDefault, serverStartTimeoutMs);
 }
 
 bool PipeWireServer::setQuantum()

@@ -2,6 +2,8 @@
 // A private PulseAudio server with a null sink.
 #include "soundlab/SoundServer.h"
 
+#include "soundlab/ServerParts.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -10,11 +12,11 @@
 #include <algorithm>
 #include <utility>
 
+using namespace quorin;
+
 namespace {
 
-constexpr int startTimeoutMs = 20000;
 constexpr int queryTimeoutMs = 5000;
-constexpr auto sinkName = "lab";
 
 } // namespace
 
@@ -50,7 +52,8 @@ bool SoundServer::start()
     m_process.start("pulseaudio", arguments());
     const auto isDecided
         = [this] { return m_process.state() == QProcess::NotRunning || !description().isEmpty(); };
-    const bool isUp = m_process.waitForStarted() && QTest::qWaitFor(isDecided, startTimeoutMs);
+    const bool isUp
+        = m_process.waitForStarted() && QTest::qWaitFor(isDecided, serverStartTimeoutMs);
     // The server goes on without a module that it could not load.
     if (!isUp || !description().contains(QByteArray("Default Sink: ") + sinkName + "\n")) {
         stop();
