@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What Go does, in its order, and how subject windows are connected.
+#include "support/AudioWarnings.h"
 #include "support/DrivenRun.h"
 #include "support/WindowTest.h"
 
 #include <QAudioFormat>
 
 namespace {
-
-const QString notSupported("Raw audio format not supported by backend, cannot play audio.");
 
 // Writes down what happens to the window and its subject windows, in order.
 class StepRecorder : public QObject {

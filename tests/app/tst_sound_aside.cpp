@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Sounds that still play when the next one starts: what their end frees, and whose trial it ends.
 #include "RunningTrial.h"
+#include "support/AudioWarnings.h"
 #include "support/WindowTest.h"
 
 class TestSoundAside : public WindowTest {
@@ -20,7 +21,7 @@ private slots:
     {
         QFETCH(int, state);
         QFETCH(bool, isFreed);
-        tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
+        tolerateWarning(anyStopped);
         RunningTrial trial(4);
         const QPointer<QAudioOutput> aside(addSoundAside(trial.window));
         const QAudioOutput* const current = Probe::audioOutput(trial.window);
@@ -59,7 +60,7 @@ private slots:
 
     void fourthSound_endsNoTrial_whenItsOutputStopped()
     {
-        tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
+        tolerateWarning(anyStopped);
         RunningTrial trial(4);
         const QPointer<QAudioOutput> fourth(addSoundAside(trial.window, 4));
         trial.driver.startSound();

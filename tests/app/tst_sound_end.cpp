@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What happens when an output is idle or has stopped, and what is released then.
 #include "RunningTrial.h"
+#include "support/AudioWarnings.h"
 #include "support/WindowTest.h"
-
-namespace {
-
-const QString stopped("Audio stopped unexpectedly");
-
-} // namespace
 
 class TestSoundEnd : public WindowTest {
     Q_OBJECT

@@ -2,6 +2,7 @@
 // A window that got bad input works as a new one when it gets good input again.
 #include "hostile/HostileWindow.h"
 #include "hostile/ProcessUse.h"
+#include "support/AudioWarnings.h"
 #include "support/WindowTest.h"
 
 #include <algorithm>
@@ -74,7 +75,7 @@ protected slots:
         tolerateWarning(QRegularExpression("^Attempting to set invalid range for value axis: "));
         tolerateWarning(QRegularExpression("^Broken filename passed to function$"));
         tolerateWarning(QRegularExpression("^QFSFileEngine::open: No file name specified$"));
-        tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$")); // some sounds fail
+        tolerateWarning(anyStopped); // some sounds fail
     }
 
 private slots:

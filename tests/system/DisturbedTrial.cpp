@@ -5,6 +5,7 @@
 #include "support/MainWindowProbe.h"
 #include "support/TrialRecording.h"
 #include "support/WindowWidgets.h"
+#include "system/SoundLab.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -33,7 +34,6 @@ void DisturbedTrial::setUnmodulatedTones() const
 
 bool DisturbedTrial::play()
 {
-    constexpr int timeoutMs = 60000;
     m_listener.stopAfter(1);
     m_listener.startRun();
     const auto hasEnded = [this] {

@@ -4,6 +4,8 @@
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
 
+constexpr int timeoutMs = 60000; ///< of whatever a server does
+
 /// A sound server with a recorder: without one its sink works in blocks of seconds, and the ends of
 /// sounds are reported late.
 struct SoundLab {

@@ -13,7 +13,7 @@ namespace {
 constexpr int runTimeoutMs = 30000; // for valgrind
 
 // ALSA's null device takes every sample at once: a sound's end comes from inside the backend.
-constexpr auto configuration
+constexpr auto discardedSound
     = "pcm.default { type null hint { show on description \"discards all sound\" } }\n";
 
 } // namespace
@@ -43,7 +43,7 @@ private slots:
     }
 
 private:
-    AlsaAlone m_alsa {configuration};
+    AlsaAlone m_alsa {discardedSound};
 };
 
 QUORIN_TEST(TestAlsaRun);

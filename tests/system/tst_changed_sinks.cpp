@@ -6,6 +6,7 @@
 #include "soundlab/SoundServer.h"
 #include "support/QuietTest.h"
 #include "system/DisturbedTrial.h"
+#include "system/SoundLab.h"
 
 #include <QAudioDeviceInfo>
 
@@ -14,7 +15,6 @@
 
 namespace {
 
-constexpr int timeoutMs = 20000;
 const QString otherSink("other");
 
 // A sink that writes what it plays into a pipe can sleep while it is recorded; a recorder of the

@@ -2,6 +2,7 @@
 // The sound server stands still in a trial.
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
+#include "support/AudioWarnings.h"
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
 #include "system/DisturbedTrial.h"
@@ -93,9 +94,8 @@ private slots:
     void soundWhoseSinkIsTaken_isTold_andHoldsNothingUp()
     {
         constexpr int patienceMs = 5000; // of a trial that waits for a sound's end
-        const QString line("Audio stopped unexpectedly");
         tolerateWarning(QRegularExpression("^\"Stream error: "));
-        announceWarning(line);
+        announceWarning(stopped);
         SoundRecorder recorder(m_server);
         QVERIFY2(recorder.start(), qPrintable(recorder.errorText()));
         DisturbedTrial trial;

@@ -6,6 +6,7 @@
 #include "support/QuietTest.h"
 #include "support/TrialRecording.h"
 #include "support/WindowWidgets.h"
+#include "system/SoundLab.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -14,7 +15,6 @@ using namespace quorin;
 
 namespace {
 
-constexpr int timeoutMs = 60000;
 constexpr auto silentIntervalMs = "60";
 
 // The rate of sink and session: each has a process of its own, since Qt's connection to the sound

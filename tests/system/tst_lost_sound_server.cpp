@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A sound server or a device that goes during a run, and comes back or does not.
+#include "support/AudioWarnings.h"
 #include "support/DrivenRun.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
@@ -19,8 +20,6 @@ using namespace quorin;
 
 namespace {
 
-constexpr int timeoutMs = 60000;
-const QString stopped("Audio stopped unexpectedly");
 const QString notConnected("PulseAudioService: pa_context_connect() failed");
 
 // A window of its own with a run that has come to a phase. Its sounds are long, and at a low rate,
@@ -195,7 +194,7 @@ private slots:
         watchTheServer();
         loseTheServer();
         QTRY_VERIFY_WITH_TIMEOUT(messages().contains(notConnected), timeoutMs);
-        tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
+        tolerateWarning(anyStopped);
         QCOMPARE(pileAfterRuns(window, boxes, nRuns), QString());
         QCOMPARE(messages().count(stopped), nRuns * ticksPerRepeatedRun);
         QCOMPARE(outcomeOfARun(window, boxes, PhasedRun::noiseAndDepth), m_expected);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Runs without a sound device.
+#include "support/AudioWarnings.h"
 #include "support/MainWindowProbe.h"
 #include "support/ModalBoxes.h"
 #include "support/QuietTest.h"
@@ -12,8 +13,6 @@
 
 namespace {
 
-const QString notSupported("Raw audio format not supported by backend, cannot play audio.");
-const QString stopped("Audio stopped unexpectedly");
 const QString nullDevice("using null output device, none available");
 
 } // namespace

@@ -10,6 +10,7 @@
 #include "soundlab/RecordedSounds.h"
 #include "soundlab/SoundRecorder.h"
 #include "soundlab/SoundServer.h"
+#include "support/AudioWarnings.h"
 #include "support/Files.h"
 #include "support/MainWindowProbe.h"
 #include "support/QuietTest.h"
@@ -131,7 +132,7 @@ private slots:
     void trial_isEndedFromOutside_whenItsDeviceWasPulledOut()
     {
         tolerateWarning(QRegularExpression("^\"Stream error: "));
-        announceWarning(QString("Audio stopped unexpectedly"));
+        announceWarning(stopped);
         const QTemporaryDir folder;
         MainWindow window;
         FlightRecorder recorder(window, folder.path(), 11);
@@ -252,7 +253,7 @@ private:
 
     void tolerateLoss()
     {
-        tolerateWarning(QRegularExpression("^Audio stopped unexpectedly$"));
+        tolerateWarning(anyStopped);
         tolerateWarning(QRegularExpression("^\"Stream error: "));
         tolerateWarning(QRegularExpression("^PulseAudioService: "));
         tolerateWarning(QRegularExpression("^Sound (interrupted|late): "));
