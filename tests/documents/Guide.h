@@ -5,6 +5,14 @@
 #include <QString>
 #include <QTest>
 
+constexpr int percent = 100;
+
+/// A number as the guide writes it.
+inline QString decimals(double number, int count)
+{
+    return QString::number(number, 'f', count);
+}
+
 /// The text of the user guide with every stretch of white space as one blank and without the marks
 /// of bold, code and quotation. Ends the test program when the guide cannot be read.
 inline QString userGuide()

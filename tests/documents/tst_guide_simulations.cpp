@@ -13,13 +13,6 @@ using namespace quorin;
 
 namespace {
 
-constexpr int percent = 100;
-
-QString decimals(double number, int count)
-{
-    return QString::number(number, 'f', count);
-}
-
 struct Reversals {
     int all;
     int averaged;

@@ -13,13 +13,7 @@ using namespace quorin;
 
 namespace {
 
-constexpr int percent = 100;
 constexpr int msPerSecond = 1000;
-
-QString decimals(double number, int count)
-{
-    return QString::number(number, 'f', count);
-}
 
 QString whole(double number)
 {

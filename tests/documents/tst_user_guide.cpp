@@ -18,16 +18,9 @@ using namespace quorin;
 
 namespace {
 
-constexpr int percent = 100;
-
 double decibels(double ratio)
 {
     return 20.0 * std::log10(ratio);
-}
-
-QString decimals(double number, int count)
-{
-    return QString::number(number, 'f', count);
 }
 
 /// Level of a tone of 600 ms re full scale, by its depth of modulation.
