@@ -20,11 +20,9 @@ struct Ramp {
     Gain gain;
 };
 
-constexpr double pi = 3.141592653589793;
-
 double halfCosine(double i, double n)
 {
-    return (1 - std::cos(i / n * pi)) * 0.5;
+    return (1 - std::cos(i / n * M_PI)) * 0.5;
 }
 
 double squaredHalfCosine(double i, double n)

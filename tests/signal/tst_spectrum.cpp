@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
-
 // Bins are off by a few epsilons of the sound's level, here 1, for every pass of the transform.
 constexpr double spectrumTolerance = 1e-14;
 
@@ -18,7 +16,7 @@ QVector<double> tone(int size, double cycles, double amplitude, double phase)
 {
     QVector<double> sound(size);
     for (int i = 0; i < size; ++i) {
-        sound[i] = amplitude * std::cos(2 * pi * cycles * i / size + phase);
+        sound[i] = amplitude * std::cos(2 * M_PI * cycles * i / size + phase);
     }
     return sound;
 }
@@ -40,8 +38,8 @@ private slots:
     {
         QTest::addColumn<double>("phase");
         QTest::newRow("cosine") << 0.0;
-        QTest::newRow("sine") << -pi / 2;
-        QTest::newRow("negative sine") << pi / 2;
+        QTest::newRow("sine") << -M_PI / 2;
+        QTest::newRow("negative sine") << M_PI / 2;
         QTest::newRow("between") << 1.0;
         QTest::newRow("near the end") << -3.0;
     }
@@ -74,7 +72,7 @@ private slots:
     {
         const Spectrum spectrum = spectrumOf(impulse(16), 16, 16);
         QCOMPARE(spectrum.amplitude[0], std::sqrt(2.0) / 8);
-        QCOMPARE(spectrum.phase[0], -pi / 4);
+        QCOMPARE(spectrum.phase[0], -M_PI / 4);
         QCOMPARE(spectrum.amplitude.mid(1), QVector<double>(7, 1.0 / 8));
         QCOMPARE(spectrum.phase.mid(1), QVector<double>(7, 0.0));
     }
@@ -150,7 +148,7 @@ private slots:
         QCOMPARE(static_cast<int>(peak - spectrum.amplitude.begin()), 819);
         // The window's main lobe 0.2 bins off: sin(x) / x at x = pi 0.2 24000 / 32768. The mirror
         // image of the tone adds less than 1 / (24000 sin(pi 1638 / 32768)) to it.
-        const double x = pi * 0.2 * 24000 / 32768;
+        const double x = M_PI * 0.2 * 24000 / 32768;
         QVERIFY(std::abs(*peak - std::sin(x) / x) < 3e-4);
         QVERIFY(*peak < 1.0);
     }
@@ -236,7 +234,7 @@ private slots:
 
 private:
     // 600 ms of 1000 Hz at 40 kHz.
-    static QVector<double> paddedToneSound() { return tone(24000, 600, 1, -pi / 2); }
+    static QVector<double> paddedToneSound() { return tone(24000, 600, 1, -M_PI / 2); }
 
     static void verifySame(const Spectrum& a, const Spectrum& b)
     {

@@ -13,11 +13,6 @@ using namespace quorin;
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
-
-// One rounding or two of numbers of about 1.
-constexpr double roundingTolerance = 1e-15;
-
 Data unlikeSounds()
 {
     Data data;
@@ -38,7 +33,7 @@ Data barEnvelope()
     Data data;
     data.soundType = sinusoidCarrier;
     data.cf = {0.0, 0.0};
-    data.cfPhase = {pi / 2, pi / 2};
+    data.cfPhase = {M_PI / 2, M_PI / 2};
     return data;
 }
 

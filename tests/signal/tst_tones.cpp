@@ -9,13 +9,9 @@
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
 constexpr double twoPi = 6.283185307179586;
 constexpr double radiansPerDegree = 0.017453292519943295;
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-
-// Both sides round a handful of operations on numbers of about 1.
-constexpr double roundingTolerance = 1e-15;
 
 } // namespace
 
@@ -125,7 +121,7 @@ private slots:
         QCOMPARE(envelope.size(), 8);
         QUORIN_COMPARE_EXACT(envelope[0], amplitude);
         for (int k = 0; k < envelope.size(); ++k) {
-            const double expected = amplitude * (1 + std::cos(pi * k / 4)) / 2;
+            const double expected = amplitude * (1 + std::cos(M_PI * k / 4)) / 2;
             QVERIFY(std::abs(envelope[k] - expected) < roundingTolerance);
         }
     }

@@ -9,6 +9,9 @@
 #include <cmath>
 #include <cstring>
 
+/// Of a handful of operations on numbers of about 1.
+constexpr double roundingTolerance = 1e-15;
+
 /// Whether two numbers are the same to the last bit: 0 is not -0, and a NaN is itself.
 inline bool sameBits(double a, double b)
 {

@@ -13,8 +13,7 @@ using namespace quorin;
 
 namespace {
 
-constexpr double pi = 3.14159265358979323846;
-constexpr int rate = 40000;
+constexpr int playedRate = 40000;
 
 // Samples of single precision: 2^-24 of a tone's magnitude is -150 dB.
 constexpr double levelTolerance = 1e-5; // dB
@@ -30,7 +29,7 @@ QVector<float> silence(int nSamples)
 
 QVector<float> surrounded(const QVector<float>& sound)
 {
-    return silence(4321) + sound + silence(rate / 10);
+    return silence(4321) + sound + silence(playedRate / 10);
 }
 
 QVector<float> scaled(QVector<float> sound, float factor)
@@ -45,14 +44,15 @@ QVector<float> scaled(QVector<float> sound, float factor)
 QVector<float> withTone(QVector<float> sound, double frequency, double amplitude)
 {
     for (int k = 0; k < sound.size(); ++k) {
-        sound[k] += static_cast<float>(amplitude * std::sin(2.0 * pi * frequency * k / rate));
+        sound[k]
+            += static_cast<float>(amplitude * std::sin(2.0 * M_PI * frequency * k / playedRate));
     }
     return sound;
 }
 
 LostSamples lostOf(const QVector<float>& recording, int nPlayed)
 {
-    return lostSamples(recording, nPlayed, rate, rate);
+    return lostSamples(recording, nPlayed, playedRate, playedRate);
 }
 
 } // namespace
@@ -83,9 +83,9 @@ private slots:
     {
         QFETCH(float, factor);
         QFETCH(double, levelDb);
-        const QVector<ToneFigures> tones
-            = toneFigures(surrounded(scaled(toneSequence(rate), factor)), rate, rate);
-        QCOMPARE(tones.size(), measuredFrequencies(rate).size());
+        const QVector<ToneFigures> tones = toneFigures(
+            surrounded(scaled(toneSequence(playedRate), factor)), playedRate, playedRate);
+        QCOMPARE(tones.size(), measuredFrequencies(playedRate).size());
         for (const ToneFigures& tone : tones) {
             QVERIFY2(std::abs(tone.levelDb - levelDb) < levelTolerance,
                 qPrintable(QString("%1 Hz: %2 dB").arg(tone.frequency).arg(tone.levelDb)));
@@ -118,9 +118,10 @@ private slots:
         QFETCH(double, frequency);
         QFETCH(double, levelDb);
         const double amplitude = measuringAmplitude * std::pow(10.0, levelDb / 20.0);
-        const QVector<ToneFigures> tones = toneFigures(
-            surrounded(withTone(toneSequence(rate), frequency, amplitude)), rate, rate);
-        QCOMPARE(tones.size(), measuredFrequencies(rate).size());
+        const QVector<ToneFigures> tones
+            = toneFigures(surrounded(withTone(toneSequence(playedRate), frequency, amplitude)),
+                playedRate, playedRate);
+        QCOMPARE(tones.size(), measuredFrequencies(playedRate).size());
         for (const ToneFigures& tone : tones) {
             QVERIFY2(std::abs(tone.imageDb - levelDb) < imageToleranceDb,
                 qPrintable(QString("%1 Hz: %2 dB").arg(tone.frequency).arg(tone.imageDb)));
@@ -132,12 +133,12 @@ private slots:
     void tone_aboveHalfTheRecordingsRate_cannotArrive()
     {
         QVector<float> everyFourth;
-        const QVector<float> sequence = surrounded(toneSequence(rate));
+        const QVector<float> sequence = surrounded(toneSequence(playedRate));
         for (int k = 0; k < sequence.size(); k += 4) {
             everyFourth.append(sequence[k]);
         }
-        const QVector<ToneFigures> tones = toneFigures(everyFourth, rate, rate / 4);
-        QCOMPARE(tones.size(), measuredFrequencies(rate).size());
+        const QVector<ToneFigures> tones = toneFigures(everyFourth, playedRate, playedRate / 4);
+        QCOMPARE(tones.size(), measuredFrequencies(playedRate).size());
         QCOMPARE(tones[6].frequency, 6000.0);
         QVERIFY(std::isinf(tones[6].levelDb));
         QVERIFY(std::abs(tones[6].imageHz - 4000.0) < 1.0); // where it is folded to
@@ -146,10 +147,10 @@ private slots:
 
     void silentOrShortRecording_hasNoFigures()
     {
-        QVERIFY(toneFigures({}, rate, rate).isEmpty());
-        QVERIFY(toneFigures(silence(4 * rate), rate, rate).isEmpty());
-        const QVector<float> whole = toneSequence(rate);
-        QVERIFY(toneFigures(whole.mid(0, whole.size() / 2), rate, rate).isEmpty());
+        QVERIFY(toneFigures({}, playedRate, playedRate).isEmpty());
+        QVERIFY(toneFigures(silence(4 * playedRate), playedRate, playedRate).isEmpty());
+        const QVector<float> whole = toneSequence(playedRate);
+        QVERIFY(toneFigures(whole.mid(0, whole.size() / 2), playedRate, playedRate).isEmpty());
     }
 
     void losses_areOfBeginAndEnd_data()
@@ -185,7 +186,7 @@ private slots:
             doubled.append(sample);
             doubled.append(sample);
         }
-        const LostSamples lost = lostSamples(doubled, 1000, rate, 2 * rate);
+        const LostSamples lost = lostSamples(doubled, 1000, playedRate, 2 * playedRate);
         QCOMPARE(lost.atBegin, 0.0);
         QCOMPARE(lost.atEnd, 20.0);
     }
@@ -200,7 +201,7 @@ private slots:
 
     void exactness_isOfEverySample()
     {
-        const QVector<float> sound = toneSequence(rate);
+        const QVector<float> sound = toneSequence(playedRate);
         QVERIFY(holdsExactly(surrounded(sound), sound));
         QVector<float> other = surrounded(sound);
         float& sample = other[other.size() / 2];
