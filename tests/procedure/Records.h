@@ -7,6 +7,9 @@
 #include <QTest>
 #include <QVector>
 
+/// A main parameter that the windows do not have.
+constexpr int otherParameter = 2;
+
 /// One answered trial with the deviant in interval 2.
 inline Record answered(bool isCorrect, double value = 0.0, double reactionTime = 0.0)
 {

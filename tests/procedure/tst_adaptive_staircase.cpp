@@ -12,12 +12,6 @@ using namespace quorin;
 
 using Values = QVector<double>;
 
-namespace {
-
-constexpr int otherParameter = 2;
-
-} // namespace
-
 class TestAdaptiveStaircase : public WindowTest {
     Q_OBJECT
 

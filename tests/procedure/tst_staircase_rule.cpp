@@ -13,7 +13,6 @@ using namespace quorin;
 namespace {
 
 constexpr double noCeiling = std::numeric_limits<double>::infinity();
-constexpr int otherParameter = 2;
 
 using Steps = QVector<int>;
 using Values = QVector<double>;

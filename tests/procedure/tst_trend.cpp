@@ -15,8 +15,6 @@ using Values = QVector<double>;
 
 namespace {
 
-constexpr int otherParameter = 2;
-
 /// Adds an answered trial whose depth is shown as this many percent.
 void addDepth(SilentRun& run, double depthPercent)
 {
