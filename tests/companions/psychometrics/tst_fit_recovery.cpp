@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Fits recover the functions that simulated listeners answered by.
+#include "companions/psychometrics/Fits.h"
 #include "companions/simulate/Simulations.h"
-#include "psychometrics/PsychometricFit.h"
 #include "statistics/Spread.h"
 #include "support/QuietTest.h"
 
 #include <cmath>
 #include <map>
 
-Q_DECLARE_METATYPE(FitShape)
-Q_DECLARE_METATYPE(PsychometricFunction)
-
 namespace {
 
-constexpr LapseLimits fittedLapses {0.0, 0.06};
 constexpr int nListeners = 60;
 constexpr int nRunsEach = 10;
 

@@ -1,19 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Fits against figures from R and against those that can be written down.
-#include "psychometrics/PsychometricFit.h"
+#include "companions/psychometrics/Fits.h"
 #include "support/QuietTest.h"
 
 #include <cmath>
 #include <limits>
 
-Q_DECLARE_METATYPE(FitShape)
-Q_DECLARE_METATYPE(LapseLimits)
 Q_DECLARE_METATYPE(std::vector<double>)
 
 namespace {
 
 constexpr LapseLimits noLapses {0.0, 0.0};
-constexpr LapseLimits fittedLapses {0.0, 0.06};
 
 // Both searches end where the likelihood is flat to the last digits: half of them are lost there.
 constexpr double searchTolerance = 2e-5;

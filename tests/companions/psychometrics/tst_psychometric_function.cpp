@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The functions that simulated listeners answer by, at known points.
-#include "psychometrics/PsychometricFunction.h"
+#include "companions/psychometrics/Fits.h"
 #include "support/QuietTest.h"
 
 #include <cmath>
@@ -26,8 +26,6 @@ void addListeners()
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(PsychometricFunction)
 
 class TestPsychometricFunction : public QuietTest {
     Q_OBJECT

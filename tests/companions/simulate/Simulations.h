@@ -3,6 +3,10 @@
 
 #include "simulate/SimulatedRuns.h"
 
+#include <QMetaType>
+
+Q_DECLARE_METATYPE(Simulation)
+
 constexpr double depthThreshold = 0.056234; // -25 dB
 
 /// The defaults with a listener.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Simulated runs against the known figures of the staircase.
+#include "companions/psychometrics/Fits.h"
 #include "companions/simulate/Simulations.h"
 #include "procedure/SilentRun.h"
 #include "simulate/RunStatistics.h"
@@ -8,9 +9,6 @@
 #include <cmath>
 
 using namespace quorin;
-
-Q_DECLARE_METATYPE(PsychometricFunction)
-Q_DECLARE_METATYPE(Simulation)
 
 namespace {
 

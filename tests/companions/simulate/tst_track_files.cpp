@@ -10,8 +10,6 @@
 
 using namespace quorin;
 
-Q_DECLARE_METATYPE(Simulation)
-
 namespace {
 
 QStringList tracksWritten(const TrackTarget& target, const Simulation& simulation)
