@@ -61,7 +61,7 @@ QVector<QPointF> zigzag(double lastX, const QVector<double>& rangeY)
 }
 
 const State usual = {50, {0, 50}, {-1, 1}};
-const State other = {20, {0, 20}, {-0.5, 2}};
+const State another = {20, {0, 20}, {-0.5, 2}};
 const State level = {50, {0, 50}, {0.25, 0.25}};
 const State silent = {50, {0, 50}, {0, 0}};
 const State noTime = {50, {0, 0}, {-1, 1}};
@@ -84,13 +84,13 @@ private slots:
             QTest::newRow(name) << states << true;
             QTest::addRow("%s, painted once", name) << states << false;
         };
-        row("usual", {usual, other, usual, usual});
-        row("constant sound", {usual, level, level, usual, other});
-        row("silent sound", {usual, silent, silent, other});
+        row("usual", {usual, another, usual, usual});
+        row("constant sound", {usual, level, level, usual, another});
+        row("silent sound", {usual, silent, silent, another});
         row("no time to show", {usual, noTime, level, noTime, usual});
-        row("undefined sound", {usual, undefined, other, undefined});
+        row("undefined sound", {usual, undefined, another, undefined});
         row("undefined after silent", {usual, silent, undefined, undefined, usual});
-        row("negative time", {usual, backwards, other});
+        row("negative time", {usual, backwards, another});
     }
 
     void picture_isThatOfPointsBeforeRanges()

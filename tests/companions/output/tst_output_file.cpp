@@ -17,7 +17,7 @@ namespace {
 
 using Kind = OutputFile::Kind;
 
-const QByteArray headings("file,threshold");
+const QByteArray tableHeadings("file,threshold");
 const QByteArray table("file,threshold\na.txt,5\n");
 
 class Folder {
@@ -37,7 +37,10 @@ public:
             .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
     }
 
-    OutputFile output(Kind kind, bool isForced) const { return {path(), kind, headings, isForced}; }
+    OutputFile output(Kind kind, bool isForced) const
+    {
+        return {path(), kind, tableHeadings, isForced};
+    }
 
 private:
     QTemporaryDir m_folder;
@@ -132,7 +135,7 @@ private slots:
         folder.fill(table);
         QVERIFY(!outputObstacle(folder.output(Kind::table, false)).isEmpty());
         QCOMPARE(outputObstacle(folder.output(Kind::table, true)), QString());
-        const OutputFile lost {folder.path("no/where"), Kind::table, headings, true};
+        const OutputFile lost {folder.path("no/where"), Kind::table, tableHeadings, true};
         QCOMPARE(outputObstacle(lost),
             folder.path("no/where") + ": there is no folder " + folder.path("no") + ": make it");
         QCOMPARE(folder.names(), QStringList("output"));
@@ -172,9 +175,9 @@ private slots:
         const QTemporaryDir folder;
         const QString before = QDir::currentPath();
         QVERIFY(QDir::setCurrent(folder.path()));
-        QVERIFY(writeOutput({"-", Kind::table, headings, true}, table)
+        QVERIFY(writeOutput({"-", Kind::table, tableHeadings, true}, table)
                     .startsWith("-: standard output does not take this: give a file's name"));
-        QCOMPARE(writeOutput({"./-", Kind::table, headings, false}, table), QString());
+        QCOMPARE(writeOutput({"./-", Kind::table, tableHeadings, false}, table), QString());
         QVERIFY(QDir::setCurrent(before));
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList("-"));
     }
@@ -213,7 +216,7 @@ private slots:
 
     void device_isWrittenTo_andStaysADevice()
     {
-        const OutputFile full {"/dev/full", Kind::table, headings, true};
+        const OutputFile full {"/dev/full", Kind::table, tableHeadings, true};
         QCOMPARE(writeOutput(full, table),
             QString("/dev/full: cannot be written: No space left on device"));
         const OutputFile null {"/dev/null", Kind::marked, {}, false};

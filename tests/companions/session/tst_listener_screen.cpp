@@ -12,12 +12,6 @@
 
 #include <memory>
 
-namespace {
-
-const QColor coverColour(Qt::darkGray);
-
-} // namespace
-
 class TestListenerScreen : public WindowTest {
     Q_OBJECT
 
@@ -29,6 +23,7 @@ public:
 
 private:
     ManagedScreen& m_screen;
+    const QColor m_coverColour {Qt::darkGray};
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<ListenerScreen> m_listenerScreen;
     std::unique_ptr<RunDriver> m_driver;
@@ -37,7 +32,7 @@ private:
     QPoint onTheMainWindow() const { return m_window->mapToGlobal(QPoint(30, 30)); }
     bool isMainWindowShown() const
     {
-        return ManagedScreen::colourAt(onTheMainWindow()) != coverColour;
+        return ManagedScreen::colourAt(onTheMainWindow()) != m_coverColour;
     }
 
     void makeWindow(bool isFullScreen, bool isCovered)
@@ -93,7 +88,7 @@ private slots:
         m_driver->open();
         QVERIFY(m_screen.becomesUsable(listener()));
         for (const QPoint place : {QPoint(0, 0), QPoint(1365, 767), onTheMainWindow()}) {
-            QTRY_COMPARE(ManagedScreen::colourAt(place), coverColour);
+            QTRY_COMPARE(ManagedScreen::colourAt(place), m_coverColour);
         }
         QVERIFY(m_screen.press("Return"));
         QTRY_COMPARE(Probe::data(*m_window).nTrials, 1);

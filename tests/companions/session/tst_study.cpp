@@ -12,7 +12,7 @@
 
 namespace {
 
-const QByteArray rows = "2,,,\n1,sinusoid,Rest,";
+const QByteArray twoRows = "2,,,\n1,sinusoid,Rest,";
 
 RunBegun begunRun(const Study& study, int index)
 {
@@ -48,7 +48,7 @@ private slots:
     void protocol_isReadWithItsDigest()
     {
         const QTemporaryDir folder;
-        const QByteArray bytes = quickProtocol(rows);
+        const QByteArray bytes = quickProtocol(twoRows);
         const StudyProtocol read = studyProtocol(writtenFile(folder, "study.csv", bytes));
         QCOMPARE(read.errors, QStringList());
         QCOMPARE(read.name, QString("study.csv"));
@@ -73,7 +73,7 @@ private slots:
     {
         const QTemporaryDir folder;
         StudyRequest request;
-        request.protocol = writtenFile(folder, "study.csv", quickProtocol(rows));
+        request.protocol = writtenFile(folder, "study.csv", quickProtocol(twoRows));
         request.subject = "S07";
         const StudyProtocol file = studyProtocol(request.protocol);
         const Study first = plannedStudy(request, file, {}, 5);

@@ -18,7 +18,6 @@
 
 namespace {
 
-const QColor coverColour(Qt::darkGray);
 const QRect first(0, 0, 1280, 800);
 const QRect second(1280, 0, 1024, 768);
 const QList<QVariant> movedToTheFirst {"DUMMY1", "DUMMY0"};
@@ -36,6 +35,7 @@ public:
 
 private:
     ManagedScreen* m_screen;
+    const QColor m_coverColour {Qt::darkGray};
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<ListenerScreen> m_listenerScreen;
     std::unique_ptr<RunDriver> m_driver;
@@ -131,8 +131,8 @@ private slots:
     void cover_isOnTheListenersScreenAlone()
     {
         open({"DUMMY1", false, true});
-        QTRY_COMPARE(ManagedScreen::colourAt(second.topLeft()), coverColour);
-        QTRY_COMPARE(ManagedScreen::colourAt(second.bottomRight()), coverColour);
+        QTRY_COMPARE(ManagedScreen::colourAt(second.topLeft()), m_coverColour);
+        QTRY_COMPARE(ManagedScreen::colourAt(second.bottomRight()), m_coverColour);
         QVERIFY(ManagedScreen::isInFront(*m_window));
     }
 
@@ -156,7 +156,7 @@ private slots:
         QTRY_VERIFY(first.contains(listener().frameGeometry()));
         QTRY_COMPARE(listener().size(), isFullScreen ? first.size() : QSize(704, 240));
         QVERIFY(m_screen->becomesUsable(listener()));
-        QTRY_COMPARE(ManagedScreen::colourAt(first.topLeft()) == coverColour, isCovered);
+        QTRY_COMPARE(ManagedScreen::colourAt(first.topLeft()) == m_coverColour, isCovered);
         QVERIFY(m_screen->press("Return"));
         QTRY_COMPARE(Probe::data(*m_window).nTrials, 1);
     }

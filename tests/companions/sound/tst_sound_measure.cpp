@@ -119,7 +119,7 @@ double lossDb(const SoundProgramEnd& end)
     return match.hasMatch() ? match.captured(1).toDouble() : -1.0;
 }
 
-constexpr int mostTries = 3;
+constexpr int mostMeasurements = 3;
 
 /// On a busy machine a server may leave out a part.
 bool arrivedWhole(const SoundProgramEnd& end)
@@ -131,7 +131,7 @@ bool arrivedWhole(const SoundProgramEnd& end)
 double toldLossDb(const QProcessEnvironment& environment, const QString& arguments)
 {
     double loss = -1.0;
-    for (int i = 0; i < mostTries && loss < 0.0; ++i) {
+    for (int i = 0; i < mostMeasurements && loss < 0.0; ++i) {
         loss = lossDb(measured(environment, arguments));
     }
     return loss;
@@ -142,7 +142,7 @@ double toldLossDb(const QProcessEnvironment& environment, const QString& argumen
 double smallestLossDb(const QProcessEnvironment& environment, const QString& arguments)
 {
     double smallest = lossDb(measured(environment, arguments));
-    for (int i = 1; i < mostTries && !(smallest >= 0.0 && smallest < smallLossDb); ++i) {
+    for (int i = 1; i < mostMeasurements && !(smallest >= 0.0 && smallest < smallLossDb); ++i) {
         const double loss = lossDb(measured(environment, arguments));
         smallest = smallest < 0.0 ? loss : std::min(smallest, loss);
     }
@@ -165,7 +165,7 @@ private slots:
         const QProcessEnvironment environment = environmentOf(m_server);
         const QString before = stateOf(environment);
         SoundProgramEnd end = measured(environment, files);
-        for (int i = 1; i < mostTries && !arrivedWhole(end); ++i) {
+        for (int i = 1; i < mostMeasurements && !arrivedWhole(end); ++i) {
             end = measured(environment, files);
         }
         QCOMPARE(end.errors, QString());
