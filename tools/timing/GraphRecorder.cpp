@@ -13,7 +13,6 @@
 
 namespace {
 
-constexpr int timeoutMs = 20000;
 constexpr int afterwardsMs = 300;
 constexpr int shortestCycle = 16; // samples; PipeWire's least quantum
 constexpr double nsPerMs = 1e6;

@@ -23,4 +23,7 @@ public:
     /// When a sample began to be played, ms of the monotonic clock.
     virtual double timeMs(qint64 sample) const = 0;
     virtual QString errorText() const = 0;
+
+protected:
+    static constexpr int timeoutMs = 20000; ///< of the first samples, and of the last
 };

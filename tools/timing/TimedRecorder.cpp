@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr int timeoutMs = 20000;
 constexpr int readTimeoutMs = 200;
 
 } // namespace
