@@ -11,7 +11,7 @@ using namespace quorin;
 
 namespace {
 
-QString decibels(double level)
+QString decibelText(double level)
 {
     return QString::number(level, 'f', 1) + " dB";
 }
@@ -61,14 +61,14 @@ double CalibrationDialogue::higherDb() const
 QString CalibrationDialogue::question() const
 {
     if (!m_hasPlayed) {
-        return decibels(m_levelDb) + ": Return plays it, q ends: ";
+        return decibelText(m_levelDb) + ": Return plays it, q ends: ";
     }
     QString raising;
     if (m_course.isTyped) {
-        raising = higherDb() > m_levelDb ? "Return plays " + decibels(higherDb()) + ", "
+        raising = higherDb() > m_levelDb ? "Return plays " + decibelText(higherDb()) + ", "
                                          : QString("it is the highest, ");
     }
-    return decibels(m_levelDb) + ": the meter's reading in dB SPL; " + raising
+    return decibelText(m_levelDb) + ": the meter's reading in dB SPL; " + raising
         + "r plays it again, q ends: ";
 }
 

@@ -4,16 +4,17 @@
 
 #include "plots/PictureFile.h"
 #include "plots/PlotArea.h"
+#include "sound/ShownFigures.h"
 
 #include <QPainter>
 #include <QPen>
 
 #include <algorithm>
 
+using namespace quorin;
+
 namespace {
 
-constexpr QSize pictureSize(800, 720);
-constexpr double hertzPerKilohertz = 1000.0;
 constexpr double highestKilohertz = 20.0;
 const QColor levelColor(0, 114, 178);
 const QColor imageColor(213, 94, 0);
@@ -64,6 +65,7 @@ void drawImages(QPainter& painter, const QRectF& outer, const QVector<ToneFigure
 QString writeMeasurePicture(const QString& path, const MeasuredPath& measured,
     const QVector<ToneFigures>& tones, bool isForced)
 {
+    constexpr QSize pictureSize(800, 720);
     const auto draw = [&measured, &tones](QPainter& painter, const QSize& size) {
         const QSizeF half(size.width(), size.height() / 2.0);
         drawLevels(painter, QRectF(QPointF(0.0, 0.0), half), measured, tones);

@@ -3,22 +3,17 @@
 #include "sound/MeasureTable.h"
 
 #include "session/Units.h"
+#include "sound/ShownFigures.h"
 
 #include <QStringList>
 
 #include <cmath>
 
+using namespace quorin;
+
 namespace {
 
-constexpr int decibelDecimals = 2;
 constexpr double steepHz = 16000.0; // above it every resampler loses something
-
-// Without the minus of a zero.
-QString shown(double value, int decimals)
-{
-    const QString text = QString::number(value, 'f', decimals);
-    return text.toDouble() == 0.0 && text.startsWith('-') ? text.mid(1) : text;
-}
 
 QString lossText(double nLost, int rate)
 {

@@ -2,6 +2,8 @@
 // The sounds that show what a path does to sounds.
 #include "sound/MeasuringSounds.h"
 
+#include <QtMath>
+
 #include <algorithm>
 #include <cmath>
 
@@ -10,13 +12,12 @@ using namespace quorin;
 namespace {
 
 constexpr double silentSeconds = 0.1;
-constexpr double pi = 3.14159265358979323846;
 
 double ramp(int k, int nSamples, double rate)
 {
     constexpr double rampSeconds = 0.01;
     const double fromEdge = std::min(k, nSamples - 1 - k) / (rampSeconds * rate);
-    return fromEdge >= 1.0 ? 1.0 : 0.5 - 0.5 * std::cos(pi * fromEdge);
+    return fromEdge >= 1.0 ? 1.0 : 0.5 - 0.5 * std::cos(M_PI * fromEdge);
 }
 
 } // namespace
@@ -41,7 +42,7 @@ QVector<float> toneSequence(int rate)
     sequence.reserve(frequencies.size() * nSamples);
     for (const double frequency : frequencies) {
         for (int k = 0; k < nSamples; ++k) {
-            const double tone = std::sin(2.0 * pi * frequency * k / rate);
+            const double tone = std::sin(2.0 * M_PI * frequency * k / rate);
             sequence.append(
                 static_cast<float>(measuringAmplitude * ramp(k, nSamples, rate) * tone));
         }

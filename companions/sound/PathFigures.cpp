@@ -6,6 +6,8 @@
 #include "signal/Spectrum.h"
 #include "sound/MeasuringSounds.h"
 
+#include <QtMath>
+
 #include <algorithm>
 #include <cmath>
 #include <complex>
@@ -14,7 +16,6 @@ using namespace quorin;
 
 namespace {
 
-constexpr double pi = 3.14159265358979323846;
 constexpr double halfMagnitude = measuringAmplitude / 2.0;
 
 double decibels(double amplitude)
@@ -28,7 +29,7 @@ QVector<double> window(int nSamples)
 {
     QVector<double> weights(nSamples);
     for (int k = 0; k < nSamples; ++k) {
-        const double x = 2.0 * pi * k / nSamples;
+        const double x = 2.0 * M_PI * k / nSamples;
         weights[k] = 0.35875 - 0.48829 * std::cos(x) + 0.14128 * std::cos(2.0 * x)
             - 0.01168 * std::cos(3.0 * x);
     }
@@ -67,7 +68,7 @@ std::complex<double> componentAt(
 {
     std::complex<double> sum;
     for (int k = 0; k < samples.size(); ++k) {
-        sum += weights[k] * samples[k] * std::polar(1.0, -2.0 * pi * frequency * k / rate);
+        sum += weights[k] * samples[k] * std::polar(1.0, -2.0 * M_PI * frequency * k / rate);
     }
     return 2.0 * sum / sumOf(weights);
 }
@@ -76,7 +77,7 @@ void takeAway(
     std::complex<double> component, double frequency, QVector<double>& samples, double rate)
 {
     for (int k = 0; k < samples.size(); ++k) {
-        samples[k] -= (component * std::polar(1.0, 2.0 * pi * frequency * k / rate)).real();
+        samples[k] -= (component * std::polar(1.0, 2.0 * M_PI * frequency * k / rate)).real();
     }
 }
 

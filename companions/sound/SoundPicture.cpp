@@ -7,6 +7,7 @@
 #include "session/Counts.h"
 #include "session/Units.h"
 #include "signal/Spectrum.h"
+#include "sound/ShownFigures.h"
 
 #include <QPainter>
 #include <QPen>
@@ -18,7 +19,6 @@ using namespace quorin;
 
 namespace {
 
-constexpr QSize pictureSize(1000, 720);
 constexpr int mostPoints = 1000; // of a spectrum: more are not seen, and a vector file grows
 constexpr double lowestDb = -120.0;
 const QColor lineColor(0, 114, 178);
@@ -76,7 +76,6 @@ QVector<QPointF> spectrumPoints(const QVector<float>& samples, double rate)
 void drawSpectrum(
     QPainter& painter, const QRectF& outer, const TrialSounds& sounds, int index, double rate)
 {
-    constexpr double hertzPerKilohertz = 1000.0;
     QVector<QPointF> points = spectrumPoints(sounds.samples[index], rate);
     for (QPointF& point : points) {
         point.rx() /= hertzPerKilohertz;
@@ -93,6 +92,7 @@ void drawSpectrum(
 QString writeSoundPicture(
     const QString& path, const TrialSounds& sounds, double rate, bool isForced)
 {
+    constexpr QSize pictureSize(1000, 720);
     const auto draw = [&sounds, rate](QPainter& painter, const QSize& size) {
         const QSizeF quarter(size.width() / 2.0, size.height() / 2.0);
         for (const int i : {standard, deviant}) {

@@ -4,6 +4,7 @@
 
 #include "session/Data.h"
 #include "session/Units.h"
+#include "sound/ShownFigures.h"
 
 #include <cmath>
 #include <vector>
@@ -12,7 +13,6 @@ using namespace quorin;
 
 namespace {
 
-constexpr int decibelDecimals = 2;
 constexpr int fractionDecimals = 6;
 constexpr int msDecimals = 3;
 
@@ -22,7 +22,7 @@ struct Figure {
     std::array<double, 2> values; ///< of standard and deviant
 };
 
-std::vector<Figure> figuresOf(const BothFigures& figures, const QVector<int>& lengths, double rate)
+std::vector<Figure> rowsOf(const BothFigures& figures, const QVector<int>& lengths, double rate)
 {
     const auto both = [&figures](auto value) {
         return std::array<double, 2> {value(figures[standard]), value(figures[deviant])};
@@ -44,13 +44,6 @@ std::vector<Figure> figuresOf(const BothFigures& figures, const QVector<int>& le
     };
 }
 
-// Without the minus of a zero.
-QString shown(double value, int decimals)
-{
-    const QString text = QString::number(value, 'f', decimals);
-    return text.toDouble() == 0.0 && text.startsWith('-') ? text.mid(1) : text;
-}
-
 } // namespace
 
 QString soundTable(const BothFigures& figures, const QVector<int>& lengths, double rate)
@@ -59,7 +52,7 @@ QString soundTable(const BothFigures& figures, const QVector<int>& lengths, doub
     constexpr int valueWidth = 12;
     QString table = QString(nameWidth, ' ') + QString("standard").rightJustified(valueWidth)
         + QString("deviant").rightJustified(valueWidth) + '\n';
-    const std::vector<Figure> all = figuresOf(figures, lengths, rate);
+    const std::vector<Figure> all = rowsOf(figures, lengths, rate);
     for (const Figure& figure : all) {
         table += QString(figure.name).leftJustified(nameWidth);
         for (const double value : figure.values) {
@@ -73,7 +66,7 @@ QString soundTable(const BothFigures& figures, const QVector<int>& lengths, doub
 QString soundHeadings()
 {
     QStringList headings {"sound"};
-    const std::vector<Figure> all = figuresOf({}, {0, 0}, 1.0);
+    const std::vector<Figure> all = rowsOf({}, {0, 0}, 1.0);
     for (const Figure& figure : all) {
         headings.append(figure.name);
     }
@@ -82,7 +75,7 @@ QString soundHeadings()
 
 QString soundRows(const BothFigures& figures, const QVector<int>& lengths, double rate)
 {
-    const std::vector<Figure> all = figuresOf(figures, lengths, rate);
+    const std::vector<Figure> all = rowsOf(figures, lengths, rate);
     QString rows;
     for (const int i : {standard, deviant}) {
         QStringList cells {i == standard ? "standard" : "deviant"};

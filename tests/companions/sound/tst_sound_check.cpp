@@ -7,14 +7,13 @@
 #include "soundlab/SoundServer.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
+#include "system/SoundLab.h"
 
 #include <QTest>
 
 #include <algorithm>
 
 namespace {
-
-constexpr int timeoutMs = 30000;
 
 SoundProgramEnd check(const Client& client, const QString& arguments = {})
 {

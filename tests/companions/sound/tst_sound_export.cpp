@@ -11,7 +11,7 @@
 
 namespace {
 
-void row(const char* arguments, const QString& error)
+void mistake(const char* arguments, const QString& error)
 {
     QTest::newRow(arguments) << QString(arguments).split(' ', Qt::SkipEmptyParts) << error;
 }
@@ -26,27 +26,29 @@ private slots:
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("error");
-        row("", "give a command: calibrate, check, export, measure");
-        row("play", R"(there is no command "play", but: calibrate, check, export, measure)");
-        row("--nonsense", "Unknown option 'nonsense'.");
-        row("export --nonsense", "Unknown option 'nonsense'.");
-        row("export --standard-duration 0",
+        mistake("", "give a command: calibrate, check, export, measure");
+        mistake("play", R"(there is no command "play", but: calibrate, check, export, measure)");
+        mistake("--nonsense", "Unknown option 'nonsense'.");
+        mistake("export --nonsense", "Unknown option 'nonsense'.");
+        mistake("export --standard-duration 0",
             R"(--standard-duration: "0" is not from 1 to 209715 ms)");
-        row("export --standard-duration 600,0",
+        mistake("export --standard-duration 600,0",
             R"(--standard-duration: "600,0" has a decimal comma: numbers have a point)");
-        row("export --sampling-rate 4000",
+        mistake("export --sampling-rate 4000",
             R"(--sampling-rate: "4000" is not from 8000 to 192000 Hz)");
-        row("export --sound-type voice", R"(--sound-type: "voice" is not "sinusoid" or "noise")");
-        row("export --reset-md-fd maybe", R"(--reset-md-fd: "maybe" is not "yes" or "no")");
-        row("export --deviant-modulation-depth 12",
+        mistake(
+            "export --sound-type voice", R"(--sound-type: "voice" is not "sinusoid" or "noise")");
+        mistake("export --reset-md-fd maybe", R"(--reset-md-fd: "maybe" is not "yes" or "no")");
+        mistake("export --deviant-modulation-depth 12",
             R"(--deviant-modulation-depth: "12" has no effect as long as "reset md/fd" is "yes")");
-        row("export --value 0", R"(--value: "0" is not from 0.0001 to 100 %)");
-        row("export --value x", R"(--value: "x" is not a number)");
-        row("export --seed 0", R"(--seed must be a whole number from 1 to 2147483646, not "0")");
-        row("export --draws -1",
+        mistake("export --value 0", R"(--value: "0" is not from 0.0001 to 100 %)");
+        mistake("export --value x", R"(--value: "x" is not a number)");
+        mistake(
+            "export --seed 0", R"(--seed must be a whole number from 1 to 2147483646, not "0")");
+        mistake("export --draws -1",
             R"(--draws must be a whole number from 0 to 2000000000, not "-1")");
-        row("export a b", R"(one folder at most, not "a" and "b")");
-        row("export --plot a.jpg",
+        mistake("export a b", R"(one folder at most, not "a" and "b")");
+        mistake("export --plot a.jpg",
             "--plot: a picture's name must end in .png, .svg or .pdf: a.jpg");
         QTest::newRow("noise without a carrier")
             << QStringList {"export", "--main-parameter", "carrier frequency"}

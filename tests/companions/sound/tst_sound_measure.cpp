@@ -7,6 +7,7 @@
 #include "soundlab/SoundServer.h"
 #include "support/QuietTest.h"
 #include "support/TestProgram.h"
+#include "system/SoundLab.h"
 
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -17,7 +18,6 @@
 
 namespace {
 
-constexpr int timeoutMs = 60000;
 constexpr double smallLossDb = 0.1;
 const char* const pipeWireQuality = "stream.properties = { resample.quality = 10 }";
 const char* const pulseMethod = "resample-method = speex-float-5";
