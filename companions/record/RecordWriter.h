@@ -22,6 +22,12 @@ template <typename Line> QJsonObject lineObject(const Line& line)
 /// The bytes of such an object in the file, UTF-8, with the line's end.
 QByteArray lineBytes(const QJsonObject& line);
 
+/// The same of a line of one of the kinds.
+template <typename Line> QByteArray lineBytes(const Line& line)
+{
+    return lineBytes(lineObject(line));
+}
+
 /// What a finished run came to.
 /// @param atMs since Go
 RunFigures figuresOf(const Data& data, double atMs);

@@ -269,8 +269,8 @@ void FlightRecorder::finish()
     const Data& data = m_window.sessionRecord();
     m_queue.file().finish(resultsBytes(data),
         [figures = figuresOf(data, nowMs())](const QString& name, const QString& error) {
-            return error.isEmpty() ? lineBytes(lineObject(RunSaved {figures, name}))
-                                   : lineBytes(lineObject(RunUnsaved {figures, error}));
+            return error.isEmpty() ? lineBytes(RunSaved {figures, name})
+                                   : lineBytes(RunUnsaved {figures, error});
         });
     flush();
     tellFaults();

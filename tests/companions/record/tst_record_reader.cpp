@@ -9,11 +9,6 @@
 
 namespace {
 
-template <typename Line> QByteArray bytesOf(const Line& line)
-{
-    return lineBytes(lineObject(line));
-}
-
 AnswerGiven answerOf(int trial)
 {
     AnswerGiven answer;
@@ -40,10 +35,10 @@ QByteArray runBytes()
     begun.time = "2026-01-02T03:04:05.678+01:00";
     begun.go.subCode = QString::fromUtf8("\u00c4\u96ea\n");
     begun.go.fd = {-std::numeric_limits<double>::infinity(), 0.05};
-    return bytesOf(begun) + bytesOf(TrialBegun {1, 2, 0.1, 1.5})
-        + bytesOf(SoundStarted {1, 1, -0.25, "ab", 2.5}) + bytesOf(SoundInterrupted {1, 1, 2.75})
-        + bytesOf(SoundEnded {1, 1, true, true, 3.0}) + bytesOf(AnswerAllowed {1, 4.0})
-        + bytesOf(answerOf(1));
+    return lineBytes(begun) + lineBytes(TrialBegun {1, 2, 0.1, 1.5})
+        + lineBytes(SoundStarted {1, 1, -0.25, "ab", 2.5})
+        + lineBytes(SoundInterrupted {1, 1, 2.75}) + lineBytes(SoundEnded {1, 1, true, true, 3.0})
+        + lineBytes(AnswerAllowed {1, 4.0}) + lineBytes(answerOf(1));
 }
 
 } // namespace
@@ -58,7 +53,7 @@ private slots:
         saved.trials = 1;
         saved.threshold = std::nan("");
         saved.resultsFile = "a.txt";
-        const QByteArray bytes = runBytes() + bytesOf(saved);
+        const QByteArray bytes = runBytes() + lineBytes(saved);
         QCOMPARE(bytes.count('\n'), 8);
         const ReadRecord read = readRecord(bytes);
         QCOMPARE(read.error, QString());
@@ -78,23 +73,23 @@ private slots:
         const auto& end = std::get<RunSaved>(read.run.end);
         QVERIFY(std::isnan(end.threshold));
         QCOMPARE(end.resultsFile, QString("a.txt"));
-        QCOMPARE(bytesOf(read.run.begun), bytes.left(bytes.indexOf('\n') + 1));
+        QCOMPARE(lineBytes(read.run.begun), bytes.left(bytes.indexOf('\n') + 1));
     }
 
     void protocolOfARun_isReadAsItWasWritten_orIsMissing()
     {
         RunBegun begun;
-        QVERIFY(!bytesOf(begun).contains("\"protocol\":"));
-        QVERIFY(!readRecord(bytesOf(begun)).run.begun.protocol.has_value());
+        QVERIFY(!lineBytes(begun).contains("\"protocol\":"));
+        QVERIFY(!readRecord(lineBytes(begun)).run.begun.protocol.has_value());
         begun.protocol
             = ProtocolPlace {"study.csv", "ab", "S07", "shuffled", 2147483646, 2, 3, 4, 12};
-        const ReadRecord read = readRecord(bytesOf(begun));
+        const ReadRecord read = readRecord(lineBytes(begun));
         QCOMPARE(read.error, QString());
-        QCOMPARE(bytesOf(read.run.begun), bytesOf(begun));
+        QCOMPARE(lineBytes(read.run.begun), lineBytes(begun));
         QCOMPARE(read.run.begun.protocol->orderSeed, 2147483646);
         QCOMPARE(read.run.begun.protocol->place, 4);
         for (const char* const damaged : {"null", "7", "{}"}) {
-            QByteArray bytes = bytesOf(begun);
+            QByteArray bytes = lineBytes(begun);
             const int start = bytes.indexOf("{\"file\"");
             bytes.replace(start, bytes.indexOf('}', start) + 1 - start, damaged);
             QCOMPARE(readRecord(bytes).error,
@@ -105,12 +100,12 @@ private slots:
     void screenOfTheListener_isReadAsItWasWritten_orIsMissing()
     {
         RunBegun begun;
-        QVERIFY(!bytesOf(begun).contains("listener_screen"));
-        QVERIFY(!readRecord(bytesOf(begun)).run.begun.listenerScreen.has_value());
+        QVERIFY(!lineBytes(begun).contains("listener_screen"));
+        QVERIFY(!readRecord(lineBytes(begun)).run.begun.listenerScreen.has_value());
         begun.listenerScreen = "HDMI-1";
-        QCOMPARE(
-            readRecord(bytesOf(begun)).run.begun.listenerScreen, std::optional<QString>("HDMI-1"));
-        QCOMPARE(readRecord(bytesOf(begun).replace("\"HDMI-1\"", "7")).error,
+        QCOMPARE(readRecord(lineBytes(begun)).run.begun.listenerScreen,
+            std::optional<QString>("HDMI-1"));
+        QCOMPARE(readRecord(lineBytes(begun).replace("\"HDMI-1\"", "7")).error,
             QString(R"("run": "listener_screen" is missing or of a wrong kind)"));
     }
 
@@ -136,23 +131,23 @@ private slots:
                                                      "\n")
                                        << R"(is of no known event: "pause")";
         QTest::newRow("missing field")
-            << bytesOf(TrialBegun {2, 2, 0.1, 0}).replace("position", "place")
+            << lineBytes(TrialBegun {2, 2, 0.1, 0}).replace("position", "place")
             << R"("trial": "position" is missing or of a wrong kind)";
         QTest::newRow("fraction for a whole number")
-            << bytesOf(TrialBegun {2, 2, 0.1, 0}).replace(R"("position":2)", R"("position":2.5)")
+            << lineBytes(TrialBegun {2, 2, 0.1, 0}).replace(R"("position":2)", R"("position":2.5)")
             << R"("trial": "position" is missing or of a wrong kind)";
         QTest::newRow("a trial left out")
-            << bytesOf(TrialBegun {3, 2, 0.1, 0}) << "trial 3 begins out of order";
+            << lineBytes(TrialBegun {3, 2, 0.1, 0}) << "trial 3 begins out of order";
         QTest::newRow("sound of another trial")
-            << bytesOf(SoundStarted {2, 1, 0, "", 0}) << R"("sound": trial 2 is not under way)";
+            << lineBytes(SoundStarted {2, 1, 0, "", 0}) << R"("sound": trial 2 is not under way)";
         QTest::newRow("end before its trial")
-            << bytesOf(SoundEnded {2, 1, false, false, 0}) << R"("ended": trial 2 has not begun)";
+            << lineBytes(SoundEnded {2, 1, false, false, 0}) << R"("ended": trial 2 has not begun)";
         QTest::newRow("interruption of an unknown trial")
-            << bytesOf(SoundInterrupted {2, 1, 0}) << R"("interrupted": trial 2 has not begun)";
+            << lineBytes(SoundInterrupted {2, 1, 0}) << R"("interrupted": trial 2 has not begun)";
         QTest::newRow("two answers")
-            << bytesOf(answerOf(1)) << R"("answer": stands twice in trial 1)";
+            << lineBytes(answerOf(1)) << R"("answer": stands twice in trial 1)";
         QTest::newRow("a second first line")
-            << bytesOf(RunBegun()) << R"(is of no known event: "run")";
+            << lineBytes(RunBegun()) << R"(is of no known event: "run")";
     }
 
     void damage_isToldWithItsLine()
@@ -166,17 +161,17 @@ private slots:
 
     void trial_isOutOfOrder_beforeTheAnswerToTheOneBefore()
     {
-        const QByteArray begun = bytesOf(RunBegun());
+        const QByteArray begun = lineBytes(RunBegun());
         const ReadRecord read = readRecord(
-            begun + bytesOf(TrialBegun {1, 2, 0.1, 0}) + bytesOf(TrialBegun {2, 2, 0.1, 0}));
+            begun + lineBytes(TrialBegun {1, 2, 0.1, 0}) + lineBytes(TrialBegun {2, 2, 0.1, 0}));
         QCOMPARE(read.error, QString("trial 2 begins out of order"));
         QCOMPARE(read.line, 3);
     }
 
     void linesAfterTheEnd_areRefused()
     {
-        const ReadRecord read
-            = readRecord(runBytes() + bytesOf(RunAbandoned {1, "why", 0}) + bytesOf(answerOf(2)));
+        const ReadRecord read = readRecord(
+            runBytes() + lineBytes(RunAbandoned {1, "why", 0}) + lineBytes(answerOf(2)));
         QCOMPARE(read.error, QString("stands after the end of the run"));
         QCOMPARE(read.line, 9);
         QCOMPARE(std::get<RunAbandoned>(read.run.end).reason, QString("why"));
@@ -184,11 +179,12 @@ private slots:
 
     void otherFirstLines_areRefused()
     {
-        QCOMPARE(readRecord(bytesOf(TrialBegun {1, 2, 0.1, 0})).error,
+        QCOMPARE(readRecord(lineBytes(TrialBegun {1, 2, 0.1, 0})).error,
             QString("is not the first line of a record"));
         RunBegun later;
         later.version = 2;
-        QCOMPARE(readRecord(bytesOf(later)).error, QString("is of another version of the format"));
+        QCOMPARE(
+            readRecord(lineBytes(later)).error, QString("is of another version of the format"));
     }
 
     void missingFile_isTold()

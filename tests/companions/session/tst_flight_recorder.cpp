@@ -93,7 +93,7 @@ private slots:
         all.write(R"({"event":"save failed","trials":0,"threshold":"nan","mean_reaction_ms":"nan",)"
                   R"("mean_reaction_correct_ms":"nan","mean_reaction_wrong_ms":"nan","at_ms":1,)"
                   R"("reason":"full"})");
-        all.write("\n" + lineBytes(lineObject(SoundInterrupted {1, 3, 2500.25})));
+        all.write("\n" + lineBytes(SoundInterrupted {1, 3, 2500.25}));
         all.close();
         const char* const check = "import json, jsonschema, os, sys\n"
                                   "schema = json.load(open(sys.argv[1]))\n"

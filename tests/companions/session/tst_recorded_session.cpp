@@ -17,6 +17,7 @@
 #include "support/ScriptedListener.h"
 #include "support/TestProgram.h"
 #include "support/WindowWidgets.h"
+#include "system/SoundLab.h"
 
 #include <QAudioDeviceInfo>
 #include <QAudioOutput>
@@ -32,7 +33,6 @@
 
 namespace {
 
-constexpr int timeoutMs = 60000;
 constexpr int shortestSilence = 1000; // samples: a quarter of a sound
 constexpr int soundSamples = 4000; // 100 ms
 

@@ -14,13 +14,13 @@
 
 namespace {
 
-struct Outcome {
+struct SessionEnd {
     QString output;
     QString errors;
     int status;
 };
 
-Outcome session(const QStringList& arguments)
+SessionEnd session(const QStringList& arguments)
 {
     QProcess program;
     program.start(SESSION_PROGRAM, arguments);
@@ -43,7 +43,7 @@ QByteArray firstRunOf(const QString& protocol)
     const Study study = plannedStudy(request, studyProtocol(protocol), {}, 1);
     RunBegun begun;
     begun.protocol = placeIn(study, study.runs[0]);
-    return lineBytes(lineObject(begun)) + lineBytes(lineObject(RunSaved()));
+    return lineBytes(begun) + lineBytes(RunSaved());
 }
 
 /// A session that goes on until it is killed.
@@ -143,7 +143,7 @@ private slots:
     {
         QFETCH(QStringList, arguments);
         QFETCH(QString, error);
-        const Outcome outcome = session(arguments);
+        const SessionEnd outcome = session(arguments);
         QCOMPARE(outcome.errors, "quorin-session: " + error + '\n');
         QCOMPARE(outcome.output, QString());
         QCOMPARE(outcome.status, 2);
@@ -172,7 +172,7 @@ private slots:
         RecordedRun run(3);
         run.play("cwc");
         const QString path = run.recordPath();
-        const Outcome same = session({"--replay", path});
+        const SessionEnd same = session({"--replay", path});
         QCOMPARE(same.output, path + ": the same in 3 trials and 12 sounds\n");
         QCOMPARE(same.errors, QString());
         QCOMPARE(same.status, 0);
@@ -182,7 +182,7 @@ private slots:
         const QByteArray content = run.content().replace("\"correct\":true", "\"correct\":false");
         changed.write(content.chopped(5));
         changed.close();
-        const Outcome other = session({"--replay", changed.fileName()});
+        const SessionEnd other = session({"--replay", changed.fileName()});
         const QString name = changed.fileName();
         QCOMPARE(other.output,
             name + ": trial 1: correctness: recorded no, computed yes\n" + name
@@ -201,7 +201,7 @@ private slots:
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("Dear all,\n");
         file.close();
-        const Outcome outcome = session({"--replay", file.fileName()});
+        const SessionEnd outcome = session({"--replay", file.fileName()});
         QCOMPARE(outcome.errors,
             "quorin-session: " + file.fileName() + ":1: is no JSON: illegal value\n");
         QCOMPARE(outcome.status, 1);
@@ -211,7 +211,7 @@ private slots:
 
     void folderThatCannotBeWrittenTo_isRefused()
     {
-        const Outcome outcome = session({"/proc"});
+        const SessionEnd outcome = session({"/proc"});
         QCOMPARE(outcome.errors, QString("quorin-session: /proc: cannot be written to\n"));
         QCOMPARE(outcome.status, 1);
     }
@@ -220,7 +220,7 @@ private slots:
     {
         const QTemporaryDir folder;
         const QString path = writtenFile(folder, "study.csv", "session,break\nx,\n1,\n,,\n");
-        const Outcome outcome = session({folder.path(), "--protocol", path, "--subject", "S07"});
+        const SessionEnd outcome = session({folder.path(), "--protocol", path, "--subject", "S07"});
         QCOMPARE(outcome.errors,
             QString("quorin-session: %1: line 2, column \"session\": \"x\" is not a whole number\n"
                     "quorin-session: %1: line 4, column 3: 2 cells are needed, not 3: there may be "
@@ -281,12 +281,12 @@ private slots:
         const QString protocol = writtenFile(folder, "study.csv", "session\n1\n");
         writtenFile(folder, "1.jsonl", firstRunOf(protocol));
         const QStringList arguments = {folder.path(), "--protocol", protocol, "--subject", "S07"};
-        const Outcome again = session(arguments);
+        const SessionEnd again = session(arguments);
         QCOMPARE(again.errors,
             QString("quorin-session: S07 has runs of this protocol in the folder: --resume takes "
                     "them up\n"));
         QCOMPARE(again.status, 1);
-        const Outcome resumed = session(arguments + QStringList("--resume"));
+        const SessionEnd resumed = session(arguments + QStringList("--resume"));
         QCOMPARE(resumed.errors, QString());
         QCOMPARE(resumed.output,
             QString("S07, study.csv, order as-written: 1 of 1 runs completed\n"
@@ -308,7 +308,7 @@ private slots:
     {
         const QTemporaryDir folder;
         const QString none = folder.filePath("none.json");
-        const Outcome missing = session({folder.path(), "--calibration", none});
+        const SessionEnd missing = session({folder.path(), "--calibration", none});
         QCOMPARE(missing.errors,
             "quorin-session: " + none + ": cannot be read: No such file or directory\n");
         QCOMPARE(missing.status, 1);
@@ -331,7 +331,7 @@ private slots:
         QVERIFY(kept.open(QIODevice::WriteOnly));
         kept.write(firstRunOf(protocol));
         kept.close();
-        const Outcome resumed
+        const SessionEnd resumed
             = session({folder.path(), "--protocol", protocol, "--subject", "S07", "--resume"});
         qunsetenv("XDG_DATA_HOME");
         QCOMPARE(resumed.errors,
@@ -354,7 +354,7 @@ private slots:
         QVERIFY(kept.open(QIODevice::WriteOnly) && kept.write("{}\n") == 3);
         kept.close();
         writtenFile(folder, "1_kept.jsonl", "another\n");
-        const Outcome outcome = session({folder.path()});
+        const SessionEnd outcome = session({folder.path()});
         qunsetenv("XDG_DATA_HOME");
         QCOMPARE(outcome.errors,
             "quorin-session: " + folder.filePath("1_kept.jsonl")
@@ -369,7 +369,7 @@ private slots:
         {
             const Session first(folder);
             QTRY_VERIFY_WITH_TIMEOUT(isLockedBy(folder, first.pid()), 20000);
-            const Outcome second = session({folder.path()});
+            const SessionEnd second = session({folder.path()});
             QCOMPARE(second.errors,
                 QString("quorin-session: %1: another session records here: process %2 on %3\n")
                     .arg(folder.path())
@@ -399,7 +399,7 @@ private slots:
     {
         const QTemporaryDir folder;
         writtenFile(folder, ".quorin-session.lock", "");
-        const Outcome outcome = session({folder.path()});
+        const SessionEnd outcome = session({folder.path()});
         QCOMPARE(outcome.errors,
             "quorin-session: " + lockOf(folder)
                 + ": does not tell which session made it: remove it if none records here\n");

@@ -23,12 +23,7 @@ RunBegun begunRun(const Study& study, int index)
 
 QByteArray linesOf(const RunBegun& begun)
 {
-    return lineBytes(lineObject(begun)) + lineBytes(lineObject(TrialBegun {1, 2, 0.5, 1.0}));
-}
-
-template <typename Line> QByteArray bytesOf(const Line& line)
-{
-    return lineBytes(lineObject(line));
+    return lineBytes(begun) + lineBytes(TrialBegun {1, 2, 0.5, 1.0});
 }
 
 QStringList identifiersOf(const QVector<ProtocolRun>& runs)
@@ -85,15 +80,15 @@ private slots:
         otherSubject.protocol->subject = "S08";
         RunBegun otherFile = begunRun(first, 1);
         otherFile.protocol->sha256 = QString(64, '0');
-        writtenFile(folder, "1.jsonl", linesOf(begunRun(first, 0)) + bytesOf(RunAbandoned()));
-        writtenFile(folder, "2.jsonl", linesOf(begunRun(first, 0)) + bytesOf(RunUnsaved()));
-        writtenFile(folder, "3.jsonl", linesOf(begunRun(first, 2)) + bytesOf(RunSaved()));
+        writtenFile(folder, "1.jsonl", linesOf(begunRun(first, 0)) + lineBytes(RunAbandoned()));
+        writtenFile(folder, "2.jsonl", linesOf(begunRun(first, 0)) + lineBytes(RunUnsaved()));
+        writtenFile(folder, "3.jsonl", linesOf(begunRun(first, 2)) + lineBytes(RunSaved()));
         writtenFile(folder, "4.jsonl", linesOf(begunRun(first, 1)));
         writtenFile(folder, "5.jsonl",
-            (linesOf(begunRun(first, 1)) + bytesOf(RunSaved())).chopped(1)); // cut off
-        writtenFile(folder, "6.jsonl", linesOf(otherSubject) + bytesOf(RunSaved()));
-        writtenFile(folder, "7.jsonl", linesOf(otherFile) + bytesOf(RunSaved()));
-        writtenFile(folder, "8.jsonl", bytesOf(RunBegun()) + bytesOf(RunSaved()));
+            (linesOf(begunRun(first, 1)) + lineBytes(RunSaved())).chopped(1)); // cut off
+        writtenFile(folder, "6.jsonl", linesOf(otherSubject) + lineBytes(RunSaved()));
+        writtenFile(folder, "7.jsonl", linesOf(otherFile) + lineBytes(RunSaved()));
+        writtenFile(folder, "8.jsonl", lineBytes(RunBegun()) + lineBytes(RunSaved()));
         writtenFile(folder, "9.jsonl", linesOf(begunRun(first, 1)) + "nothing\n");
         const EarlierRuns earlier = earlierRuns(folder.path(), file.sha256, "S07");
         QVERIFY(earlier.areThere);
