@@ -21,7 +21,7 @@ constexpr double levelOfGuessing = 0.05;
 constexpr double levelOfRuns = 0.01; // every run is tested: few of many should be flagged by chance
 constexpr double levelOfStrangers = 0.05; // divided by the number of runs that are compared
 
-QString rounded(double number)
+QString inTwoDigits(double number)
 {
     constexpr int significantDigits = 2;
     return QString::number(number, 'g', significantDigits);
@@ -79,7 +79,7 @@ void flagGuessing(Run& run)
             QString("%1 of %2 answers right, by chance in p = %3")
                 .arg(nRight)
                 .arg(records.size())
-                .arg(rounded(probability)),
+                .arg(inTwoDigits(probability)),
             "the answers are not shown to be better than guesses"});
     }
 }
@@ -95,7 +95,7 @@ void flagDrift(Run& run)
     if (trend.probability < levelOfRuns) {
         run.flags.append({"drift",
             QString("the reversals used go by %1 dB each, p = %2")
-                .arg(rounded(trend.slope), rounded(trend.probability)),
+                .arg(inTwoDigits(trend.slope), inTwoDigits(trend.probability)),
             "the track had not settled, and the threshold depends on where it was cut"});
     }
 }
@@ -116,7 +116,7 @@ void flagPositionBias(Run& run)
             QString("%1 of %2 wrong answers were position 3, p = %3")
                 .arg(nThird)
                 .arg(nWrong)
-                .arg(rounded(probability)),
+                .arg(inTwoDigits(probability)),
             "a preferred position makes the threshold worse than the hearing"});
     }
 }
@@ -246,7 +246,7 @@ void flagStrangers(QVector<Run>& runs, const QVector<int>& condition)
                     .arg(shown(run.data.threshold), unitOf(run.data))
                     .arg(others.size())
                     .arg(shown(valueOfDecibels(run.data, meanEstimate(others).mean)),
-                        rounded(probabilities[i])),
+                        inTwoDigits(probabilities[i])),
                 "another listener, setting or state: look at the run before it is averaged"});
         }
     }

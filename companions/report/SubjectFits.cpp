@@ -2,14 +2,15 @@
 // The trials of each subject and condition, and the psychometric functions fitted to them.
 #include "report/SubjectFits.h"
 
+#include "report/Units.h"
 #include "session/AdaptedParameter.h"
 #include "session/Units.h"
 
 #include <cmath>
 
-namespace {
+using namespace quorin;
 
-constexpr double dbPerDecade = 20.0;
+namespace {
 
 double unitsAtZeroDb(int mainParameter)
 {

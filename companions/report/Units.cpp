@@ -9,9 +9,9 @@
 #include <cmath>
 #include <limits>
 
-namespace {
+using namespace quorin;
 
-constexpr double dbPerDecade = 20.0;
+namespace {
 
 double zeroDbOf(const Data& data)
 {

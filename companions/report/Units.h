@@ -5,6 +5,12 @@
 
 class Data;
 
+namespace quorin {
+
+constexpr double dbPerDecade = 20.0; ///< of depths and differences
+
+} // namespace quorin
+
 /// The level of a value of the run in dB: 20 log10 of the depth as a fraction, or of the difference
 /// in Hz relative to 1 Hz. NaN for 0 and for values below.
 double decibelsOf(const Data& data, double value);

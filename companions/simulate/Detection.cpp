@@ -7,11 +7,12 @@
 
 namespace {
 
-constexpr int mostRuns = 8;
-constexpr std::array<int, 6> runsTried {1, 2, 3, 4, 6, mostRuns};
+constexpr int mostRunsTried = 8;
+constexpr std::array<int, 6> runsTried {1, 2, 3, 4, 6, mostRunsTried};
 constexpr double dbPerDecade = 20.0;
 
-using Decibels = std::array<double, mostRuns>; // the thresholds of one listener in one condition
+// The thresholds of one listener in one condition.
+using Decibels = std::array<double, mostRunsTried>;
 
 struct Listeners {
     std::vector<Decibels> first;
@@ -24,8 +25,8 @@ struct Listeners {
 Decibels thresholdsOf(Data& data, const Simulation& simulation, int index, Listeners& listeners)
 {
     Decibels decibels = {};
-    for (int i = 0; i < mostRuns; ++i) {
-        const RunOutcome outcome = simulateRun(data, simulation, index * mostRuns + i);
+    for (int i = 0; i < mostRunsTried; ++i) {
+        const RunOutcome outcome = simulateRun(data, simulation, index * mostRunsTried + i);
         decibels[static_cast<size_t>(i)] = dbPerDecade * std::log10(outcome.threshold);
         listeners.nTrials += outcome.nTrials;
         ++listeners.nRuns;
@@ -74,7 +75,7 @@ std::vector<double> meansOf(const std::vector<Decibels>& listeners, int nRuns)
 {
     std::vector<double> means;
     for (const Decibels& decibels : listeners) {
-        for (int first = 0; first + nRuns <= mostRuns; first += nRuns) {
+        for (int first = 0; first + nRuns <= mostRunsTried; first += nRuns) {
             double sum = 0.0;
             for (int i = first; i < first + nRuns; ++i) {
                 sum += decibels[static_cast<size_t>(i)];

@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr QSize pictureSize(900, 800);
 constexpr int mostTracks = 5;
 constexpr int longestTrack = 1000; // trials that are drawn of a run without an end
 constexpr qreal lineWidth = 1.75;
@@ -152,6 +151,7 @@ void drawTracks(QPainter& painter, const QRectF& outer, const Simulation& simula
 QString writeSimulationPlot(const QString& path, const Simulation& simulation,
     const RunStatistics& statistics, bool isForced)
 {
+    constexpr QSize pictureSize(900, 800);
     return writePicture(
         path, pictureSize,
         [&](QPainter& painter, const QSize& size) {

@@ -15,9 +15,7 @@
 
 namespace {
 
-constexpr QSize pictureSize(1000, 800);
 constexpr int mostLabels = 40; // more would cover each other
-constexpr qreal lineWidth = 1.5;
 
 struct Line {
     QString name; // empty if it is the only one
@@ -89,11 +87,12 @@ Axis axisOf(const QString& title, const QVector<Line>& lines, Figure figure, dou
 // Colours that the colour-blind can tell apart, and dashes for prints without colours.
 QPen penOf(int line)
 {
+    constexpr qreal width = 1.5;
     static const QVector<QColor> colors {
         {0, 114, 178}, {213, 94, 0}, {0, 158, 115}, {204, 121, 167}, {120, 120, 120}};
     static const QVector<Qt::PenStyle> styles {
         Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine};
-    return {colors[line % colors.size()], lineWidth, styles[line % styles.size()]};
+    return {colors[line % colors.size()], width, styles[line % styles.size()]};
 }
 
 void setTextFont(QPainter& painter)
@@ -209,6 +208,7 @@ SweepPoint sweepPoint(const Simulation& simulation, const RunStatistics& statist
 QString writeSweepPlot(
     const QString& path, const Sweep& sweep, const QVector<SweepPoint>& points, bool isForced)
 {
+    constexpr QSize pictureSize(1000, 800);
     const QVector<Line> lines = linesOf(sweep, points);
     return writePicture(
         path, pictureSize,
