@@ -9,6 +9,9 @@
 #include <QDir>
 #include <QTemporaryDir>
 
+/// What Qt says of a file without a name.
+constexpr auto unnamedFile = "QFSFileEngine::open: No file name specified";
+
 /// A window with the trials of a finished run and a folder of its own to save them in.
 class SavedRun {
 public:

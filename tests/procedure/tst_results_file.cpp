@@ -12,8 +12,6 @@ using namespace quorin;
 
 namespace {
 
-constexpr auto unnamedFile = "QFSFileEngine::open: No file name specified";
-
 /// The characters from the first to the last one, but the slash, which parts folders, and the
 /// quotation mark, between which Qt's dialog takes several names.
 QString charactersFrom(ushort first, ushort last)

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr auto unnamedFile = "QFSFileEngine::open: No file name specified";
-
 /// While it lives the process has an ordinary user's rights, also when root runs the tests.
 class OrdinaryUser {
 public:

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr int runTimeoutMs = 30000; // for valgrind
-
 // ALSA's null device takes every sample at once: a sound's end comes from inside the backend.
 constexpr auto discardedSound
     = "pcm.default { type null hint { show on description \"discards all sound\" } }\n";
@@ -26,6 +24,7 @@ private slots:
 
     void run_ends_whenAlsaPlaysTheSounds()
     {
+        constexpr int runTimeoutMs = 30000; // for valgrind
         MainWindow window;
         window.show();
         QCOMPARE(QAudioDeviceInfo::defaultOutputDevice().realm(), QString("alsa"));

@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr int sinkRate = 48000;
-constexpr int samplesPerMs = sinkRate / 1000;
+constexpr int outputRate = 48000;
+constexpr int outputPerMs = outputRate / 1000;
 
 double rms(const QVector<float>& samples, int from, int n)
 {
@@ -28,7 +28,7 @@ double rms(const QVector<float>& samples, int from, int n)
 SoundServer::Settings settings()
 {
     SoundServer::Settings settings;
-    settings.rate = sinkRate;
+    settings.rate = outputRate;
     return settings;
 }
 
@@ -49,18 +49,18 @@ private slots:
         trial.setUnmodulatedTones();
         QVERIFY(trial.play());
         const QVector<float> recording = recorder.stop();
-        const int silence = samplesPerMs * DisturbedTrial::defaultSilenceMs / 2;
+        const int silence = outputPerMs * DisturbedTrial::defaultSilenceMs / 2;
         const QVector<RecordedSound> sounds = recordedSounds(recording, silence);
         QCOMPARE(sounds.size(), DisturbedTrial::nSounds);
         for (const RecordedSound& sound : sounds) {
             // The resampler's filter rings for less than a millisecond at both ends.
-            QVERIFY2(std::abs(sound.length - samplesPerMs * DisturbedTrial::soundMs) < samplesPerMs,
+            QVERIFY2(std::abs(sound.length - outputPerMs * DisturbedTrial::soundMs) < outputPerMs,
                 qPrintable(QString::number(sound.length)));
             const double whole = rms(recording, sound.begin, sound.length);
-            const int begin = sound.begin + samplesPerMs;
-            const int end = sound.begin + samplesPerMs * (DisturbedTrial::soundMs - 2);
-            QVERIFY(std::abs(rms(recording, begin, samplesPerMs) / whole - 1.0) < 0.01);
-            QVERIFY(std::abs(rms(recording, end, samplesPerMs) / whole - 1.0) < 0.01);
+            const int begin = sound.begin + outputPerMs;
+            const int end = sound.begin + outputPerMs * (DisturbedTrial::soundMs - 2);
+            QVERIFY(std::abs(rms(recording, begin, outputPerMs) / whole - 1.0) < 0.01);
+            QVERIFY(std::abs(rms(recording, end, outputPerMs) / whole - 1.0) < 0.01);
         }
     }
 

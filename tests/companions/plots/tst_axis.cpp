@@ -11,8 +11,6 @@ using Values = QVector<double>;
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
 } // namespace
 
 Q_DECLARE_METATYPE(Axis::Scale)
@@ -57,7 +55,7 @@ private slots:
 
     void covering_leavesRoomAtBothEnds()
     {
-        const Axis linear = Axis::covering("", Scale::linear, {7, 2, std::nan(""), infinity, 3});
+        const Axis linear = Axis::covering("", Scale::linear, {7, 2, std::nan(""), qInf(), 3});
         QCOMPARE(linear.min(), 1.8);
         QCOMPARE(linear.max(), 7.2);
         const Axis logarithmic = Axis::covering("", Scale::logarithmic, {100, 0, -3, 1});

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr QSize size(200, 100);
+constexpr QSize pictureSize(200, 100);
 
 void drawBox(QPainter& painter, const QSize& given)
 {
@@ -33,7 +33,7 @@ private slots:
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath("a.PNG");
-        QCOMPARE(writePicture(path, size, drawBox), QString());
+        QCOMPARE(writePicture(path, pictureSize, drawBox), QString());
         const QImage image(path);
         QCOMPARE(image.size(), QSize(400, 200));
         QCOMPARE(image.pixelColor(190, 190), QColor(Qt::red));
@@ -44,7 +44,7 @@ private slots:
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath("a.svg");
-        QCOMPARE(writePicture(path, size, drawBox), QString());
+        QCOMPARE(writePicture(path, pictureSize, drawBox), QString());
         const QByteArray content = contentOf(path);
         QVERIFY(content.contains("viewBox=\"0 0 200 100\""));
         QVERIFY(content.contains(">text</text>"));
@@ -56,7 +56,7 @@ private slots:
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath("a.pdf");
-        QCOMPARE(writePicture(path, size, drawBox), QString());
+        QCOMPARE(writePicture(path, pictureSize, drawBox), QString());
         const QByteArray content = contentOf(path);
         QVERIFY(content.startsWith("%PDF-"));
         QVERIFY(content.contains("/MediaBox [0 0 150.000000 75.000000]"));
@@ -72,14 +72,14 @@ private slots:
         QVERIFY(!pictureNameError("").isEmpty());
         const QTemporaryDir folder;
         const QString path = folder.filePath("a.txt");
-        QCOMPARE(writePicture(path, size, drawBox), pictureNameError(path));
+        QCOMPARE(writePicture(path, pictureSize, drawBox), pictureNameError(path));
         QVERIFY(!QFile::exists(path));
     }
 
     void nothingIsLeft_whenTheFolderIsMissing()
     {
         const QTemporaryDir folder;
-        QCOMPARE(writePicture(folder.filePath("no/a.svg"), size, drawBox),
+        QCOMPARE(writePicture(folder.filePath("no/a.svg"), pictureSize, drawBox),
             folder.filePath("no/a.svg") + ": there is no folder " + folder.filePath("no")
                 + ": make it");
         QVERIFY(QDir(folder.path()).isEmpty());
@@ -98,17 +98,17 @@ private slots:
         QFETCH(QString, name);
         const QTemporaryDir folder;
         const QString path = folder.filePath(name);
-        QCOMPARE(writePicture(path, size, drawBox), QString());
+        QCOMPARE(writePicture(path, pictureSize, drawBox), QString());
         const QByteArray before = contentOf(path);
         const auto draw = [](QPainter& painter, const QSize&) { painter.drawText(9, 20, "other"); };
-        QCOMPARE(writePicture(path, size, draw),
+        QCOMPARE(writePicture(path, pictureSize, draw),
             path + ": is there already: give another name, or --force to replace it");
         QCOMPARE(contentOf(path), before);
-        QCOMPARE(writePicture(path, size, draw, true), QString());
+        QCOMPARE(writePicture(path, pictureSize, draw, true), QString());
         QVERIFY(contentOf(path) != before);
 
         fillFile(path, "mine");
-        QVERIFY(!writePicture(path, size, draw, true).isEmpty());
+        QVERIFY(!writePicture(path, pictureSize, draw, true).isEmpty());
         QCOMPARE(contentOf(path), QByteArray("mine"));
     }
 
@@ -116,7 +116,7 @@ private slots:
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath("a.png");
-        QCOMPARE(writePicture(path, size, drawBox), QString());
+        QCOMPARE(writePicture(path, pictureSize, drawBox), QString());
         const QByteArray before = contentOf(path);
         tolerateWarning(QRegularExpression("QPainter::begin|QImage"));
         QCOMPARE(writePicture(path, QSize(), drawBox, true), path + ": could not be drawn");

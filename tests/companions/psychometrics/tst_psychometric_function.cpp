@@ -8,8 +8,7 @@
 
 namespace {
 
-constexpr double threshold = 0.056;
-constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double knownThreshold = 0.056;
 
 // The factor in the Gaussian function has six digits, and Phi's slope there is 0.36.
 constexpr double gaussianTolerance = 0.36 * 0.5e-6;
@@ -17,12 +16,12 @@ constexpr double gaussianTolerance = 0.36 * 0.5e-6;
 void addListeners()
 {
     QTest::addColumn<PsychometricFunction>("listener");
-    QTest::newRow("logistic") << logisticListener(threshold, 2.5);
-    QTest::newRow("steep logistic") << logisticListener(threshold, 0.1);
-    QTest::newRow("Weibull") << weibullListener(threshold, 1.5);
-    QTest::newRow("steep Weibull") << weibullListener(threshold, 4);
-    QTest::newRow("Gaussian") << gaussianListener(threshold, 1);
-    QTest::newRow("steep Gaussian") << gaussianListener(threshold, 3);
+    QTest::newRow("logistic") << logisticListener(knownThreshold, 2.5);
+    QTest::newRow("steep logistic") << logisticListener(knownThreshold, 0.1);
+    QTest::newRow("Weibull") << weibullListener(knownThreshold, 1.5);
+    QTest::newRow("steep Weibull") << weibullListener(knownThreshold, 4);
+    QTest::newRow("Gaussian") << gaussianListener(knownThreshold, 1);
+    QTest::newRow("steep Gaussian") << gaussianListener(knownThreshold, 3);
 }
 
 } // namespace
@@ -35,7 +34,8 @@ private slots:
     void probability_isTwoThirds_atTheThreshold()
     {
         QFETCH(PsychometricFunction, listener);
-        QVERIFY(std::abs(listener.probabilityRight(threshold) - 2.0 / 3.0) < gaussianTolerance);
+        QVERIFY(
+            std::abs(listener.probabilityRight(knownThreshold) - 2.0 / 3.0) < gaussianTolerance);
     }
 
     void probability_isChanceOrCertainty_atTheEnds_data() { addListeners(); }
@@ -43,14 +43,14 @@ private slots:
     {
         QFETCH(PsychometricFunction, listener);
         QCOMPARE(listener.probabilityRight(0.0), 0.5);
-        QCOMPARE(listener.probabilityRight(infinity), 1.0);
+        QCOMPARE(listener.probabilityRight(qInf()), 1.0);
         QVERIFY(std::isnan(listener.probabilityRight(std::nan(""))));
     }
 
     void logistic_isThreeQuarters_atItsMiddle()
     {
-        const double middle = threshold * std::pow(10.0, 2.5 * std::log(2.0) / 20.0);
-        const PsychometricFunction listener = logisticListener(threshold, 2.5);
+        const double middle = knownThreshold * std::pow(10.0, 2.5 * std::log(2.0) / 20.0);
+        const PsychometricFunction listener = logisticListener(knownThreshold, 2.5);
         QCOMPARE(listener.probabilityRight(middle), 0.75);
         QCOMPARE(listener.probabilityRight(middle * std::pow(10.0, 2.5 / 20.0)),
             0.5 + 0.5 / (1.0 + std::exp(-1.0)));
@@ -58,9 +58,9 @@ private slots:
 
     void weibull_growsWithThePowerBeta()
     {
-        const PsychometricFunction listener = weibullListener(threshold, 2.0);
+        const PsychometricFunction listener = weibullListener(knownThreshold, 2.0);
         // Twice the value is four times the exponent: (2/3)^4 of the range is missing.
-        QCOMPARE(listener.probabilityRight(2 * threshold), 1.0 - 0.5 * 16.0 / 81.0);
+        QCOMPARE(listener.probabilityRight(2 * knownThreshold), 1.0 - 0.5 * 16.0 / 81.0);
     }
 
     void gaussian_isTheNormalDistribution_ofThePowerK()
@@ -70,8 +70,8 @@ private slots:
         const double phi2 = 0.97724986805182079279;
         QCOMPARE(gaussianListener(0.430727, 1).probabilityRight(1.0), phi1);
         QCOMPARE(gaussianListener(0.430727, 1).probabilityRight(2.0), phi2);
-        const double value = threshold * std::sqrt(1 / 0.430727);
-        QCOMPARE(gaussianListener(threshold, 2).probabilityRight(value), phi1);
+        const double value = knownThreshold * std::sqrt(1 / 0.430727);
+        QCOMPARE(gaussianListener(knownThreshold, 2).probabilityRight(value), phi1);
     }
 
     void constant_isTheSame_forEveryDeviant()
@@ -84,15 +84,15 @@ private slots:
     // lambda is what is missing of 1: 0.5 + (0.5 - lambda) F with F the function from 0 to 1.
     void lapseRate_isWhatTheUpperAsymptoteLacks()
     {
-        QCOMPARE(logisticListener(threshold, 2.5, 0.1).probabilityRight(infinity), 0.9);
-        QCOMPARE(weibullListener(threshold, 2.5, 0.02).probabilityRight(infinity), 0.98);
-        QCOMPARE(weibullListener(threshold, 2.5, 0.1).probabilityRight(0.0), 0.5);
-        QCOMPARE(gaussianListener(threshold, 1, 0.5).probabilityRight(infinity), 0.5);
+        QCOMPARE(logisticListener(knownThreshold, 2.5, 0.1).probabilityRight(qInf()), 0.9);
+        QCOMPARE(weibullListener(knownThreshold, 2.5, 0.02).probabilityRight(qInf()), 0.98);
+        QCOMPARE(weibullListener(knownThreshold, 2.5, 0.1).probabilityRight(0.0), 0.5);
+        QCOMPARE(gaussianListener(knownThreshold, 1, 0.5).probabilityRight(qInf()), 0.5);
         QCOMPARE(constantListener(1.0, 0.2).probabilityRight(0.0), 0.8);
         // F is 1/3 at the threshold.
-        QCOMPARE(logisticListener(threshold, 2.5, 0.06).probabilityRight(threshold),
+        QCOMPARE(logisticListener(knownThreshold, 2.5, 0.06).probabilityRight(knownThreshold),
             0.5 + (0.5 - 0.06) / 3.0);
-        QCOMPARE(weibullListener(threshold, 1.5, 0.06).probabilityRight(threshold),
+        QCOMPARE(weibullListener(knownThreshold, 1.5, 0.06).probabilityRight(knownThreshold),
             0.5 + (0.5 - 0.06) / 3.0);
     }
 
