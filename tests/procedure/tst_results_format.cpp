@@ -29,13 +29,6 @@ Data dataWith(int mainParameter, const QVector<Record>& records)
 class TestResultsFormat : public QuietTest {
     Q_OBJECT
 
-protected slots:
-    void cleanup() override
-    {
-        QLocale::setDefault(QLocale::c());
-        QuietTest::cleanup();
-    }
-
 private slots:
     void header_namesTheAdaptedParameter()
     {

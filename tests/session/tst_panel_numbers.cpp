@@ -20,12 +20,6 @@ class TestPanelNumbers : public QuietTest {
     Q_OBJECT
 
 private slots:
-    void cleanup() override
-    {
-        QLocale::setDefault(QLocale::c());
-        QuietTest::cleanup();
-    }
-
     void number_isShownSo_whenFormatted_data()
     {
         addColumns<QString, QString>("shown", "expected");

@@ -6,13 +6,6 @@
 class TestResultText : public QuietTest {
     Q_OBJECT
 
-protected slots:
-    void cleanup() override
-    {
-        QLocale::setDefault(QLocale::c());
-        QuietTest::cleanup();
-    }
-
 private slots:
     void text_namesThresholdAndReactionTime_data()
     {

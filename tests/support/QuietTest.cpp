@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QLocale>
 #include <QMutex>
 #include <QMutexLocker>
 #include <QTest>
@@ -77,6 +78,7 @@ void QuietTest::cleanup()
     if (QCoreApplication::instance() != nullptr)
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     stopWatching();
+    QLocale::setDefault(QLocale::system());
     for (const QString& text : qAsConst(m_unexpected))
         fail("unannounced warning: " + text);
     if (QTest::currentTestFailed())

@@ -28,8 +28,9 @@ public:
 protected slots:
     /// Forgets the earlier test's messages and announcements and begins to watch.
     virtual void init();
-    /// Runs pending deleteLater() calls, stops watching, and fails the test for each warning or
-    /// critical message that was not announced and for each announced one that did not come.
+    /// Runs pending deleteLater() calls, stops watching, takes back the default locale, and fails
+    /// the test for each warning or critical message that was not announced and for each announced
+    /// one that did not come.
     virtual void cleanup();
 
 protected:

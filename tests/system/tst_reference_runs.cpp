@@ -136,13 +136,6 @@ Q_DECLARE_METATYPE(Hearing)
 class TestReferenceRuns : public WindowTest {
     Q_OBJECT
 
-protected slots:
-    void cleanup() override
-    {
-        QLocale::setDefault(QLocale::system());
-        WindowTest::cleanup();
-    }
-
 private slots:
     void run_endsWithTheKnownFigures_data()
     {
