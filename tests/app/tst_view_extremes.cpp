@@ -32,8 +32,7 @@ protected slots:
     void init() override
     {
         WindowTest::init();
-        tolerateWarning(QRegularExpression("^Ignored NaN, Inf, or -Inf value\\.$"));
-        tolerateWarning(QRegularExpression("^Attempting to set invalid range for value axis: "));
+        tolerateUndefinedChartValues();
     }
 
 private slots:

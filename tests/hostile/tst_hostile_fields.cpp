@@ -71,8 +71,7 @@ protected slots:
     void init() override
     {
         WindowTest::init();
-        tolerateWarning(QRegularExpression("^Ignored NaN, Inf, or -Inf value\\.$"));
-        tolerateWarning(QRegularExpression("^Attempting to set invalid range for value axis: "));
+        tolerateUndefinedChartValues();
         tolerateWarning(QRegularExpression("^Broken filename passed to function$"));
         tolerateWarning(QRegularExpression("^QFSFileEngine::open: No file name specified$"));
         tolerateWarning(anyStopped); // some sounds fail
