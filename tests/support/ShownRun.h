@@ -3,6 +3,9 @@
 
 #include "support/DrivenRun.h"
 
+#include <QTest>
+#include <QWindow>
+
 /// A run whose subject window is open, on the screen and has the keyboard, so that the window
 /// system decides who gets mouse and keys.
 struct ShownRun : DrivenRun {
@@ -16,3 +19,11 @@ struct ShownRun : DrivenRun {
 
     bool isShown;
 };
+
+/// Clicks on the middle of a widget as the mouse does: the window system decides who gets it.
+inline void clickOn(const QWidget& widget)
+{
+    const QWidget& window = *widget.window();
+    QTest::mouseClick(
+        window.windowHandle(), Qt::LeftButton, {}, widget.mapTo(&window, widget.rect().center()));
+}

@@ -225,9 +225,7 @@ private slots:
             QCOMPARE(run.records().size(), trial);
             QVERIFY(run.subject().isEnabled());
 
-            QPushButton* const button = buttonOf(run.subject(), "pushButtonChoice3");
-            QTest::mouseClick(run.subject().windowHandle(), Qt::LeftButton, {},
-                button->mapTo(&run.subject(), button->rect().center()));
+            clickOn(*buttonOf(run.subject(), "pushButtonChoice3"));
             QCOMPARE(run.records().size(), trial + 1);
         }
     }
@@ -267,9 +265,7 @@ private slots:
         ShownRun run;
         QVERIFY(run.awaitsAnswer());
         endTheRun(run);
-        const QLabel* const result = labelOf(run.subject(), "labelThreshold");
-        QTest::mouseClick(run.subject().windowHandle(), Qt::LeftButton, {},
-            result->mapTo(&run.subject(), result->rect().center()));
+        clickOn(*labelOf(run.subject(), "labelThreshold"));
 
         ModalBoxes boxes;
         repeat(run.subject(), key);

@@ -11,22 +11,20 @@ namespace {
 enum Means { mouse, space };
 
 // Presses a button as a listener does: the window system decides who gets it.
-void press(SubjectWindow& subject, QPushButton* button, Means means)
+void press(QPushButton* button, Means means)
 {
-    QWindow* const window = subject.windowHandle();
     if (means == mouse) {
-        QTest::mouseClick(
-            window, Qt::LeftButton, {}, button->mapTo(&subject, button->rect().center()));
+        clickOn(*button);
         return;
     }
     button->setFocus();
-    QTest::keyClick(window, Qt::Key_Space);
+    QTest::keyClick(button->window()->windowHandle(), Qt::Key_Space);
 }
 
 void pressAll(SubjectWindow& subject, Means means)
 {
     for (QPushButton* button : choiceButtons(subject)) {
-        press(subject, button, means);
+        press(button, means);
     }
 }
 
@@ -66,7 +64,7 @@ private slots:
         QFETCH(Means, means);
         ShownRun run;
         QVERIFY(run.isShown);
-        press(run.subject(), buttonOf(run.subject(), "pushButtonIAmReady"), means);
+        press(buttonOf(run.subject(), "pushButtonIAmReady"), means);
         QCOMPARE(run.data.nTrials, 1);
         for (int trial = 1; trial <= 2; ++trial) {
             for (int sound = 1; sound <= 4; ++sound) {
@@ -77,7 +75,7 @@ private slots:
                 QCOMPARE(Probe::soundIndex(run.window), sound);
                 run.driver.endSound();
             }
-            press(run.subject(), buttonOf(run.subject(), "pushButtonChoice3"), means);
+            press(buttonOf(run.subject(), "pushButtonChoice3"), means);
             QCOMPARE(run.records().size(), trial);
         }
     }
@@ -99,11 +97,11 @@ private slots:
         QVERIFY(run.awaitsAnswer());
         QPushButton* const second = buttonOf(run.subject(), "pushButtonChoice2");
         QPushButton* const third = buttonOf(run.subject(), "pushButtonChoice3");
-        press(run.subject(), buttonOf(run.subject(), "pushButtonChoice1"), means);
-        press(run.subject(), buttonOf(run.subject(), "pushButtonChoice4"), means);
+        press(buttonOf(run.subject(), "pushButtonChoice1"), means);
+        press(buttonOf(run.subject(), "pushButtonChoice4"), means);
         QVERIFY(run.records().isEmpty());
 
-        press(run.subject(), answer == 2 ? second : third, means);
+        press(answer == 2 ? second : third, means);
         pressAll(run.subject(), mouse);
         pressAll(run.subject(), space);
         QCOMPARE(run.records().size(), 1);
@@ -176,12 +174,7 @@ private slots:
         boxes.onOpen([&](QWidget*) {
             for (QPushButton* button : {buttonOf(run.subject(), "pushButtonChoice2"),
                      buttonOf(run.subject(), "pushButtonChoice3")}) {
-                if (means == mouse) {
-                    press(run.subject(), button, means);
-                } else {
-                    button->setFocus();
-                    QTest::keyClick(run.subject().windowHandle(), Qt::Key_Space);
-                }
+                press(button, means);
             }
         });
         QVERIFY(!run.subject().close());
@@ -189,7 +182,7 @@ private slots:
         QCOMPARE(run.records().size(), before);
 
         QApplication::setActiveWindow(&run.subject());
-        press(run.subject(), buttonOf(run.subject(), "pushButtonChoice3"), means);
+        press(buttonOf(run.subject(), "pushButtonChoice3"), means);
         QCOMPARE(run.records().size(), isAnswerPhase ? before + 1 : before);
     }
 
