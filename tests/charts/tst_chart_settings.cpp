@@ -10,24 +10,14 @@ using namespace QtCharts;
 
 namespace {
 
-struct Cell {
-    int row;
-    int column;
-    int rowSpan;
-    int columnSpan;
-    bool operator==(const Cell& other) const
-    {
-        return row == other.row && column == other.column && rowSpan == other.rowSpan
-            && columnSpan == other.columnSpan;
-    }
-};
+using Cell = QVector<int>; // row, column, and how many of each
 
 Cell cellOf(const QGridLayout& grid, QWidget* widget)
 {
-    Cell cell = {-1, -1, -1, -1};
+    Cell cell(4, -1);
     const int index = grid.indexOf(widget);
     if (index >= 0) {
-        grid.getItemPosition(index, &cell.row, &cell.column, &cell.rowSpan, &cell.columnSpan);
+        grid.getItemPosition(index, &cell[0], &cell[1], &cell[2], &cell[3]);
     }
     return cell;
 }
@@ -39,8 +29,6 @@ void verifyFont(const QFont& font, int pixels)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Cell)
 
 class TestChartSettings : public WindowTest {
     Q_OBJECT
@@ -152,7 +140,7 @@ private slots:
         const ChartObjects objects = fetched(window);
         QCOMPARE(objects.view->chart(), objects.chart);
         QVERIFY(objects.view->renderHints().testFlag(QPainter::Antialiasing));
-        QVERIFY(cellOf(*widgetOf<QGridLayout>(window, "gridLayoutCharts"), objects.view) == cell);
+        QCOMPARE(cellOf(*widgetOf<QGridLayout>(window, "gridLayoutCharts"), objects.view), cell);
         QCOMPARE(widgetOf<QGridLayout>(window, "gridLayoutCharts")->count(), 5);
     }
 
