@@ -24,13 +24,7 @@ private slots:
         QVERIFY(output.isNull());
     }
 
-    void idle_changesNothingElse_beforeTheFourthSound_data()
-    {
-        QTest::addColumn<int>("sound");
-        for (const int sound : {1, 2, 3}) {
-            QTest::addRow("%d", sound) << sound;
-        }
-    }
+    void idle_changesNothingElse_beforeTheFourthSound_data() { addIntegers("sound", {1, 2, 3}); }
 
     void idle_changesNothingElse_beforeTheFourthSound()
     {

@@ -41,10 +41,7 @@ private slots:
 
     void response_isRefused_outsideTheIntervals_data()
     {
-        QTest::addColumn<int>("response");
-        for (const int response : {-1, -100, 5, 100}) {
-            QTest::addRow("%d", response) << response;
-        }
+        addIntegers("response", {-1, -100, 5, 100});
     }
 
     void response_isRefused_outsideTheIntervals()

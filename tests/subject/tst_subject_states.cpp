@@ -91,13 +91,7 @@ private slots:
         QCOMPARE(styles(window), QStringList({darkGrey, lightGrey, green, darkGrey}));
     }
 
-    void otherStates_onlyDisable_data()
-    {
-        QTest::addColumn<int>("state");
-        for (const int state : {0, 5, 6, -2, 100, -100}) {
-            QTest::addRow("%d", state) << state;
-        }
-    }
+    void otherStates_onlyDisable_data() { addIntegers("state", {0, 5, 6, -2, 100, -100}); }
 
     void otherStates_onlyDisable()
     {
@@ -112,13 +106,7 @@ private slots:
         QCOMPARE(styles(window), before);
     }
 
-    void eachState_disablesTheButtonsThemselves_data()
-    {
-        QTest::addColumn<int>("state");
-        for (const int state : {0, 1, 2, 3, 4, 5}) {
-            QTest::addRow("%d", state) << state;
-        }
-    }
+    void eachState_disablesTheButtonsThemselves_data() { addIntegers("state", {0, 1, 2, 3, 4, 5}); }
 
     void eachState_disablesTheButtonsThemselves()
     {

@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QtTest>
 
+#include <initializer_list>
+
 /// Names the columns of a test's table: addColumns<int, QString>("value", "text").
 template <typename... Types, typename... Names> void addColumns(Names... names)
 {
@@ -16,6 +18,15 @@ template <typename... Types, typename... Names> void addColumns(Names... names)
 template <typename... Values> void addRow(const char* name, const Values&... values)
 {
     (QTest::newRow(name) << ... << values);
+}
+
+/// The table of a test of single integers.
+inline void addIntegers(const char* column, std::initializer_list<int> integers)
+{
+    QTest::addColumn<int>(column);
+    for (const int integer : integers) {
+        QTest::addRow("%d", integer) << integer;
+    }
 }
 
 /// A test class that its program runs by name: `tst_signal fft_tables` runs the one in

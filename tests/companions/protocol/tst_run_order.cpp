@@ -133,10 +133,7 @@ private slots:
 
     void williamsSquare_isBalanced_data()
     {
-        QTest::addColumn<int>("n");
-        for (const int n : {2, 3, 4, 5, 6, 7, 8, 9, 12, 31, 32}) {
-            QTest::addRow("%d", n) << n;
-        }
+        addIntegers("n", {2, 3, 4, 5, 6, 7, 8, 9, 12, 31, 32});
     }
 
     void williamsSquare_isBalanced()
