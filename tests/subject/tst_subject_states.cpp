@@ -60,22 +60,19 @@ class TestSubjectStates : public QuietTest {
 private slots:
     void buttons_lightUpInTurn()
     {
+        const QVector<QPair<int, QStringList>> looks {
+            {1, {green, none, none, none}},
+            {2, {darkGrey, green, none, none}},
+            {3, {darkGrey, lightGrey, green, none}},
+            {4, {darkGrey, lightGrey, lightGrey, green}},
+            {-1, {darkGrey, hover, hover, darkGrey}},
+        };
         SubjectWindow window(nullptr);
-        window.updateSubjectWindow(1);
-        QCOMPARE(styles(window), QStringList({green, none, none, none}));
-        QCOMPARE(enabled(window), allDisabled);
-        window.updateSubjectWindow(2);
-        QCOMPARE(styles(window), QStringList({darkGrey, green, none, none}));
-        QCOMPARE(enabled(window), allDisabled);
-        window.updateSubjectWindow(3);
-        QCOMPARE(styles(window), QStringList({darkGrey, lightGrey, green, none}));
-        QCOMPARE(enabled(window), allDisabled);
-        window.updateSubjectWindow(4);
-        QCOMPARE(styles(window), QStringList({darkGrey, lightGrey, lightGrey, green}));
-        QCOMPARE(enabled(window), allDisabled);
-        window.updateSubjectWindow(-1);
-        QCOMPARE(styles(window), QStringList({darkGrey, hover, hover, darkGrey}));
-        QCOMPARE(enabled(window), answering);
+        for (const auto& [state, expected] : looks) {
+            window.updateSubjectWindow(state);
+            QCOMPARE(styles(window), expected);
+            QCOMPARE(enabled(window), state == -1 ? answering : allDisabled);
+        }
     }
 
     void highlight_stays_untilTheNextTrialReplacesIt()
