@@ -102,8 +102,7 @@ private slots:
             RunDriver driver(window);
             earlier = &driver.open();
             emit earlier->subjectWindowClosed();
-            current = &driver.open();
-            driver.beReady();
+            current = &driver.begin();
             driver.startSound();
         }
         QVERIFY(earlier.isNull());

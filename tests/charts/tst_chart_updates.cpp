@@ -40,8 +40,7 @@ struct WaitingRun {
     WaitingRun()
     {
         window.show();
-        driver.open();
-        driver.beReady();
+        driver.begin();
         for (const bool isRight : {true, false}) {
             driver.playTrial();
             driver.answerRightly(isRight);

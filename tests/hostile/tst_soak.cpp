@@ -64,8 +64,7 @@ RunOutcome play(MainWindow& window, const QString& answers)
 {
     RunDriver driver(window);
     qsrand(1);
-    SubjectWindow& subject = driver.open();
-    driver.beReady();
+    SubjectWindow& subject = driver.begin();
     const Data& data = Probe::data(window);
     while (!buttonOf(subject, "pushButtonDone")->isVisible()) {
         driver.playTrial();
@@ -158,8 +157,7 @@ private slots:
         shortenSounds(window);
         type(window, "lineEditNReversals", "1000");
         RunDriver driver(window);
-        driver.open();
-        driver.beReady();
+        driver.begin();
         const Data& data = Probe::data(window);
         QVector<bool> rightOnes;
         QVector<int> positions;

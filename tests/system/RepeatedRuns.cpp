@@ -30,8 +30,7 @@ QString pileAfterRuns(MainWindow& window, ModalBoxes& boxes, int nRuns)
     QVector<QPointer<QObject>> buffers;
     RunDriver driver(window);
     for (int run = 0; run < nRuns; ++run) {
-        SubjectWindow& subject = driver.open();
-        driver.beReady();
+        SubjectWindow& subject = driver.begin();
         for (int tick = 0; tick < ticksPerRepeatedRun; ++tick) {
             driver.startSound();
             outputs.append(Probe::audioOutput(window));

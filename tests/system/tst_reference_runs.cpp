@@ -66,8 +66,7 @@ Outcome run(Hearing hearing, const QString& path, const QString& duration = "600
     typeDurations(window, duration);
     checkBoxOf(window, "checkBoxSaveData")->setChecked(true);
     RunDriver driver(window);
-    SubjectWindow& subject = driver.open();
-    driver.beReady();
+    SubjectWindow& subject = driver.begin();
     constexpr int mostTrials = 100;
     const Listener hears = listener(hearing);
     while (!buttonOf(subject, "pushButtonDone")->isVisible()

@@ -27,8 +27,7 @@ QString playRun(MainWindow& window, int mainParameter, const Listener& hears)
     typeDurations(window, "10.00");
     checkBoxOf(window, "checkBoxSaveData")->setChecked(true);
     RunDriver driver(window);
-    SubjectWindow& subject = driver.open();
-    driver.beReady();
+    SubjectWindow& subject = driver.begin();
     constexpr int mostTrials = 200;
     while (!buttonOf(subject, "pushButtonDone")->isVisible()
         && Probe::data(window).nTrials <= mostTrials) {

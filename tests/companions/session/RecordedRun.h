@@ -34,8 +34,7 @@ public:
     /// Opens a run and answers its trials: 'c' is correct, any other character wrong.
     void play(const QString& answers)
     {
-        driver.open();
-        driver.beReady();
+        driver.begin();
         for (const QChar character : answers) {
             driver.playTrial();
             driver.answerRightly(character == 'c');

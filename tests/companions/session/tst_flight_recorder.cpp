@@ -203,8 +203,7 @@ private slots:
     void digest_isThatOfTheBytesPlayed()
     {
         RecordedRun run;
-        run.driver.open();
-        run.driver.beReady();
+        run.driver.begin();
         QStringList played;
         for (int i = 0; i < 4; ++i) {
             run.driver.startSound();
@@ -254,8 +253,7 @@ private slots:
     void lines_areOnTheDisk_whenATimerStartsTheNextSound()
     {
         RecordedRun run;
-        run.driver.open();
-        run.driver.beReady();
+        run.driver.begin();
         run.driver.startSound();
         run.driver.endSound();
         QStringList onDisk;
@@ -319,8 +317,7 @@ private slots:
         QString name;
         {
             const FlightRecorder recorder(window, folder.path(), 1);
-            driver.open();
-            driver.beReady();
+            driver.begin();
             name = recorder.recordName();
         }
         const QByteArrayList lines = contentOf(folder.filePath(name)).trimmed().split('\n');
@@ -336,8 +333,7 @@ private slots:
         ModalBoxes boxes;
         boxes.answerNext(QMessageBox::Yes);
         Probe::subjectWindow(*run.window)->close();
-        run.driver.open();
-        run.driver.beReady();
+        run.driver.begin();
         run.driver.endSound();
         run.driver.startSound();
         run.recorder.flush();

@@ -141,8 +141,7 @@ private slots:
         for (const char* field : {"lineEditStdDuration", "lineEditDevDuration"})
             type(window, field, "10000");
         type(window, "lineEditSamplingRate", "8000");
-        driver.open();
-        driver.beReady();
+        driver.begin();
         for (int i = 0; i < 3; ++i) {
             driver.startSound();
             driver.endSound();

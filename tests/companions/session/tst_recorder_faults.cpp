@@ -21,8 +21,7 @@ private slots:
         RecordedRun run;
         const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
         const QSignalSpy recoveries(&run.recorder, &FlightRecorder::recovered);
-        run.driver.open();
-        run.driver.beReady();
+        run.driver.begin();
         QCoreApplication::processEvents();
         const qint64 size = run.content().size();
         {
@@ -51,8 +50,7 @@ private slots:
     {
         RecordedRun run;
         const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
-        run.driver.open();
-        run.driver.beReady();
+        run.driver.begin();
         QVERIFY(QDir(run.folder.path()).removeRecursively());
         run.driver.playTrial();
         QCoreApplication::processEvents();
@@ -123,8 +121,7 @@ private slots:
         RecordedRun run;
         const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
         const QSignalSpy recoveries(&run.recorder, &FlightRecorder::recovered);
-        run.driver.open();
-        run.driver.beReady();
+        run.driver.begin();
         run.driver.playTrial();
         QCoreApplication::processEvents();
         {
@@ -147,8 +144,7 @@ private slots:
     {
         RecordedRun run;
         const QSignalSpy failures(&run.recorder, &FlightRecorder::failed);
-        run.driver.open();
-        run.driver.beReady();
+        run.driver.begin();
         QCoreApplication::processEvents();
         const SmallDisk disk(run.content().size());
         run.driver.startSound();
@@ -179,8 +175,7 @@ private slots:
     {
         RecordedRun run;
         const QSignalSpy failures(&run.recorder, &FlightRecorder::soundFailed);
-        run.driver.open();
-        run.driver.beReady();
+        run.driver.begin();
         for (const bool fails : {false, true, true, false, true}) {
             run.driver.playTrial();
             Probe::disturbances(*run.window).hasOutputFailed = fails;
@@ -197,8 +192,7 @@ private slots:
     void interruptionThatNoOutputReported_hasItsLine()
     {
         RecordedRun run;
-        run.driver.open();
-        run.driver.beReady();
+        run.driver.begin();
         run.driver.startSound();
         ++Probe::disturbances(*run.window).interruptedSounds;
         run.driver.endSound();

@@ -104,8 +104,7 @@ private slots:
         MainWindow window;
         fillPanel(window, settings);
         RunDriver driver(window);
-        driver.open();
-        driver.beReady();
+        driver.begin();
         QCOMPARE(exported(arguments), playedNext(window, driver));
     }
 
@@ -115,8 +114,7 @@ private slots:
         MainWindow window;
         buttonOf(window, "pushButtonView")->click(); // 48000 numbers more
         RunDriver driver(window);
-        driver.open();
-        driver.beReady();
+        driver.begin();
         const QVector<QByteArray> played = playedNext(window, driver);
         QCOMPARE(exported("--draws|96000"), played);
         QVERIFY(exported("--draws|95999") != played);
