@@ -172,6 +172,34 @@ private slots:
         }
     }
 
+    // Half a unit of the sixth decimal, and as much of the value before by the step.
+    void value_isOffByBothRoundings_atMost()
+    {
+        constexpr double expected = 50.0 * 0.79432823472428149;
+        constexpr double most = 0.5e-6 + 0.5e-6 * 0.79432823472428149;
+        for (const double off : {-most, most}) {
+            const auto departure = [](double value) {
+                return replayOfFile(fileRun("cc", {50.0, value}, modulationDepthParameter))
+                    .firstDeparture();
+            };
+            QCOMPARE(departure(expected + 0.999 * off), -1);
+            QCOMPARE(departure(expected + 1.001 * off), 1);
+        }
+    }
+
+    void exactValue_departs_whenItIsOffInItsLastDigits()
+    {
+        for (const int parameter :
+            {carrierFrequencyParameter, modulationDepthParameter, otherParameter}) {
+            const auto departure = [parameter](double value) {
+                return replay(fileRun("cc", {0.5, value}, parameter), exactFractions(parameter))
+                    .firstDeparture();
+            };
+            QCOMPARE(departure(0.5 * 0.79432823472428149), -1);
+            QCOMPARE(departure(0.5 * 0.79432823472428149 + 1e-12), 1);
+        }
+    }
+
     void start_departs_noLaterThanItsNextValue_whenItIsAnother()
     {
         Values values = goodValues;
