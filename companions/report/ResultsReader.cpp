@@ -137,7 +137,8 @@ QString readValue(const QByteArray& field, double& value)
     }
     if (resultsNumber(QByteArray(field).replace(',', '.').toDouble()).replace('.', ',').toLatin1()
         == field) {
-        return quotedField(field) + " has a decimal comma: a spreadsheet or an editor changed the file";
+        return quotedField(field)
+            + " has a decimal comma: a spreadsheet or an editor changed the file";
     }
     return quotedField(field) + " is not a value with 6 decimals";
 }
