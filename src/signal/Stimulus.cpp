@@ -5,6 +5,8 @@
 #include "signal/SampleArithmetic.h"
 #include "signal/VectorRegisters.h"
 
+#include <QVarLengthArray>
+
 #include <algorithm>
 #include <cmath>
 
@@ -12,8 +14,10 @@ using namespace quorin;
 
 namespace {
 
-// The envelope times the amplitude, times the carrier, times the normalisation. One loop makes it
-// all: the processor does the arithmetic of one sample beside the library calls of the next.
+constexpr int blockLength = 256;
+
+// The envelope times the amplitude, times the carrier, times the normalisation. A block's library
+// calls come first: the arithmetic after them is then done on several samples at a time.
 template <typename Carrier>
 void fill(QVector<double>& sound, const Data& data, int stimulus, const Carrier& carrier)
 {
@@ -21,11 +25,19 @@ void fill(QVector<double>& sound, const Data& data, int stimulus, const Carrier&
     const double depth = data.md[stimulus];
     const double amplitude = data.amp[stimulus];
     const double normalisation = data.normalizeMd ? 1 / (depth + 1) : 1.0;
-    double* const samples = sound.data();
-    const int size = sound.size();
-    for (int k = 0; k < size; ++k) {
-        const double envelope = std::cos(modulator.angle(k)) * depth + 1;
-        samples[k] = envelope * amplitude * carrier(k) * normalisation;
+    QVarLengthArray<double, blockLength> carrierBlock(blockLength);
+    int length = 0;
+    for (int start = 0; start < sound.size(); start += length) {
+        double* const block = sound.data() + start;
+        length = std::min(blockLength, sound.size() - start);
+        for (int k = 0; k < length; ++k) {
+            block[k] = std::cos(modulator.angle(start + k));
+            carrierBlock[k] = carrier(start + k);
+        }
+        for (int k = 0; k < length; ++k) {
+            const double envelope = block[k] * depth + 1;
+            block[k] = envelope * amplitude * carrierBlock[k] * normalisation;
+        }
     }
 }
 

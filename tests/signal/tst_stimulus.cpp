@@ -80,6 +80,27 @@ private slots:
         }
     }
 
+    void sound_equalsItsFormula_whateverItsLength_data()
+    {
+        QTest::addColumn<int>("nSamples");
+        for (const int nSamples : {1, 2, 255, 256, 257, 511, 512, 513}) {
+            QTest::addRow("%d samples", nSamples) << nSamples;
+        }
+    }
+
+    void sound_equalsItsFormula_whateverItsLength()
+    {
+        Data data = unlikeSounds();
+        QFETCH(int, nSamples);
+        data.nSamples[deviant] = nSamples;
+        for (const int soundType : {sinusoidCarrier, noiseCarrier}) {
+            data.soundType = soundType;
+            const QVector<int> draws = drawsAfter(1, 600);
+            const QVector<double> sound = synthesised(data, deviant);
+            QCOMPARE(firstDifference(sound, statedSound(data, deviant, draws)), -1);
+        }
+    }
+
     void sound_isAPlainSine_whenUnmodulatedAndNormalised()
     {
         Data data = unlikeSounds();
