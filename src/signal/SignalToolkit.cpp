@@ -182,9 +182,16 @@ double rms(QVector<int> values)
 
 double rms(QVector<double> samples)
 {
-    double sum = 0.0;
-    for (const double sample : qAsConst(samples)) {
-        sum += sample * sample;
+    return rms(qAsConst(samples), {}).first;
+}
+
+QPair<double, double> rms(const QVector<double>& first, const QVector<double>& second)
+{
+    double firstSum = 0.0;
+    double secondSum = 0.0;
+    for (int k = 0; k < std::max(first.size(), second.size()); ++k) {
+        firstSum += k < first.size() ? first[k] * first[k] : 0.0;
+        secondSum += k < second.size() ? second[k] * second[k] : 0.0;
     }
-    return std::sqrt(sum / samples.size());
+    return {std::sqrt(firstSum / first.size()), std::sqrt(secondSum / second.size())};
 }

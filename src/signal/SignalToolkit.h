@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QPair>
 #include <QVector>
 
 /// Names the toolkit; the functions below are free functions.
@@ -75,3 +76,7 @@ double rms(QVector<int> values);
 
 /// Root mean square, summed in index order; NaN for an empty vector.
 double rms(QVector<double> samples);
+
+/// Both root mean squares, summed side by side: within a sum each addition waits for the one
+/// before. The lengths may differ.
+QPair<double, double> rms(const QVector<double>& first, const QVector<double>& second);

@@ -3,6 +3,7 @@
 #include "signal/Stimulus.h"
 
 #include "signal/SampleArithmetic.h"
+#include "signal/SignalToolkit.h"
 #include "signal/VectorRegisters.h"
 
 #include <QVarLengthArray>
@@ -47,26 +48,6 @@ double centredDraw()
     return u + u - 1;
 }
 
-// rms() of the one by rms() of the other, with their sums side by side: within a sum each addition
-// waits for the one before.
-double levelRatio(const QVector<double>& sound, const QVector<double>& reference)
-{
-    const int nBoth = std::min(sound.size(), reference.size());
-    double sum = 0.0;
-    double referenceSum = 0.0;
-    for (int k = 0; k < nBoth; ++k) {
-        sum += sound[k] * sound[k];
-        referenceSum += reference[k] * reference[k];
-    }
-    for (int k = nBoth; k < sound.size(); ++k) {
-        sum += sound[k] * sound[k];
-    }
-    for (int k = nBoth; k < reference.size(); ++k) {
-        referenceSum += reference[k] * reference[k];
-    }
-    return std::sqrt(sum / sound.size()) / std::sqrt(referenceSum / reference.size());
-}
-
 } // namespace
 
 void synthesise(QVector<double>& sound, const Data& data, int stimulus)
@@ -91,7 +72,8 @@ void equaliseLevels(QVector<double>& standardSound, const QVector<double>& devia
     if (standardSound.isEmpty()) {
         return;
     }
-    const double factor = levelRatio(deviantSound, standardSound);
+    const auto [deviantLevel, standardLevel] = rms(deviantSound, standardSound);
+    const double factor = deviantLevel / standardLevel;
     for (double& sample : standardSound) {
         sample *= factor;
     }

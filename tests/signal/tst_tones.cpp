@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Tones, modulated tones and their levels.
 #include "signal/SignalToolkit.h"
+#include "signal/StatedSound.h"
 #include "support/ExactVectors.h"
 #include "support/TestProgram.h"
 
@@ -162,6 +163,31 @@ private slots:
         QVector<double> samples(1001, 1.0);
         samples.first() = 1e8;
         QUORIN_COMPARE_EXACT(rms(samples), std::sqrt(1e16 / 1001));
+    }
+
+    void rmsOfTwo_isEachOnesOwn_whateverTheLengths_data()
+    {
+        addColumns<QVector<double>, QVector<double>>("first", "second");
+        QTest::newRow("first longer") << QVector<double>({1e8, 1, 1}) << QVector<double>({3, -4});
+        QTest::newRow("second longer") << QVector<double>({0.1}) << QVector<double>({0.1, 0.7, 3});
+        QTest::newRow("same length") << QVector<double>({3, -4}) << QVector<double>({0.1, 0.2});
+    }
+
+    void rmsOfTwo_isEachOnesOwn_whateverTheLengths()
+    {
+        QFETCH(QVector<double>, first);
+        QFETCH(QVector<double>, second);
+        const auto [firstLevel, secondLevel] = rms(first, second);
+        QUORIN_COMPARE_EXACT(firstLevel, statedRms(first));
+        QUORIN_COMPARE_EXACT(secondLevel, statedRms(second));
+    }
+
+    void rmsOfTwo_isNaN_forTheEmptyOneAlone()
+    {
+        QVERIFY(std::isnan(rms({}, {2.0}).first));
+        QUORIN_COMPARE_EXACT(rms({}, {2.0}).second, 2.0);
+        QUORIN_COMPARE_EXACT(rms({2.0}, {}).first, 2.0);
+        QVERIFY(std::isnan(rms({2.0}, {}).second));
     }
 };
 
