@@ -127,6 +127,18 @@ private slots:
         QCOMPARE(next, draws[100]);
     }
 
+    void randomIntegers_areAllTheSame_whenTheRangeIsOneValue()
+    {
+        const ModalBoxes boxes;
+        QCOMPARE(randomIntegers(4, 3, 3), QVector<int>(4, 3));
+        QVERIFY(boxes.messages().isEmpty());
+    }
+
+    void randomIntegers_areOne_whenOneIsAskedFor()
+    {
+        QCOMPARE(randomIntegers(1, 3, 3), QVector<int>({3}));
+    }
+
     void randomIntegers_areAllMax_whenMinIsLarger()
     {
         ModalBoxes boxes;
